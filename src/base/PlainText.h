@@ -1,0 +1,10 @@
+#pragma once
+
+#include <QString>
+
+/// @p text without the characters that a name can't hold: control characters, line ends included,
+/// and what XML has no way to write (lone surrogates, U+FFFE, U+FFFF).
+QString plainText(const QString &text);
+
+/// True when plainText() would leave @p text as it is.
+bool isPlainText(const QString &text);
