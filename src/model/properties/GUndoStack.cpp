@@ -1,0 +1,98 @@
+#include "model/properties/GUndoStack.h"
+
+#include "model/properties/ChangeManager.h"
+
+#include <algorithm>
+
+namespace {
+bool changesDocument(const QUndoCommand &command)
+{
+    const auto *step = dynamic_cast<const UndoStep *>(&command);
+    if (step && step->changesDocument())
+        return true;
+    for (int i = 0; i < command.childCount(); ++i) {
+        if (changesDocument(*command.child(i)))
+            return true;
+    }
+    return false;
+}
+} // namespace
+
+void GUndoStack::push(std::unique_ptr<QUndoCommand> step)
+{
+    const bool wasModified = isModified();
+    if (m_startedMacros == 0)
+        m_modifiedBeforeMacro = wasModified;
+    for (const QString &text : std::as_const(m_waitingMacros))
+        QUndoStack::beginMacro(text);
+    m_startedMacros += m_waitingMacros.size();
+    m_waitingMacros.clear();
+    QUndoStack::push(step.release());
+    if (m_startedMacros == 0)
+        keepSavedPlace(wasModified);
+}
+
+void GUndoStack::beginMacro(const QString &text)
+{
+    m_waitingMacros.append(text);
+}
+
+void GUndoStack::endMacro()
+{
+    if (!m_waitingMacros.isEmpty()) {
+        m_waitingMacros.removeLast();
+        return;
+    }
+    QUndoStack::endMacro();
+    if (--m_startedMacros == 0)
+        keepSavedPlace(m_modifiedBeforeMacro);
+}
+
+void GUndoStack::beginHoldingMacro(const QString &text, const QVector<Observable *> &observables)
+{
+    beginMacro(text);
+    ChangeManager::instance().hold(observables);
+}
+
+void GUndoStack::endHoldingMacro()
+{
+    ChangeManager::instance().release();
+    endMacro();
+}
+
+bool GUndoStack::isModified() const
+{
+    if (cleanIndex() < 0)
+        return true;
+    const auto [from, to] = std::minmax({cleanIndex(), index()});
+    for (int i = from; i < to; ++i) {
+        if (changesDocument(*command(i)))
+            return true;
+    }
+    return false;
+}
+
+void GUndoStack::markSaved()
+{
+    setClean();
+}
+
+// A selection made after undoing selections cuts the saved place off; the document is still the
+// saved one.
+void GUndoStack::keepSavedPlace(bool wasModified)
+{
+    const bool changed = index() > 0 && changesDocument(*command(index() - 1));
+    if (!wasModified && !changed && cleanIndex() < 0)
+        setClean();
+}
+
+UndoMacro::UndoMacro(GUndoStack &stack, const QString &text)
+    : m_stack(stack)
+{
+    m_stack.beginMacro(text);
+}
+
+UndoMacro::~UndoMacro()
+{
+    m_stack.endMacro();
+}

@@ -1,0 +1,62 @@
+#pragma once
+
+#include <QUndoStack>
+#include <QVector>
+
+#include <memory>
+
+class Observable;
+
+/// What the undo stack asks a step besides what the toolkit asks.
+class UndoStep
+{
+public:
+    virtual ~UndoStep() = default;
+    /// True when the step changes what a project file holds; false for selections.
+    virtual bool changesDocument() const = 0;
+};
+
+/// The undo steps of one document. A macro starts with its first step, so that a macro in which
+/// nothing happens leaves no step.
+class GUndoStack : public QUndoStack
+{
+    Q_OBJECT
+
+public:
+    using QUndoStack::QUndoStack;
+
+    /// Runs @p step and keeps it, inside the macros that are open.
+    void push(std::unique_ptr<QUndoCommand> step);
+
+    void beginMacro(const QString &text);
+    void endMacro();
+    /// A macro that holds the notifications of @p observables back until its end, so that each is
+    /// heard of once, when all values are set.
+    void beginHoldingMacro(const QString &text, const QVector<Observable *> &observables);
+    void endHoldingMacro();
+
+    /// True when a step that changes the document lies between the saved place and now.
+    bool isModified() const;
+    /// The document as it stands now is what was saved.
+    void markSaved();
+
+private:
+    void keepSavedPlace(bool wasModified);
+
+    QStringList m_waitingMacros; // begun, but without a step so far
+    int m_startedMacros = 0;
+    bool m_modifiedBeforeMacro = false;
+};
+
+/// A macro for as long as it lives, also when an Error flies.
+class UndoMacro
+{
+public:
+    UndoMacro(GUndoStack &stack, const QString &text);
+    ~UndoMacro();
+    UndoMacro(const UndoMacro &) = delete;
+    UndoMacro &operator=(const UndoMacro &) = delete;
+
+private:
+    GUndoStack &m_stack;
+};

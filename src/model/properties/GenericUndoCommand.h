@@ -1,0 +1,79 @@
+#pragma once
+
+#include "model/properties/GUndoStack.h"
+#include "model/properties/Property.h"
+
+#include <QUndoCommand>
+
+#include <cstdint>
+#include <type_traits>
+
+/// The one undo step for all changes: an object, the member operation that sets a value on it, and
+/// the value before and after. The object is not owned and outlives the step.
+///
+/// A mergeable step absorbs the next one of the same object and setter when that begins with the
+/// value with which this one ends.
+template <class Object, class Setter, class Value>
+class GenericUndoCommand : public QUndoCommand, public UndoStep
+{
+public:
+    GenericUndoCommand(Object &object,
+                       Setter setter,
+                       const Value &oldValue,
+                       const Value &newValue,
+                       const QString &text,
+                       bool mergeable,
+                       QUndoCommand *parent = nullptr)
+        : QUndoCommand(text, parent)
+        , m_object(object)
+        , m_setter(setter)
+        , m_oldValue(oldValue)
+        , m_newValue(newValue)
+        , m_mergeId(mergeable ? mergeIdOf(&object) : -1)
+    {
+    }
+
+    void undo() override { (m_object.*m_setter)(m_oldValue); }
+    void redo() override { (m_object.*m_setter)(m_newValue); }
+    int id() const override { return m_mergeId; }
+    bool changesDocument() const override { return std::is_base_of_v<Property, Object>; }
+
+    bool mergeWith(const QUndoCommand *other) override
+    {
+        const auto *next = dynamic_cast<const GenericUndoCommand *>(other);
+        if (!next || &next->m_object != &m_object || next->m_setter != m_setter ||
+            !(next->m_oldValue == m_newValue))
+            return false;
+        m_newValue = next->m_newValue;
+        setText(next->text());
+        return true;
+    }
+
+private:
+    static int mergeIdOf(const Object *object)
+    {
+        const auto address = reinterpret_cast<std::uintptr_t>(object);
+        return static_cast<int>(
+            static_cast<std::uint32_t>((std::uint64_t(address) >> 31U) ^ std::uint64_t(address)));
+    }
+
+    Object &m_object;
+    Setter m_setter;
+    Value m_oldValue;
+    Value m_newValue;
+    int m_mergeId;
+};
+
+/// Pushes a step that sets @p newValue on @p object through @p setter, which runs it once.
+template <class Object, class Setter, class Value>
+void pushUndoStep(GUndoStack &stack,
+                  Object &object,
+                  Setter setter,
+                  const Value &oldValue,
+                  const Value &newValue,
+                  const QString &text,
+                  bool mergeable)
+{
+    stack.push(std::make_unique<GenericUndoCommand<Object, Setter, Value>>(
+        object, setter, oldValue, newValue, text, mergeable));
+}

@@ -1,0 +1,8 @@
+#include "model/properties/Observable.h"
+
+#include "model/properties/ChangeManager.h"
+
+Observable::~Observable()
+{
+    ChangeManager::instance().forget(*this);
+}
