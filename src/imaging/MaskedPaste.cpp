@@ -1,0 +1,65 @@
+#include "imaging/MaskedPaste.h"
+
+#include "imaging/Clipping.h"
+
+#include <algorithm>
+
+namespace {
+
+qint16 mean(qint16 before, qint16 after, float weight)
+{
+    const float a = float(before) / 256.0F;
+    const float b = float(after) / 256.0F;
+    return toStoredSlope(a * (1.0F - weight) + b * weight);
+}
+
+void pasteRow(AngleImage::Pixel *target,
+              const AngleImage::Pixel *source,
+              const float *mask,
+              int count)
+{
+    for (int i = 0; i < count; ++i) {
+        // The mean would saturate a kept cell as well.
+        if (mask[i] != 0.0F)
+            target[i] = {mean(target[i].sx, source[i].sx, mask[i]),
+                         mean(target[i].sy, source[i].sy, mask[i])};
+    }
+}
+
+} // namespace
+
+QRect pasteMasked(AngleImage &target,
+                  const FloatImage &mask,
+                  const QPoint &position,
+                  const AngleImage &source,
+                  const QRect &sourceRect)
+{
+    const QRect wanted = sourceRect.isNull() ? source.rect() : sourceRect;
+    const QPoint shift = position - wanted.topLeft();
+    QRect area = clipped(clipped(wanted, source.rect()).translated(shift), target.rect());
+    if (!mask.isNull())
+        area = clipped(area, mask.rect());
+    if (area.isEmpty())
+        return {};
+
+    // Held, so that a surface pasted into itself is read as it was.
+    const AngleImage held = source; // NOLINT(performance-unnecessary-copy-initialization)
+    for (int y = area.top(); y <= area.bottom(); ++y) {
+        const auto *from = held.row(y - shift.y()) + (area.left() - shift.x());
+        auto *to = target.row(y) + area.left();
+        if (mask.isNull())
+            std::copy_n(from, area.width(), to);
+        else
+            pasteRow(to, from, mask.row(y) + area.left(), area.width());
+    }
+    return area;
+}
+
+QRect copyRegion(AngleImage &target,
+                 const FloatImage &mask,
+                 const AngleImage &source,
+                 const QRect &rect)
+{
+    const QRect area = rect.isNull() ? source.rect() : rect;
+    return pasteMasked(target, mask, area.topLeft(), source, area);
+}
