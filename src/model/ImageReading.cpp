@@ -1,0 +1,138 @@
+#include "model/ImageReading.h"
+
+#include <QBuffer>
+#include <QColorSpace>
+#include <QCryptographicHash>
+#include <QFile>
+#include <QFileInfo>
+#include <QImageReader>
+#include <QRgba64>
+
+#include <algorithm>
+
+namespace {
+
+constexpr qint64 largestFile = 1LL << 30;
+constexpr int longestSide = 32768;
+constexpr qint64 mostPixels = 1LL << 26;
+
+// The only two formats that are ever decoded, told by their signatures.
+QByteArray formatOf(const QByteArray &content)
+{
+    if (content.startsWith(QByteArrayLiteral("\x89PNG\r\n\x1a\n")))
+        return "png";
+    if (content.startsWith(QByteArrayLiteral("\xff\xd8\xff")))
+        return "jpeg";
+    return {};
+}
+
+// The decoder fills up a JPEG that ends early with grey and only warns. So its markers are walked
+// through, up to the one that ends the image.
+bool endsAsJpeg(const QByteArray &content)
+{
+    const auto byteAt = [&content](int at) { return static_cast<uchar>(content.at(at)); };
+    constexpr uchar firstRestart = 0xd0;
+    constexpr uchar start = 0xd8; // the last one without a segment but for the end
+    constexpr uchar end = 0xd9;
+    int at = 2;
+    while ((at = content.indexOf('\xff', at)) >= 0 && at + 1 < content.size()) {
+        const uchar marker = byteAt(at + 1);
+        if (marker == end)
+            return true;
+        const bool isFill = marker == 0xff;
+        const bool isBare = marker <= 0x01 || (marker >= firstRestart && marker <= start);
+        if (isFill || isBare) {
+            at += isFill ? 1 : 2;
+            continue;
+        }
+        if (at + 3 >= content.size())
+            return false;
+        at += 2 + std::max(2, byteAt(at + 2) * 256 + byteAt(at + 3));
+    }
+    return false;
+}
+
+// The toolkit's own conversion premultiplies on the way, which loses the colours of transparent
+// pixels.
+QImage fromSixteenBits(const QImage &image)
+{
+    QImage converted(image.size(), QImage::Format_ARGB32);
+    if (converted.isNull())
+        return {};
+    for (int y = 0; y < image.height(); ++y) {
+        const auto *source = reinterpret_cast<const QRgba64 *>(image.constScanLine(y));
+        auto *target = reinterpret_cast<QRgb *>(converted.scanLine(y));
+        std::transform(
+            source, source + image.width(), target, [](QRgba64 pixel) { return pixel.toArgb32(); });
+    }
+    return converted;
+}
+
+QImage decode(const QByteArray &content, QString *problem)
+{
+    const QByteArray format = formatOf(content);
+    if (format.isEmpty()) {
+        *problem = QStringLiteral("neither PNG nor JPEG");
+        return {};
+    }
+    QBuffer buffer;
+    buffer.setData(content);
+    QImageReader reader(&buffer, format);
+    reader.setAutoDetectImageFormat(false);
+    reader.setDecideFormatFromContent(false);
+    reader.setAutoTransform(false);
+
+    const QSize size = reader.size();
+    if (size.isEmpty()) {
+        *problem = QStringLiteral("no size in the header");
+        return {};
+    }
+    if (std::max(size.width(), size.height()) > longestSide ||
+        qint64(size.width()) * size.height() > mostPixels) {
+        *problem = QStringLiteral("too large");
+        return {};
+    }
+    if (format == "jpeg" && !endsAsJpeg(content)) {
+        *problem = QStringLiteral("the file ends early");
+        return {};
+    }
+    QImage image = reader.read();
+    if (image.isNull() || image.size() != size) {
+        *problem = image.isNull() ? reader.errorString() : QStringLiteral("wrong size");
+        return {};
+    }
+    image.setColorSpace({});
+    return image.format() == QImage::Format_RGBA64 ? fromSixteenBits(image)
+                                                   : image.convertToFormat(QImage::Format_ARGB32);
+}
+
+} // namespace
+
+ReadImage readImageFile(const QString &path)
+{
+    ReadImage result;
+    // Anything else, a pipe above all, could keep the program waiting for ever.
+    if (!QFileInfo(path).isFile()) {
+        result.problem = QStringLiteral("not a file");
+        return result;
+    }
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        result.problem = file.errorString();
+        return result;
+    }
+    if (file.size() > largestFile) {
+        result.problem = QStringLiteral("file too large");
+        return result;
+    }
+    // Reads to the end, wherever it is by now: the file may be growing.
+    const QByteArray content = file.read(largestFile + 1);
+    if (file.error() != QFileDevice::NoError || content.size() > largestFile) {
+        result.problem = QStringLiteral("the file can't be read");
+        return result;
+    }
+    result.opened = true;
+    result.md5Hex = QCryptographicHash::hash(content, QCryptographicHash::Md5).toHex();
+    result.image = decode(content, &result.problem);
+    return result;
+}

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QByteArray>
+#include <QImage>
+#include <QString>
+
+/// A sprite's file as it was read.
+struct ReadImage
+{
+    bool opened = false; ///< the whole content could be read
+    QByteArray md5Hex;   ///< of the whole content, whether it is an image or not
+    QImage image;        ///< 8-bit ARGB, not premultiplied; null when it couldn't be decoded
+    QString problem;     ///< why the file wasn't opened or decoded, for the log
+};
+
+/// Reads a PNG or JPEG file, told by its content and not by its name. Only regular files of at most
+/// 1 GiB are opened; images of more than 32768 pixels a side or 2^26 in all aren't decoded, nor are
+/// files that end early. The pixels stay as they are stored: no rotation, no colour profile.
+ReadImage readImageFile(const QString &path);

@@ -1,0 +1,334 @@
+#include "model/SaveDevice.h"
+
+#include <QCryptographicHash>
+#include <QFileInfo>
+
+#include <cerrno>
+#include <filesystem>
+#include <utility>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#ifdef Q_OS_UNIX
+#include <sys/file.h>
+#include <unistd.h>
+#else
+#include <io.h>
+#endif
+
+// Why not QSaveFile: it commits after a short write, ignores a failed flush, aborts the program
+// when an archive writer closes it, and a kill leaves its randomly named file behind for good.
+//
+// Where the file system allows (O_TMPFILE), the new file has no name while it is written, so that a
+// kill leaves nothing. No call replaces a file by a nameless one, so it is named just before it is
+// moved; a kill between those two calls, and one at any moment on other file systems, leaves one
+// file of a fixed name that the next save removes. A saver locks its file all along: that tells a
+// file left behind from one that another program is saving right now, which then has the next name.
+
+namespace {
+
+constexpr int mostSavers = 8;
+constexpr int mostLinks = 40;
+
+QString temporaryName(const QString &target, int number)
+{
+    const QFileInfo info(target);
+    QString name = info.fileName();
+    // The file system ends names at 255 bytes.
+    if (QFile::encodeName(name).size() > 230)
+        name = QString::fromLatin1(
+            QCryptographicHash::hash(QFile::encodeName(name), QCryptographicHash::Md5).toHex());
+    const QString suffix = number == 0 ? QString() : QString::number(number);
+    return QStringLiteral("%1/.%2.saving%3").arg(info.path(), name, suffix);
+}
+
+#ifdef Q_OS_UNIX
+
+bool isSameFile(int handle, const QByteArray &path)
+{
+    struct stat opened
+    {
+    };
+    struct stat named
+    {
+    };
+    return fstat(handle, &opened) == 0 && lstat(path.constData(), &named) == 0 &&
+           opened.st_ino == named.st_ino && opened.st_dev == named.st_dev;
+}
+
+// Takes the lock that tells other savers that the file is in use.
+bool lockFile(int handle)
+{
+    return flock(handle, LOCK_EX | LOCK_NB) == 0;
+}
+
+// Removes the file that a killed saver left. One that is locked is in use; one that isn't the named
+// file any more by the time that it is locked was moved away by its saver.
+void removeAbandoned(const QString &name)
+{
+    const QByteArray path = QFile::encodeName(name);
+    const int handle = open(path.constData(), O_RDONLY | O_NONBLOCK | O_NOFOLLOW | O_CLOEXEC);
+    if (handle < 0)
+        return;
+    if (lockFile(handle) && isSameFile(handle, path))
+        unlink(path.constData());
+    close(handle);
+}
+
+// Best effort: a power failure before it happened brings back the old file, whole.
+void syncFolderEntry(const QString &folder)
+{
+    const int handle =
+        open(QFile::encodeName(folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (handle < 0)
+        return;
+    if (fsync(handle) != 0)
+        qWarning("The folder's entry could not be synced: %s", strerror(errno));
+    close(handle);
+}
+
+#else
+
+// A file in use can't be removed on these systems.
+void removeAbandoned(const QString &name)
+{
+    QFile::remove(name);
+}
+
+bool lockFile(int)
+{
+    return true;
+}
+
+bool isSameFile(int, const QByteArray &)
+{
+    return true;
+}
+
+void syncFolderEntry(const QString &) {}
+
+#endif
+
+} // namespace
+
+SaveDevice::SaveDevice(QString path, Sync sync)
+    : m_path(std::move(path))
+    , m_sync(sync)
+{
+}
+
+SaveDevice::~SaveDevice()
+{
+    discard();
+}
+
+bool SaveDevice::fail(const QString &message)
+{
+    m_failed = true;
+    setErrorString(message);
+    return false;
+}
+
+bool SaveDevice::failBySystem(const char *what)
+{
+    return fail(QStringLiteral("%1: %2").arg(QLatin1String(what), qt_error_string(errno)));
+}
+
+bool SaveDevice::open(OpenMode mode)
+{
+    if (isOpen() || m_file.isOpen() || (mode & ReadOnly) || !(mode & WriteOnly))
+        return fail(QStringLiteral("only to be opened once and for writing"));
+    if (!findTarget())
+        return false;
+    for (int number = 0; number < mostSavers; ++number)
+        removeAbandoned(temporaryName(m_target, number));
+    if (!allows(Step::Open) || (!openNameless() && !openNamed()))
+        return fail(QStringLiteral("no new file can be made in the folder"));
+    if (!keepMode()) {
+        discard();
+        return failBySystem("the file's mode can't be kept");
+    }
+    m_failed = false;
+    return QIODevice::open(WriteOnly | Unbuffered);
+}
+
+bool SaveDevice::findTarget()
+{
+    QFileInfo info(m_path);
+    // Step by step, since the last link may lead to a file that is still to be made.
+    for (int links = 0; info.isSymLink(); ++links) {
+        if (links == mostLinks)
+            return fail(QStringLiteral("too many links"));
+        info = QFileInfo(info.symLinkTarget());
+    }
+    m_target = info.absoluteFilePath();
+    if (info.fileName().isEmpty() || (info.exists() && !info.isFile()))
+        return fail(QStringLiteral("not a file"));
+    if (info.exists() && !info.isWritable())
+        return fail(QStringLiteral("the file is write-protected"));
+    return true;
+}
+
+bool SaveDevice::openNameless()
+{
+#ifdef O_TMPFILE
+    // Naming the file later on goes through this folder.
+    if (access("/proc/self/fd", X_OK) != 0)
+        return false;
+    const QByteArray folder = QFile::encodeName(QFileInfo(m_target).path());
+    const int handle = ::open(folder.constData(), O_TMPFILE | O_WRONLY | O_CLOEXEC, 0666);
+    if (handle < 0)
+        return false;
+    lockFile(handle);
+    m_temporary.clear();
+    return m_file.open(handle, WriteOnly | Unbuffered, QFile::AutoCloseHandle);
+#else
+    return false;
+#endif
+}
+
+bool SaveDevice::openNamed()
+{
+    for (int number = 0; number < mostSavers; ++number) {
+        const QString name = temporaryName(m_target, number);
+        m_file.setFileName(name);
+        if (!m_file.open(WriteOnly | NewOnly | Unbuffered))
+            continue;
+        // Another saver may have taken the file for an abandoned one before it was locked.
+        if (lockFile(m_file.handle()) && isSameFile(m_file.handle(), QFile::encodeName(name))) {
+            m_temporary = name;
+            return true;
+        }
+        m_file.close();
+    }
+    return false;
+}
+
+bool SaveDevice::keepMode()
+{
+    if (!allows(Step::KeepMode))
+        return false;
+#ifdef Q_OS_UNIX
+    struct stat old
+    {
+    };
+    if (stat(QFile::encodeName(m_target).constData(), &old) == 0)
+        return fchmod(m_file.handle(), old.st_mode & 07777U) == 0;
+#endif
+    return true;
+}
+
+bool SaveDevice::seek(qint64 position)
+{
+    return QIODevice::seek(position) && m_file.seek(position);
+}
+
+// What writes through this device, the archive writer above all, may ignore the answer: a failure
+// is remembered for commit().
+qint64 SaveDevice::writeData(const char *data, qint64 length)
+{
+    if (m_failed)
+        return -1;
+    const qint64 written = allows(Step::Write) ? m_file.write(data, length) : -1;
+    if (written == length)
+        return length;
+    fail(written < 0 ? m_file.errorString() : QStringLiteral("the disk is full"));
+    return -1;
+}
+
+void SaveDevice::close()
+{
+    // Only this device is closed: the file waits for commit().
+    if (isOpen()) {
+        const QString error = errorString();
+        QIODevice::close();
+        setErrorString(error);
+    }
+}
+
+bool SaveDevice::commit()
+{
+    close();
+    if (!m_file.isOpen())
+        return fail(m_failed ? errorString() : QStringLiteral("nothing was opened"));
+    const bool done = !m_failed && syncToDisk() && nameFile() && moveIntoPlace();
+    discard();
+    if (done && m_sync == Sync::Now)
+        syncFolderEntry(QFileInfo(m_target).path());
+    return done;
+}
+
+bool SaveDevice::syncToDisk()
+{
+    if (!allows(Step::Sync) || !m_file.flush())
+        return failBySystem("the file can't be flushed");
+    if (m_sync == Sync::Later)
+        return true;
+#ifdef Q_OS_UNIX
+    const int result = fsync(m_file.handle());
+#else
+    const int result = _commit(m_file.handle());
+#endif
+    return result == 0 || failBySystem("the file can't be synced");
+}
+
+bool SaveDevice::nameFile()
+{
+    if (!m_temporary.isEmpty())
+        return true;
+#ifdef O_TMPFILE
+    const QByteArray handle = "/proc/self/fd/" + QByteArray::number(m_file.handle());
+    for (int number = 0; allows(Step::Name) && number < mostSavers; ++number) {
+        const QString name = temporaryName(m_target, number);
+        removeAbandoned(name);
+        const QByteArray path = QFile::encodeName(name);
+        if (linkat(AT_FDCWD, handle.constData(), AT_FDCWD, path.constData(), AT_SYMLINK_FOLLOW) ==
+            0) {
+            m_temporary = name;
+            return true;
+        }
+        if (errno != EEXIST)
+            break;
+    }
+#endif
+    return failBySystem("the new file can't be named");
+}
+
+bool SaveDevice::moveIntoPlace()
+{
+    std::error_code error;
+    if (allows(Step::Move))
+        std::filesystem::rename(QFile::encodeName(m_temporary).toStdString(),
+                                QFile::encodeName(m_target).toStdString(),
+                                error);
+    else
+        error = std::make_error_code(std::errc::io_error);
+    if (error)
+        return fail(QString::fromStdString(error.message()));
+    m_temporary.clear();
+    return true;
+}
+
+void SaveDevice::discard()
+{
+    // The name goes first, as long as the lock holds.
+    if (!m_temporary.isEmpty())
+        QFile::remove(m_temporary);
+    m_temporary.clear();
+    m_file.close();
+}
+
+bool syncFolder(const QString &folder)
+{
+#ifdef Q_OS_LINUX
+    const int handle =
+        ::open(QFile::encodeName(folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (handle < 0)
+        return false;
+    const bool done = syncfs(handle) == 0;
+    ::close(handle);
+    return done;
+#else
+    return QFileInfo(folder).isDir();
+#endif
+}

@@ -1,0 +1,59 @@
+#pragma once
+
+#include <QFile>
+#include <QIODevice>
+#include <QString>
+
+/// Replaces a file in one move once everything has reached the disk: until commit() the old file
+/// stays as it is, and without it nothing was ever written. Links are followed, the file's mode is
+/// kept. Made for one save and owned by whoever saves.
+class SaveDevice : public QIODevice
+{
+public:
+    /// Whether commit() waits for the disk, or a later syncFolder() does so for many files at once.
+    enum class Sync { Now, Later };
+
+    explicit SaveDevice(QString path, Sync sync = Sync::Now);
+    ~SaveDevice() override;
+
+    /// Write-only. Fails, with an errorString(), where the file can't be replaced.
+    bool open(OpenMode mode) override;
+    /// Ends writing and keeps what was written for commit().
+    void close() override;
+    /// Puts what was written in the file's place; false, with an errorString(), when any step since
+    /// open() failed: the old file is then untouched.
+    bool commit();
+
+    qint64 size() const override { return m_file.isOpen() ? m_file.size() : 0; }
+    bool seek(qint64 position) override;
+
+protected:
+    enum class Step { Open, KeepMode, Write, Sync, Name, Move };
+    /// Asked before every step on the disk; a test answers false to let that step fail.
+    virtual bool allows(Step) { return true; }
+
+    qint64 readData(char *, qint64) override { return -1; }
+    qint64 writeData(const char *data, qint64 length) override;
+
+private:
+    bool fail(const QString &message);
+    bool failBySystem(const char *what);
+    bool findTarget();
+    bool openNameless();
+    bool openNamed();
+    bool keepMode();
+    bool syncToDisk();
+    bool nameFile();
+    bool moveIntoPlace();
+    void discard();
+
+    QString m_path;
+    Sync m_sync;
+    QString m_target;    ///< the file itself, behind all links
+    QString m_temporary; ///< what the new file is called until it is moved; empty: it has no name
+    QFile m_file;
+    bool m_failed = false;
+};
+
+/// Waits until all that was saved below @p folder with SaveDevice::Sync::Later is on the disk.
+bool syncFolder(const QString &folder);
