@@ -1,0 +1,85 @@
+#pragma once
+
+#include <QRunnable>
+#include <QThreadPool>
+
+#include <condition_variable>
+#include <functional>
+#include <memory>
+#include <mutex>
+#include <optional>
+
+/// One computation on the global thread pool and the place of its result. Dropping it does not stop
+/// the work; what the work uses it must own. No task waits for another one.
+///
+/// Everything crosses threads under a mutex of our own, since the thread sanitizer knows nothing of
+/// the locks inside the toolkit's pool.
+template <class Result>
+class PoolTask
+{
+public:
+    PoolTask() = default;
+    /// Starts @p work. Then @p finished is called on the pool's thread.
+    explicit PoolTask(std::function<Result()> work, std::function<void()> finished = {})
+        : m_slot(std::make_shared<Slot>())
+    {
+        QThreadPool::globalInstance()->start(
+            new Runnable(m_slot, std::move(work), std::move(finished)));
+    }
+
+    /// False for a default-made task, and after take().
+    bool isValid() const { return m_slot != nullptr; }
+
+    /// Waits for the result and hands it over; once.
+    Result take()
+    {
+        const auto slot = std::move(m_slot);
+        std::unique_lock lock(slot->mutex);
+        slot->condition.wait(lock, [&slot] { return slot->result.has_value(); });
+        return std::move(*slot->result);
+    }
+
+private:
+    struct Slot
+    {
+        std::mutex mutex;
+        std::condition_variable condition;
+        std::optional<Result> result;
+    };
+
+    class Runnable : public QRunnable
+    {
+    public:
+        Runnable(const std::shared_ptr<Slot> &slot,
+                 std::function<Result()> work,
+                 std::function<void()> finished)
+        {
+            const std::lock_guard lock(m_mutex);
+            m_slot = slot;
+            m_work = std::move(work);
+            m_finished = std::move(finished);
+        }
+
+        void run() override
+        {
+            const std::lock_guard own(m_mutex);
+            Result result = m_work();
+            m_work = nullptr; // what the work held is free before anybody is told
+            {
+                const std::lock_guard lock(m_slot->mutex);
+                m_slot->result = std::move(result);
+                m_slot->condition.notify_all();
+            }
+            if (m_finished)
+                m_finished();
+        }
+
+    private:
+        std::mutex m_mutex;
+        std::shared_ptr<Slot> m_slot;
+        std::function<Result()> m_work;
+        std::function<void()> m_finished;
+    };
+
+    std::shared_ptr<Slot> m_slot;
+};

@@ -1,0 +1,66 @@
+#include "model/DataModelReader.h"
+
+#include "base/Error.h"
+#include "model/Project.h"
+#include "model/ProjectBundle.h"
+#include "model/PropertyAngleImage.h"
+#include "model/XmlGuard.h"
+#include "model/properties/PropertyXMLReader.h"
+
+#include <QDomDocument>
+#include <QFile>
+#include <QFileInfo>
+
+DataModelReader::DataModelReader(const QString &bundleExtension, const QString &xmlExtension)
+    : m_bundleExtension(bundleExtension)
+    , m_xmlExtension(xmlExtension)
+{
+}
+
+std::shared_ptr<Project> DataModelReader::read(const QString &fileName)
+{
+    ProjectBundle bundle(m_bundleExtension, m_xmlExtension);
+    bundle.setFileName(fileName);
+    if (!fileName.endsWith(QLatin1String(".vex"))) {
+        bundle.read();
+        return parse(fileName, bundle);
+    }
+    QFile file(fileName);
+    if (!QFileInfo(fileName).isFile() || !file.open(QIODevice::ReadOnly))
+        throw Error(tr("Failed to open file '%1'").arg(fileName));
+    // More than the longest text that is accepted need not be read to be refused.
+    constexpr qint64 enough = 65 * 1024 * 1024;
+    bundle.setXml(file.read(enough));
+    return parse(fileName, bundle);
+}
+
+std::shared_ptr<Project> DataModelReader::parse(const QString &fileName,
+                                                const ProjectBundle &bundle)
+{
+    const auto refuse = [this](const QString &message, qint64 line) {
+        throw Error(tr("XML parser error: %1 (line %2)").arg(message, QString::number(line)));
+    };
+    if (const auto problem = findXmlProblem(bundle.xml()))
+        refuse(problem->message, problem->line);
+    QDomDocument document;
+    QString message;
+    int line = 0;
+    if (!document.setContent(bundle.xml(), &message, &line))
+        refuse(message, line);
+    const QDomElement root = document.documentElement();
+    if (root.tagName() != Project::tag())
+        throw Error(tr("'%1' is not a Vesperine project file").arg(fileName));
+
+    auto project = std::make_shared<Project>();
+    const QString folder = QFileInfo(QFileInfo(fileName).absolutePath()).canonicalFilePath();
+    PropertyXMLReader(folder, bundle).read(*project, root);
+    // The file may have been renamed since it was saved.
+    project->filename().setValue(GFileName(fileName));
+    m_damagedBodies.clear();
+    for (Body *body : project->bodies().all()) {
+        body->paintedNormalMap().refuseDamagedBytes();
+        if (body->paintedNormalMap().isDamaged())
+            m_damagedBodies.append(body->name().value());
+    }
+    return project;
+}

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QCoreApplication>
+#include <QStringList>
+
+#include <memory>
+
+class Project;
+class ProjectBundle;
+
+/// Loads projects: bundles, and bare XML documents (".vex") of older versions.
+class DataModelReader
+{
+    Q_DECLARE_TR_FUNCTIONS(DataModelReader)
+
+public:
+    /// The extensions of a bundle (".vep") and of the XML text in it (".vexml").
+    DataModelReader(const QString &bundleExtension, const QString &xmlExtension);
+
+    /// The project of @p fileName, with an empty undo stack and no sprite loaded. Throws Error when
+    /// the file is no project that can be read.
+    std::shared_ptr<Project> read(const QString &fileName);
+
+    /// The names of the bodies whose surface the last read file had lost. They count as not
+    /// painted; what is left of their data files is saved again untouched.
+    const QStringList &damagedBodies() const { return m_damagedBodies; }
+
+private:
+    std::shared_ptr<Project> parse(const QString &fileName, const ProjectBundle &bundle);
+
+    QString m_bundleExtension;
+    QString m_xmlExtension;
+    QStringList m_damagedBodies;
+};

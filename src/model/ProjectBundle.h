@@ -1,0 +1,51 @@
+#pragma once
+
+#include "model/properties/DataFiles.h"
+
+#include <QByteArray>
+#include <QCoreApplication>
+#include <QHash>
+#include <QString>
+#include <QVector>
+
+/// The archive that a project file is: the XML text, and a data file for each byte array. Data
+/// files are packed and unpacked side by side on the global thread pool.
+class ProjectBundle : public DataFiles
+{
+    Q_DECLARE_TR_FUNCTIONS(ProjectBundle)
+
+public:
+    /// The extensions of the bundle (".vep") and of the XML text in it (".vexml"); a "." is put
+    /// before one that lacks it.
+    ProjectBundle(const QString &bundleExtension, const QString &xmlExtension);
+
+    void setFileName(const QString &fileName) { m_fileName = fileName; }
+    const QByteArray &xml() const { return m_xml; }
+    void setXml(const QByteArray &xml) { m_xml = xml; }
+
+    void add(const QString &id, const std::shared_ptr<DataFile> &file) override;
+    std::shared_ptr<DataFile> find(const QString &id) const override;
+    void unpack(const QVector<std::shared_ptr<DataFile>> &files) const override;
+
+    /// Reads the archive of the bundle's file name. Throws Error when its extension is another, or
+    /// ErrorDoesNotExist when it can't be read or holds no project.
+    void read();
+    /// Replaces the file of the bundle's file name in one move; without a name nothing happens.
+    /// Throws Error when it can't be written, the old file is then untouched.
+    void write() const;
+
+private:
+    struct Place
+    {
+        QString xmlName;
+        QString dataFolder;
+    };
+    Place placeIn(const QStringList &entryNames) const;
+
+    QString m_bundleExtension;
+    QString m_xmlExtension;
+    QString m_fileName;
+    QByteArray m_xml;
+    QVector<QString> m_ids; // in the order in which they were added
+    QHash<QString, std::shared_ptr<DataFile>> m_files;
+};

@@ -1,0 +1,48 @@
+#include "model/Sprite.h"
+
+#include "model/ImageReading.h"
+#include "model/properties/PropertyT.h"
+
+Sprite::Sprite(UndoStackOwner &document, const QString &key)
+    : PropertyStruct(document, key)
+    , m_filename(&addField<PropertyFilename>(QStringLiteral("filename")))
+    , m_checksum(&addField<PropertyString>(QStringLiteral("checksum")))
+{
+}
+
+QString Sprite::tag()
+{
+    return QStringLiteral("sprite");
+}
+
+std::shared_ptr<Property> Sprite::newInstance() const
+{
+    return makeAlike<Sprite>(key());
+}
+
+void Sprite::load(const QSize &expectedSize, bool checkSize)
+{
+    load(readImageFile(m_filename->value().path()), expectedSize, checkSize);
+}
+
+void Sprite::load(const ReadImage &read, const QSize &expectedSize, bool checkSize)
+{
+    m_statusIcon.clear();
+    m_image = read.image;
+    m_fileSize = read.image.size();
+    m_isLoaded = !read.image.isNull();
+    m_isWrongSized = m_isLoaded && checkSize && m_fileSize != expectedSize;
+    m_isChanged = false;
+    if (read.opened) {
+        const QString checksum = QString::fromLatin1(read.md5Hex);
+        m_isChanged = !m_checksum->value().isEmpty() && m_checksum->value() != checksum;
+        m_checksum->setValue(checksum);
+    }
+    if (!m_isLoaded || m_isWrongSized) {
+        m_image = QImage(expectedSize, QImage::Format_ARGB32);
+        m_image.fill(Qt::red);
+        m_statusIcon = m_isLoaded ? QStringLiteral(":/qrv_tools/icons/Icons_SpriteWrongSize.svg")
+                                  : QStringLiteral(":/qrv_tools/icons/Icons_SpriteMissing.svg");
+    }
+    notify();
+}

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+#include <optional>
+
+/// What keeps an XML text from being read.
+struct XmlProblem
+{
+    QString message;
+    qint64 line = 1;
+};
+
+/// Looks through an XML text for what would exhaust a parser that keeps it all: entity
+/// declarations, more than 64 elements inside each other, more than 64 MiB; and for errors.
+/// Nothing when it can be read.
+std::optional<XmlProblem> findXmlProblem(const QByteArray &xml);
