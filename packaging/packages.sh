@@ -42,5 +42,6 @@ build_preset() {
     if [[ ! -e $root/build/$preset/build.ninja ]]; then
         (cd "$root" && cmake --preset "$preset" >&2)
     fi
-    NINJA_STATUS="[$preset %f/%t] " cmake --build "$root/build/$preset" --target "$@" >&2
+    NINJA_STATUS="[$preset %f/%t] " cmake --build "$root/build/$preset" --target "$@" \
+        | { grep -vE 'Re-checking globbed|no work to do' >&2 || true; }
 }

@@ -29,7 +29,7 @@ std::shared_ptr<Project> DataModelReader::read(const QString &fileName)
     if (!QFileInfo(fileName).isFile() || !file.open(QIODevice::ReadOnly))
         throw Error(tr("Failed to open file '%1'").arg(fileName));
     // More than the longest text that is accepted need not be read to be refused.
-    constexpr qint64 enough = 65 * 1024 * 1024;
+    constexpr qint64 enough = qint64(65) << 20;
     bundle.setXml(file.read(enough));
     return parse(fileName, bundle);
 }
@@ -37,7 +37,7 @@ std::shared_ptr<Project> DataModelReader::read(const QString &fileName)
 std::shared_ptr<Project> DataModelReader::parse(const QString &fileName,
                                                 const ProjectBundle &bundle)
 {
-    const auto refuse = [this](const QString &message, qint64 line) {
+    const auto refuse = [](const QString &message, qint64 line) {
         throw Error(tr("XML parser error: %1 (line %2)").arg(message, QString::number(line)));
     };
     if (const auto problem = findXmlProblem(bundle.xml()))

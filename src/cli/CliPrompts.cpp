@@ -1,0 +1,36 @@
+#include "cli/CliPrompts.h"
+
+ProjectPrompts::MissingTextures CliPrompts::askMissingTextures(const QStringList &)
+{
+    if (!m_searched && !searchFolder.isEmpty())
+        return MissingTextures::Search;
+    return removesMissing ? MissingTextures::Remove : MissingTextures::Continue;
+}
+
+QString CliPrompts::askSearchFolder()
+{
+    m_searched = true;
+    return searchFolder;
+}
+
+bool CliPrompts::askClearResized(const QStringList &)
+{
+    return clearsResized;
+}
+
+void CliPrompts::showSummary(const QStringList &changes)
+{
+    for (QString change : changes)
+        Console::data(change.replace(QLatin1Char('\n'), QLatin1Char(' ')));
+}
+
+void CliPrompts::tell(const QString &message)
+{
+    m_console.tell(message);
+}
+
+bool CliPrompts::showProgress(int done, int total)
+{
+    m_console.showProgress(done, total);
+    return true;
+}

@@ -1,0 +1,58 @@
+#include "cli/Console.h"
+
+#include <QByteArray>
+
+#include <cstdio>
+#include <unistd.h>
+
+namespace {
+void writeLine(FILE *stream, const QString &line)
+{
+    const QByteArray bytes = line.toUtf8() + '\n';
+    std::fwrite(bytes.constData(), 1, size_t(bytes.size()), stream);
+    std::fflush(stream);
+}
+} // namespace
+
+void Console::data(const QString &line)
+{
+    writeLine(stdout, line);
+}
+
+void Console::tell(const QString &line)
+{
+    if (m_quiet)
+        return;
+    endProgress();
+    writeLine(stderr, line);
+}
+
+void Console::complain(const QString &line)
+{
+    endProgress();
+    writeLine(stderr, line);
+}
+
+void Console::showProgress(int done, int total)
+{
+    constexpr int width = 40;
+    if (m_quiet || total < 2 || isatty(STDERR_FILENO) == 0)
+        return;
+    const int filled = width * done / total;
+    const QString bar = QStringLiteral("\r[%1%2] %3/%4")
+                            .arg(QString(filled, QLatin1Char('=')),
+                                 QString(width - filled, QLatin1Char(' ')),
+                                 QString::number(done),
+                                 QString::number(total));
+    std::fputs(bar.toUtf8().constData(), stderr);
+    m_showsProgress = true;
+    if (done == total)
+        endProgress();
+}
+
+void Console::endProgress()
+{
+    if (m_showsProgress)
+        std::fputc('\n', stderr);
+    m_showsProgress = false;
+}

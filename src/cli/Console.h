@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QString>
+
+/// How a command ended, as the shell sees it.
+enum class ExitCode {
+    Done = 0,
+    Failed = 1,
+    Usage = 2,
+    Unreadable = 3, ///< a project can't be read
+    Partly = 4,     ///< what could be done is done, the rest is named
+};
+
+/// The terminal: data on standard output, words on standard error.
+class Console
+{
+public:
+    explicit Console(bool quiet)
+        : m_quiet(quiet)
+    {
+    }
+
+    /// A line of what was asked for.
+    static void data(const QString &line);
+    /// A line for a reader; not when quiet.
+    void tell(const QString &line);
+    /// A line that says what went wrong.
+    void complain(const QString &line);
+    /// A bar that is drawn over itself, only where somebody can watch it.
+    void showProgress(int done, int total);
+
+private:
+    void endProgress();
+
+    bool m_quiet;
+    bool m_showsProgress = false;
+};

@@ -1,0 +1,240 @@
+#include "base/GLogger.h"
+#include "cli/Commands.h"
+
+#include <QCoreApplication>
+
+#include <CLI/CLI.hpp>
+
+#include <clocale>
+#include <cstring>
+#include <langinfo.h>
+
+namespace {
+QString text(const std::string &bytes)
+{
+    return QString::fromStdString(bytes);
+}
+
+QStringList texts(const std::vector<std::string> &all)
+{
+    QStringList result;
+    for (const auto &bytes : all)
+        result.append(text(bytes));
+    return result;
+}
+
+// Pipelines often run in the C locale, in which the toolkit can't name a file with an umlaut.
+void useUtf8()
+{
+    std::setlocale(LC_CTYPE, "");
+    if (std::strcmp(nl_langinfo(CODESET), "UTF-8") != 0)
+        qputenv("LC_ALL", "C.UTF-8");
+}
+
+// The commands with the places that the parser writes to.
+class CommandLine
+{
+public:
+    CommandLine()
+    {
+        m_app.set_version_flag("--version", "vesperine-cli " VESPERINE_VERSION);
+        m_app.require_subcommand(1);
+        m_app.fallthrough();
+        m_app.add_flag("-v", m_verbosity, "Say more; -vv and -vvv still more");
+        m_app.add_flag("--quiet", m_quiet, "Say only what goes wrong");
+        m_app.footer("Exit status: 0 done, 1 failed, 2 wrong usage, 3 project unreadable, "
+                     "4 partly done.\nA BODY is a name, or #INDEX counted from 1.");
+        addCreate();
+        addChanges();
+        addRepair();
+        addImport();
+        addReports();
+        addExport();
+    }
+
+    int run(int argc, char **argv)
+    {
+        try {
+            m_app.parse(argc, argv);
+        } catch (const CLI::Success &success) {
+            return m_app.exit(success);
+        } catch (const CLI::ParseError &error) {
+            m_app.exit(error);
+            return int(ExitCode::Usage);
+        }
+        setVerbosity();
+        Console console(m_quiet);
+        return int(m_command(console));
+    }
+
+private:
+    CLI::App *command(const char *name, const char *description)
+    {
+        return m_app.add_subcommand(name, description)->fallthrough();
+    }
+
+    void project(CLI::App *command)
+    {
+        command->add_option("PROJECT", m_project, "Project file (.vep)")->required();
+    }
+
+    void outputProject(CLI::App *command)
+    {
+        command->add_option("--output-project", m_outputProject, "Save to this file instead");
+    }
+
+    void items(CLI::App *command, const char *name, const char *description)
+    {
+        command->add_option(name, m_items, description)->required();
+    }
+
+    ChangeOptions change() const
+    {
+        return {text(m_project), text(m_outputProject), texts(m_items)};
+    }
+
+    void addCreate()
+    {
+        auto *create = command("create", "Make a new project from sprites");
+        project(create);
+        items(create, "SPRITE", "PNG and JPEG files, folders with all that is below them");
+        create->add_flag("--force", m_force, "Replace an existing project");
+        create->callback([this] {
+            m_command = [this](Console &console) {
+                return runCreate({text(m_project), texts(m_items), m_force}, console);
+            };
+        });
+    }
+
+    void addChange(const char *name,
+                   const char *description,
+                   const char *item,
+                   const char *itemDescription,
+                   ExitCode (*run)(const ChangeOptions &, Console &))
+    {
+        auto *changing = command(name, description);
+        project(changing);
+        items(changing, item, itemDescription);
+        outputProject(changing);
+        changing->callback([this, run] {
+            m_command = [this, run](Console &console) { return run(change(), console); };
+        });
+    }
+
+    void addChanges()
+    {
+        addChange("add", "Add sprites to a project", "SPRITE", "Files and folders", runAdd);
+        addChange("remove", "Remove bodies from a project", "BODY", "Names or indexes", runRemove);
+        addChange("set", "Change a project's settings", "KEY=VALUE", "As info shows them", runSet);
+    }
+
+    void addRepair()
+    {
+        auto *repair = command("repair", "Find missing sprites, drop them, clear resized surfaces");
+        project(repair);
+        outputProject(repair);
+        repair->add_option("--search", m_search, "Folder to look for missing sprites in");
+        repair->add_flag("--remove-missing", m_removeMissing, "Remove bodies without a sprite");
+        repair->add_flag("--clear-resized", m_clearResized, "Clear surfaces of another size");
+        repair->callback([this] {
+            m_command = [this](Console &console) {
+                return runRepair({text(m_project),
+                                  text(m_outputProject),
+                                  text(m_search),
+                                  m_removeMissing,
+                                  m_clearResized},
+                                 console);
+            };
+        });
+    }
+
+    void addImport()
+    {
+        auto *import = command("import", "Make a normal map the surface of a body");
+        project(import);
+        outputProject(import);
+        import->add_option("--body", m_body, "The body")->required();
+        import->add_option("IMAGE", m_image, "The normal map, of the sprite's size")->required();
+        import->callback([this] {
+            m_command = [this](Console &console) {
+                return runImport(
+                    {text(m_project), text(m_outputProject), text(m_body), text(m_image)},
+                    console);
+    };
+        });
+        } // namespace
+
+        void addReports()
+        {
+            auto *info = command("info", "Show projects and their bodies");
+            info->add_option("PROJECT", m_projects, "Project files")->required();
+            info->add_flag("--json", m_json, "One JSON object a project, a line each");
+            info->callback([this] {
+                m_command = [this](Console &console) {
+                    return runInfo({texts(m_projects), m_json}, console);
+                };
+            });
+            auto *check = command("check", "Name missing, changed, resized and damaged bodies");
+            check->add_option("PROJECT", m_projects, "Project files")->required();
+            check->callback([this] {
+                m_command = [this](Console &console) {
+                    return runCheck(texts(m_projects), console);
+                };
+            });
+        }
+
+        void addExport()
+        {
+            auto *exporting = command("export", "Write the normal maps of projects");
+            exporting->add_option("PROJECT", m_projects, "Project files")->required();
+            auto *output = exporting->add_option("--output", m_output, "Folder of the normal maps");
+            auto *suffix = exporting->add_option("--suffix", m_suffix, "Put before the extension");
+            exporting->add_option("--jobs", m_jobs, "Maps worked on at a time")
+                ->check(CLI::Range(1, 256));
+            exporting->callback([this, output, suffix] {
+                ExportOptions options;
+                options.projects = texts(m_projects);
+                options.jobs = m_jobs;
+                if (output->count() > 0)
+                    options.output = text(m_output);
+                if (suffix->count() > 0)
+                    options.suffix = text(m_suffix);
+                m_command = [options](Console &console) { return runExport(options, console); };
+            });
+        }
+
+        void setVerbosity() const
+        {
+            constexpr int levels[] = {GLogger::warnings, GLogger::information, GLogger::debugging};
+            GLogger::setVerbosity(m_verbosity < 3 ? levels[m_verbosity] : GLogger::everything);
+        }
+
+        CLI::App m_app{"Gives sprites a surface and writes their normal maps.", "vesperine-cli"};
+        std::function<ExitCode(Console &)> m_command;
+        int m_verbosity = 0;
+        bool m_quiet = false;
+        std::string m_project;
+        std::string m_outputProject;
+        std::vector<std::string> m_projects;
+        std::vector<std::string> m_items;
+        std::string m_search;
+        std::string m_body;
+        std::string m_image;
+        std::string m_output;
+        std::string m_suffix;
+        int m_jobs = 0;
+        bool m_force = false;
+        bool m_removeMissing = false;
+        bool m_clearResized = false;
+        bool m_json = false;
+        }
+        ;
+        } // namespace
+
+        int main(int argc, char **argv)
+        {
+            useUtf8();
+            const QCoreApplication application(argc, argv);
+            GLogger::install();
+            return CommandLine().run(argc, argv);
+        }

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "base/GFileName.h"
+
+#include <QString>
+#include <QStringList>
+#include <QVector>
+
+#include <functional>
+
+class Body;
+class Project;
+
+/// Where the normal maps of an export go, and what happens when one fails.
+struct NormalMapExport
+{
+    GFileName directory; ///< beside each sprite when empty
+    QString suffix;
+    bool goesOn = false; ///< after a body that fails, else the first failure ends the export
+    int jobs = 0;        ///< bodies that are worked on at a time; 0 for one a processor
+
+    /// Called with the path of each map once it is written, in list order.
+    std::function<void(const QString &path)> written;
+    /// Called with the number of bodies done; false cancels.
+    std::function<bool(int done)> progress;
+};
+
+/// What an export leaves behind.
+struct NormalMapExportResult
+{
+    QStringList failures; ///< a message each, in list order
+    bool cancelled = false;
+};
+
+/// The file of a body's normal map.
+QString normalMapPath(const Body &body, const NormalMapExport &settings);
+
+/// Writes the normal maps of @p bodies as PNG files, flat under fully transparent sprite pixels.
+/// Maps are computed and encoded side by side on the global thread pool, a few at a time; files
+/// appear in list order, each whole. Throws Error, before anything is written, when two maps would
+/// go to one file or one to a sprite of @p project.
+NormalMapExportResult exportNormalMaps(const Project &project,
+                                       const QVector<Body *> &bodies,
+                                       const NormalMapExport &settings);
+
+/// Writes @p image to @p path in the format that the extension names, in one move. False when that
+/// fails; an older file is then untouched.
+bool writeImageFile(const QImage &image, const QString &path);

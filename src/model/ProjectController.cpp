@@ -1,0 +1,298 @@
+#include "model/ProjectController.h"
+
+#include "base/Error.h"
+#include "base/GSettings.h"
+#include "base/PlainText.h"
+#include "imaging/PoolTask.h"
+#include "model/DataModelReader.h"
+#include "model/DataModelWriter.h"
+#include "model/ImageReading.h"
+#include "model/NormalMapExport.h"
+#include "model/Project.h"
+#include "model/ProjectPrompts.h"
+#include "model/PropertyAngleImage.h"
+#include "model/Sprite.h"
+#include "model/SpriteFiles.h"
+#include "model/properties/PropertyT.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+#include <deque>
+
+namespace {
+// Reads image files side by side on the global thread pool, a few ahead of what is asked for.
+class ImageReader
+{
+public:
+    explicit ImageReader(const QStringList &paths)
+        : m_paths(paths)
+    {
+    }
+
+    ReadImage next()
+    {
+        const auto ahead = size_t(QThreadPool::globalInstance()->maxThreadCount()) + 1;
+        for (; m_tasks.size() < ahead && m_started < m_paths.size(); ++m_started) {
+            const QString path = m_paths[m_started];
+            m_tasks.emplace_back([path] { return readImageFile(path); });
+        }
+        auto task = std::move(m_tasks.front());
+        m_tasks.pop_front();
+        return task.take();
+    }
+
+private:
+    QStringList m_paths;
+    int m_started = 0;
+    std::deque<PoolTask<ReadImage>> m_tasks;
+};
+
+QStringList pathsOf(const QVector<Body *> &bodies)
+{
+    QStringList paths;
+    for (const Body *body : bodies)
+        paths.append(body->sprite().filename().value().path());
+    return paths;
+}
+
+QString bodyName(const QString &path)
+{
+    const QFileInfo file(path);
+    return plainText(file.baseName().isEmpty() ? file.fileName() : file.baseName());
+}
+} // namespace
+
+ProjectController::ProjectController(GSettings &settings, ProjectPrompts &prompts)
+    : m_settings(settings)
+    , m_prompts(prompts)
+{
+    createProject();
+}
+
+ProjectController::~ProjectController() = default;
+
+void ProjectController::createProject()
+{
+    install(std::make_shared<Project>());
+}
+
+void ProjectController::openProject(const QString &fileName)
+{
+    DataModelReader reader(QStringLiteral(".vep"), QStringLiteral(".vexml"));
+    const auto project = reader.read(fileName);
+    install(project);
+    if (!reader.damagedBodies().isEmpty())
+        m_prompts.tell(tr("The painted surfaces of these bodies are damaged, they count as not "
+                          "painted: %1")
+                           .arg(reader.damagedBodies().join(QStringLiteral(", "))));
+}
+
+void ProjectController::save()
+{
+    DataModelWriter(*m_project).write();
+    m_project->undoStack().markSaved();
+}
+
+void ProjectController::saveAs(const GFileName &fileName)
+{
+    const GFileName former = m_project->filename().value();
+    m_project->filename().setValue(fileName);
+    try {
+        save();
+    } catch (...) {
+        m_project->filename().setValue(former);
+        throw;
+    }
+}
+
+void ProjectController::addSprites(const QStringList &paths)
+{
+    const QString stored = m_project->publishNormalmapPostfix().value();
+    const auto found = findSpriteFiles(paths, stored.isEmpty() ? QStringLiteral("_n") : stored);
+    for (const QString &path : found.skipped)
+        m_prompts.tell(tr("Skipped '%1': it is the normal map of another sprite").arg(path));
+    for (const QString &path : found.unreadable)
+        m_prompts.tell(tr("Cannot read folder '%1'").arg(path));
+
+    QVector<std::shared_ptr<Body>> bodies;
+    QStringList failures;
+    ImageReader reader(found.files);
+    for (int i = 0; i < found.files.size(); ++i) {
+        const QString &path = found.files[i];
+        auto body = std::make_shared<Body>(*m_project);
+        body->sprite().filename().setValue(GFileName(path));
+        body->name().setValue(bodyName(path));
+        body->sprite().load(reader.next(), QSize(), false);
+        // A project file has no way to write such a path.
+        if (body->sprite().isLoaded() && isPlainText(path))
+            bodies.append(body);
+        else
+            failures.append(path);
+        if (!m_prompts.showProgress(i + 1, found.files.size()))
+            return;
+    }
+    if (!bodies.isEmpty()) {
+        QList<Body *> added;
+        {
+            const UndoMacro macro(m_project->undoStack(), tr("add bodies"));
+            for (const auto &body : std::as_const(bodies)) {
+                const QSize size = body->sprite().image().size();
+                body->paintedNormalMap().setAngleImage(AngleImage(size.width(), size.height()),
+                                                       tr("init normalmap"));
+                m_project->bodies().append(body, tr("add body"));
+                added.append(body.get());
+            }
+        }
+        m_selection.setSelection(added);
+        m_settings.setValue(QStringLiteral("lastSpriteImportPath"),
+                            QFileInfo(pathsOf({added.last()}).first()).path());
+    }
+    if (!failures.isEmpty())
+        throw Error(tr("Failed to add following files:\n\n") + failures.join(QLatin1Char('\n')));
+}
+
+void ProjectController::removeBodies(const QVector<Body *> &bodies)
+{
+    const UndoMacro macro(m_project->undoStack(), tr("remove bodies"));
+    QList<Body *> rest = m_selection.selection();
+    for (Body *body : bodies)
+        rest.removeAll(body);
+    m_selection.setSelection(rest);
+    for (Body *body : bodies)
+        m_project->bodies().remove(*body, tr("remove body"));
+}
+
+void ProjectController::loadTextures()
+{
+    loadSprites(m_project->bodies().all());
+}
+
+void ProjectController::checkTextures()
+{
+    loadTextures();
+    QStringList changes;
+    resolveMissing(changes);
+    resolveResized(changes);
+    if (!changes.isEmpty())
+        m_prompts.showSummary(changes);
+}
+
+void ProjectController::saveNormalMaps()
+{
+    const auto bodies = m_project->bodies().all();
+    NormalMapExport settings = exportSettings();
+    settings.progress = [this, &bodies](int done) {
+        return m_prompts.showProgress(done, bodies.size());
+    };
+    const auto result = exportNormalMaps(*m_project, bodies, settings);
+    if (!result.failures.isEmpty())
+        throw Error(result.failures.first());
+}
+
+bool ProjectController::writeImage(const QImage &image, const QString &path)
+{
+    return writeImageFile(image, path);
+}
+
+NormalMapExport ProjectController::exportSettings() const
+{
+    NormalMapExport settings;
+    settings.directory = m_project->publishDirectory().value();
+    settings.suffix = m_project->publishNormalmapPostfix().value();
+    return settings;
+}
+
+QString ProjectController::imagePath(const QString &key) const
+{
+    return m_settings.value(QStringLiteral("imagePath/") + key).toString();
+}
+
+void ProjectController::setImagePath(const QString &key, const QString &path)
+{
+    m_settings.setValue(QStringLiteral("imagePath/") + key, path);
+}
+
+// The undo stack is emptied last: a project is installed unmodified, its first body selected.
+void ProjectController::install(const std::shared_ptr<Project> &project)
+{
+    m_selection.setProject(project.get());
+    m_project = project;
+    const auto bodies = project->bodies().all();
+    if (!bodies.isEmpty())
+        m_selection.setSelection({bodies.first()});
+    project->undoStack().clear();
+}
+
+void ProjectController::loadSprites(const QVector<Body *> &bodies)
+{
+    ImageReader reader(pathsOf(bodies));
+    for (Body *body : bodies)
+        body->sprite().load(reader.next(), body->paintedSize(), !body->paintedSize().isEmpty());
+}
+
+QVector<Body *> ProjectController::missingBodies() const
+{
+    QVector<Body *> missing;
+    for (Body *body : m_project->bodies().all()) {
+        if (!body->sprite().isLoaded())
+            missing.append(body);
+    }
+    return missing;
+}
+
+void ProjectController::resolveMissing(QStringList &changes)
+{
+    for (auto missing = missingBodies(); !missing.isEmpty(); missing = missingBodies()) {
+        switch (m_prompts.askMissingTextures(pathsOf(missing))) {
+        case ProjectPrompts::MissingTextures::Search:
+            searchMissing(m_prompts.askSearchFolder(), changes);
+            break;
+        case ProjectPrompts::MissingTextures::Remove:
+            for (const Body *body : std::as_const(missing))
+                changes.append(tr("Removed sprite: ") + body->name().value());
+            removeBodies(missing);
+            break;
+        case ProjectPrompts::MissingTextures::Continue:
+            return;
+        }
+    }
+}
+
+void ProjectController::searchMissing(const QString &folder, QStringList &changes)
+{
+    if (folder.isEmpty())
+        return;
+    QVector<Body *> found;
+    const UndoMacro macro(m_project->undoStack(), tr("update file paths"));
+    for (Body *body : missingBodies()) {
+        auto &filename = body->sprite().filename();
+        const GFileName path(QDir(folder).filePath(filename.value().fileName()));
+        if (path == filename.value() || !QFileInfo(path.path()).isFile())
+            continue;
+        changes.append(tr("Updated file path:") + QLatin1Char('\n') + filename.value().path() +
+                       QStringLiteral("\n-->\n") + path.path());
+        filename.setValue(path, tr("update file path"), false);
+        found.append(body);
+    }
+    loadSprites(found);
+}
+
+void ProjectController::resolveResized(QStringList &changes)
+{
+    QVector<Body *> resized;
+    for (Body *body : m_project->bodies().all()) {
+        if (body->sprite().isWrongSized())
+            resized.append(body);
+    }
+    if (resized.isEmpty() || !m_prompts.askClearResized(pathsOf(resized)))
+        return;
+    const UndoMacro macro(m_project->undoStack(), tr("reset normalmaps"));
+    for (Body *body : std::as_const(resized)) {
+        const QSize size = body->sprite().fileSize();
+        body->paintedNormalMap().setAngleImage(AngleImage(size.width(), size.height()),
+                                               tr("reset normalmap"));
+        changes.append(tr("Reset normalmap: ") + body->name().value());
+    }
+    loadSprites(resized);
+}

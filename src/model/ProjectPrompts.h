@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+/// What the controller asks the user and tells them: dialogs in the window, options on the command
+/// line.
+class ProjectPrompts
+{
+public:
+    enum class MissingTextures { Search, Remove, Continue };
+
+    virtual ~ProjectPrompts() = default;
+    /// Sprite files can't be loaded. Asked again after a search that did not find them all.
+    virtual MissingTextures askMissingTextures(const QStringList &files) = 0;
+    /// The folder to search for missing files, empty for none.
+    virtual QString askSearchFolder() = 0;
+    /// Sprite files have another size than their surfaces. True to clear the surfaces.
+    virtual bool askClearResized(const QStringList &files) = 0;
+    /// The changes that were made to a project when its textures were checked.
+    virtual void showSummary(const QStringList &changes) = 0;
+    /// Something that is worth knowing, but stops nothing.
+    virtual void tell(const QString &message) = 0;
+    /// How far a long operation is. False to cancel it, where it can be.
+    virtual bool showProgress(int done, int total) = 0;
+};

@@ -1,0 +1,89 @@
+#include "model/SpriteFiles.h"
+
+#include <QCollator>
+#include <QDir>
+#include <QFileInfo>
+#include <QSet>
+
+#include <algorithm>
+
+namespace {
+class FolderWalk
+{
+public:
+    FolderWalk(const QString &suffix, SpriteFiles &result)
+        : m_suffix(suffix)
+        , m_result(result)
+    {
+        m_collator.setNumericMode(true);
+        m_collator.setCaseSensitivity(Qt::CaseInsensitive);
+    }
+
+    void addFolder(const QString &path)
+    {
+        // Links may lead back to a folder that was listed before.
+        const QString canonical = QFileInfo(path).canonicalFilePath();
+        if (m_seen.contains(canonical))
+            return;
+        m_seen.insert(canonical);
+        const QDir folder(path);
+        if (!folder.isReadable()) {
+            m_result.unreadable.append(path);
+            return;
+        }
+        addFiles(folder);
+        for (const QString &name : sorted(folder.entryList(QDir::Dirs | QDir::NoDotAndDotDot)))
+            addFolder(folder.filePath(name));
+    }
+
+private:
+    void addFiles(const QDir &folder)
+    {
+        const QStringList patterns{
+            QStringLiteral("*.png"), QStringLiteral("*.jpg"), QStringLiteral("*.jpeg")};
+        const QStringList names = sorted(folder.entryList(patterns, QDir::Files));
+        QSet<QString> normalMaps;
+        for (const QString &name : names)
+            normalMaps.insert(normalMapFileName(name, m_suffix));
+        for (const QString &name : names) {
+            auto &list = normalMaps.contains(name) ? m_result.skipped : m_result.files;
+            list.append(folder.filePath(name));
+        }
+    }
+
+    QStringList sorted(QStringList names) const
+    {
+        std::sort(names.begin(), names.end(), [this](const QString &a, const QString &b) {
+            const int order = m_collator.compare(a, b);
+            return order == 0 ? a < b : order < 0;
+        });
+        return names;
+    }
+
+    QString m_suffix;
+    SpriteFiles &m_result;
+    // The plain C locale knows no numbers in names.
+    QCollator m_collator{QLocale(QLocale::English)};
+    QSet<QString> m_seen;
+};
+} // namespace
+
+SpriteFiles findSpriteFiles(const QStringList &paths, const QString &suffix)
+{
+    SpriteFiles result;
+    FolderWalk walk(suffix, result);
+    for (const QString &path : paths) {
+        const QFileInfo info(path);
+        if (info.isDir())
+            walk.addFolder(info.absoluteFilePath());
+        else
+            result.files.append(info.absoluteFilePath());
+    }
+    return result;
+}
+
+QString normalMapFileName(const QString &fileName, const QString &suffix)
+{
+    const QFileInfo info(fileName);
+    return info.completeBaseName() + suffix + QLatin1Char('.') + info.suffix();
+}
