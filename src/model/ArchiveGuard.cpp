@@ -8,7 +8,6 @@
 #include <QtEndian>
 
 #include <algorithm>
-#include <array>
 #include <limits>
 #include <numeric>
 
@@ -76,58 +75,6 @@ struct DirectoryEntry
 {
     Header header;
     qint64 localAt = 0;
-};
-
-/// Unpacks raw deflated data piece by piece without keeping it.
-class TrialInflation
-{
-public:
-    TrialInflation() { m_isReady = inflateInit2(&m_stream, -MAX_WBITS) == Z_OK; }
-    ~TrialInflation() { inflateEnd(&m_stream); }
-    TrialInflation(const TrialInflation &) = delete;
-    TrialInflation &operator=(const TrialInflation &) = delete;
-
-    bool start(qint64 claimed)
-    {
-        m_left = claimed;
-        m_crc = 0;
-        m_hasEnded = false;
-        return m_isReady && inflateReset(&m_stream) == Z_OK;
-    }
-
-    // False for data that is damaged, gives more than claimed, or goes on behind its end.
-    bool feed(const QByteArray &piece)
-    {
-        if (m_hasEnded)
-            return piece.isEmpty();
-        m_stream.next_in = reinterpret_cast<Bytef *>(const_cast<char *>(piece.constData()));
-        m_stream.avail_in = static_cast<uInt>(piece.size());
-        int result = Z_OK;
-        while (result == Z_OK) {
-            m_stream.next_out = m_output.data();
-            m_stream.avail_out = static_cast<uInt>(m_output.size());
-            result = inflate(&m_stream, Z_NO_FLUSH);
-            const uInt got = static_cast<uInt>(m_output.size()) - m_stream.avail_out;
-            m_left -= got;
-            m_crc = static_cast<quint32>(crc32(m_crc, m_output.data(), got));
-            if (m_left < 0)
-                return false;
-        }
-        m_hasEnded = result == Z_STREAM_END;
-        // Out of input is no error here: more pieces follow.
-        return (m_hasEnded || result == Z_BUF_ERROR) && m_stream.avail_in == 0;
-    }
-
-    bool gaveAll() const { return m_hasEnded && m_left == 0; }
-    quint32 crc() const { return m_crc; }
-
-private:
-    z_stream m_stream{};
-    std::array<Bytef, 1 << 16> m_output{};
-    qint64 m_left = 0;
-    quint32 m_crc = 0;
-    bool m_isReady = false;
-    bool m_hasEnded = false;
 };
 
 class Guard

@@ -4,8 +4,6 @@
 
 #include <limits>
 
-#include <zlib.h>
-
 bool canInflateTo(qint64 size, qint64 packedSize)
 {
     // Deflate gives at most 258 bytes for two bits.
@@ -42,4 +40,44 @@ std::optional<QByteArray> unpackBytes(const QByteArray &packed, qint64 maximumSi
     if (result != Z_OK || !isExact)
         return {};
     return unpacked;
+}
+
+TrialInflation::TrialInflation()
+{
+    m_isReady = inflateInit2(&m_stream, -MAX_WBITS) == Z_OK;
+}
+
+TrialInflation::~TrialInflation()
+{
+    inflateEnd(&m_stream);
+}
+
+bool TrialInflation::start(qint64 claimed)
+{
+    m_left = claimed;
+    m_crc = 0;
+    m_hasEnded = false;
+    return m_isReady && inflateReset(&m_stream) == Z_OK;
+}
+
+bool TrialInflation::feed(const QByteArray &piece)
+{
+    if (m_hasEnded)
+        return piece.isEmpty();
+    m_stream.next_in = reinterpret_cast<Bytef *>(const_cast<char *>(piece.constData()));
+    m_stream.avail_in = static_cast<uInt>(piece.size());
+    int result = Z_OK;
+    while (result == Z_OK) {
+        m_stream.next_out = m_output.data();
+        m_stream.avail_out = static_cast<uInt>(m_output.size());
+        result = inflate(&m_stream, Z_NO_FLUSH);
+        const uInt got = static_cast<uInt>(m_output.size()) - m_stream.avail_out;
+        m_left -= got;
+        if (m_left < 0)
+            return false;
+        m_crc = static_cast<quint32>(crc32(m_crc, m_output.data(), got));
+    }
+    m_hasEnded = result == Z_STREAM_END;
+    // Out of input is no error here: more pieces follow.
+    return (m_hasEnded || result == Z_BUF_ERROR) && m_stream.avail_in == 0;
 }

@@ -170,7 +170,7 @@ bool ProjectArchiveWriter::refuse(const char *reason)
 }
 
 // The toolkit's writer cuts every number to what its field holds, without a word.
-bool ProjectArchiveWriter::reserve(const QString &name, qint64 size)
+bool ProjectArchiveWriter::reserve(const QString &name, bool isDirectory, qint64 size)
 {
     constexpr int mostEntries = 0xffff;
     constexpr int longestName = 0xffff;
@@ -178,9 +178,10 @@ bool ProjectArchiveWriter::reserve(const QString &name, qint64 size)
     if (!m_reason.isEmpty())
         return false;
     const QByteArray stored = name.toUtf8();
-    if (soundEntryName(stored) != name || stored.size() > longestName)
+    if (name.endsWith(QLatin1Char('/')) != isDirectory || soundEntryName(stored) != name ||
+        stored.size() > longestName)
         return refuse("the name of an entry can't be stored");
-    const QString plain = name.endsWith(QLatin1Char('/')) ? name.chopped(1) : name;
+    const QString plain = isDirectory ? name.chopped(1) : name;
     if (m_names.contains(plain))
         return refuse("two entries have the same name");
     if (m_names.size() == mostEntries)
@@ -197,7 +198,7 @@ bool ProjectArchiveWriter::reserve(const QString &name, qint64 size)
 
 bool ProjectArchiveWriter::addDirectory(const QString &name)
 {
-    if (!name.endsWith(QLatin1Char('/')) || !reserve(name, 0))
+    if (!reserve(name, true, 0))
         return false;
     m_zip->setCreationPermissions(QFile::ReadUser | QFile::WriteUser | QFile::ExeUser);
     m_zip->addDirectory(name);
@@ -206,7 +207,7 @@ bool ProjectArchiveWriter::addDirectory(const QString &name)
 
 bool ProjectArchiveWriter::addFile(const QString &name, const QByteArray &content)
 {
-    if (name.endsWith(QLatin1Char('/')) || !reserve(name, content.size()))
+    if (!reserve(name, false, content.size()))
         return false;
     m_zip->setCreationPermissions(QFile::ReadUser | QFile::WriteUser);
     m_zip->addFile(name, content);

@@ -60,7 +60,7 @@ public:
     const QString &reason() const { return m_reason; }
 
 private:
-    bool reserve(const QString &name, qint64 size);
+    bool reserve(const QString &name, bool isDirectory, qint64 size);
     bool refuse(const char *reason);
 
     QIODevice &m_device;

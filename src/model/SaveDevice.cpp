@@ -4,6 +4,7 @@
 #include <QFileInfo>
 
 #include <cerrno>
+#include <csignal>
 #include <filesystem>
 #include <utility>
 
@@ -11,6 +12,7 @@
 #include <sys/stat.h>
 #ifdef Q_OS_UNIX
 #include <sys/file.h>
+#include <sys/wait.h>
 #include <unistd.h>
 #else
 #include <io.h>
@@ -20,10 +22,11 @@
 // when an archive writer closes it, and a kill leaves its randomly named file behind for good.
 //
 // Where the file system allows (O_TMPFILE), the new file has no name while it is written, so that a
-// kill leaves nothing. No call replaces a file by a nameless one, so it is named just before it is
-// moved; a kill between those two calls, and one at any moment on other file systems, leaves one
-// file of a fixed name that the next save removes. A saver locks its file all along: that tells a
-// file left behind from one that another program is saving right now, which then has the next name.
+// kill leaves nothing. No call replaces a file by a nameless one: it has to be named and then
+// moved. A process of its own does these two steps and outlives a kill of the program between them.
+// On other file systems a kill leaves one file of a fixed name, which the next save removes. A
+// saver locks its file all along: that tells a file left behind from one that another program is
+// saving right now; the next saver then takes the next name.
 
 namespace {
 
@@ -86,6 +89,52 @@ void syncFolderEntry(const QString &folder)
         qWarning("The folder's entry could not be synced: %s", strerror(errno));
     close(handle);
 }
+
+#ifdef O_TMPFILE
+
+int linkAt(const QByteArray &handle, const QByteArray &name)
+{
+    const int result =
+        linkat(AT_FDCWD, handle.constData(), AT_FDCWD, name.constData(), AT_SYMLINK_FOLLOW);
+    return result == 0 ? 0 : errno;
+}
+
+// What the process of its own does; its exit status is the error's number.
+[[noreturn]] void linkAndMoveHere(const char *handle, const char *name, const char *target)
+{
+    if (linkat(AT_FDCWD, handle, AT_FDCWD, name, AT_SYMLINK_FOLLOW) != 0)
+        _exit(errno);
+    if (rename(name, target) == 0)
+        _exit(0);
+    const int error = errno;
+    unlink(name);
+    _exit(error);
+}
+
+// Returns the error's number, 0 for none. The program's memory isn't copied for the new process
+// but lent to it, so it does nothing but its calls, and no signal handler may run there.
+int linkAndMove(const QByteArray &handle, const QByteArray &name, const QByteArray &target)
+{
+    sigset_t all;
+    sigset_t before;
+    sigfillset(&all);
+    pthread_sigmask(SIG_SETMASK, &all, &before);
+    const pid_t process = vfork();
+    if (process == 0)
+        linkAndMoveHere(handle.constData(), name.constData(), target.constData());
+    const int startError = errno;
+    pthread_sigmask(SIG_SETMASK, &before, nullptr);
+    if (process < 0)
+        return startError;
+    int status = 0;
+    while (waitpid(process, &status, 0) < 0) {
+        if (errno != EINTR)
+            return errno;
+    }
+    return WIFEXITED(status) ? WEXITSTATUS(status) : EIO;
+}
+
+#endif
 
 #else
 
@@ -251,7 +300,7 @@ bool SaveDevice::commit()
     close();
     if (!m_file.isOpen())
         return fail(m_failed ? errorString() : QStringLiteral("nothing was opened"));
-    const bool done = !m_failed && syncToDisk() && nameFile() && moveIntoPlace();
+    const bool done = !m_failed && syncToDisk() && moveIntoPlace();
     discard();
     if (done && m_sync == Sync::Now)
         syncFolderEntry(QFileInfo(m_target).path());
@@ -272,41 +321,37 @@ bool SaveDevice::syncToDisk()
     return result == 0 || failBySystem("the file can't be synced");
 }
 
-bool SaveDevice::nameFile()
-{
-    if (!m_temporary.isEmpty())
-        return true;
-#ifdef O_TMPFILE
-    const QByteArray handle = "/proc/self/fd/" + QByteArray::number(m_file.handle());
-    for (int number = 0; allows(Step::Name) && number < mostSavers; ++number) {
-        const QString name = temporaryName(m_target, number);
-        removeAbandoned(name);
-        const QByteArray path = QFile::encodeName(name);
-        if (linkat(AT_FDCWD, handle.constData(), AT_FDCWD, path.constData(), AT_SYMLINK_FOLLOW) ==
-            0) {
-            m_temporary = name;
-            return true;
-        }
-        if (errno != EEXIST)
-            break;
-    }
-#endif
-    return failBySystem("the new file can't be named");
-}
-
 bool SaveDevice::moveIntoPlace()
 {
+    if (!allows(Step::Move))
+        return failBySystem("the new file can't be moved");
+    if (m_temporary.isEmpty())
+        return moveNameless();
     std::error_code error;
-    if (allows(Step::Move))
-        std::filesystem::rename(QFile::encodeName(m_temporary).toStdString(),
-                                QFile::encodeName(m_target).toStdString(),
-                                error);
-    else
-        error = std::make_error_code(std::errc::io_error);
+    std::filesystem::rename(QFile::encodeName(m_temporary).toStdString(),
+                            QFile::encodeName(m_target).toStdString(),
+                            error);
     if (error)
         return fail(QString::fromStdString(error.message()));
     m_temporary.clear();
     return true;
+}
+
+bool SaveDevice::moveNameless()
+{
+#ifdef O_TMPFILE
+    const QByteArray handle = "/proc/self/fd/" + QByteArray::number(m_file.handle());
+    const QByteArray target = QFile::encodeName(m_target);
+    errno = linkAt(handle, target);
+    for (int number = 0; errno == EEXIST && number < mostSavers; ++number) {
+        const QString name = temporaryName(m_target, number);
+        removeAbandoned(name);
+        errno = linkAndMove(handle, QFile::encodeName(name), target);
+    }
+    if (errno == 0)
+        return true;
+#endif
+    return failBySystem("the new file can't be moved");
 }
 
 void SaveDevice::discard()

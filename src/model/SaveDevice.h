@@ -28,7 +28,7 @@ public:
     bool seek(qint64 position) override;
 
 protected:
-    enum class Step { Open, KeepMode, Write, Sync, Name, Move };
+    enum class Step { Open, KeepMode, Write, Sync, Move };
     /// Asked before every step on the disk; a test answers false to let that step fail.
     virtual bool allows(Step) { return true; }
 
@@ -43,8 +43,8 @@ private:
     bool openNamed();
     bool keepMode();
     bool syncToDisk();
-    bool nameFile();
     bool moveIntoPlace();
+    bool moveNameless();
     void discard();
 
     QString m_path;

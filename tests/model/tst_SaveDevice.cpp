@@ -187,7 +187,7 @@ void TestSaveDevice::everyFailureKeepsTheOldFile()
         if (!old.isEmpty())
             QCOMPARE(contentOf(path), old);
     }
-    // Opening, mode, sync, name, move, and at least one write for each part of the archive.
+    // Opening, mode, sync, move, and at least one write for each part of the archive.
     QVERIFY2(failures > 12, qPrintable(QString::number(failures)));
 }
 
@@ -329,7 +329,6 @@ void TestSaveDevice::killedAtAnyMoment()
     const QString path = folder.filePath(QStringLiteral("a.vep"));
     QRandomGenerator random(4);
     constexpr int kills = 200;
-    int left = 0;
     for (int kill = 0; kill < kills; ++kill) {
         QProcess saver;
         saver.start(QCoreApplication::applicationFilePath(),
@@ -341,13 +340,13 @@ void TestSaveDevice::killedAtAnyMoment()
         QCOMPARE(saver.exitStatus(), QProcess::CrashExit);
         QVERIFY(isWholeProject(path));
         QStringList files = filesIn(folder.path());
-        // Between naming and moving there is an instant in which the new file is seen; the next
-        // round shows that it goes away.
-        left += files.removeAll(QStringLiteral(".a.vep.saving"));
+        // The process that moves the file may be a moment behind the program that was killed.
+        for (int wait = 0; wait < 100 && files.size() > 1; ++wait) {
+            QThread::msleep(5);
+            files = filesIn(folder.path());
+        }
         QCOMPARE(files, QStringList{QStringLiteral("a.vep")});
     }
-    qInfo("%d of %d kills left the named file", left, kills);
-    QVERIFY(left <= kills / 20);
 }
 
 int main(int argc, char *argv[])
