@@ -6,7 +6,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QImageReader>
-#include <QRgba64>
+#include <QtEndian>
 
 #include <algorithm>
 
@@ -24,6 +24,20 @@ QByteArray formatOf(const QByteArray &content)
     if (content.startsWith(QByteArrayLiteral("\xff\xd8\xff")))
         return "jpeg";
     return {};
+}
+
+// Walks through the chunks up to the one that ends the image: the decoder doesn't read that one.
+bool endsAsPng(const QByteArray &content)
+{
+    constexpr qint64 signature = 8;
+    constexpr qint64 frame = 12; // length, type and checksum of a chunk
+    for (qint64 at = signature; at + frame <= content.size();) {
+        const char *chunk = content.constData() + at;
+        at += frame + qFromBigEndian<quint32>(chunk);
+        if (qstrncmp(chunk + 4, "IEND", 4) == 0)
+            return at <= content.size();
+    }
+    return false;
 }
 
 // The decoder fills up a JPEG that ends early with grey and only warns. So its markers are walked
@@ -52,27 +66,15 @@ bool endsAsJpeg(const QByteArray &content)
     return false;
 }
 
-// The toolkit's own conversion premultiplies on the way, which loses the colours of transparent
-// pixels.
-QImage fromSixteenBits(const QImage &image)
-{
-    QImage converted(image.size(), QImage::Format_ARGB32);
-    if (converted.isNull())
-        return {};
-    for (int y = 0; y < image.height(); ++y) {
-        const auto *source = reinterpret_cast<const QRgba64 *>(image.constScanLine(y));
-        auto *target = reinterpret_cast<QRgb *>(converted.scanLine(y));
-        std::transform(
-            source, source + image.width(), target, [](QRgba64 pixel) { return pixel.toArgb32(); });
-    }
-    return converted;
-}
-
 QImage decode(const QByteArray &content, QString *problem)
 {
     const QByteArray format = formatOf(content);
     if (format.isEmpty()) {
         *problem = QStringLiteral("neither PNG nor JPEG");
+        return {};
+    }
+    if (!(format == "png" ? endsAsPng(content) : endsAsJpeg(content))) {
+        *problem = QStringLiteral("the file ends early");
         return {};
     }
     QBuffer buffer;
@@ -92,18 +94,13 @@ QImage decode(const QByteArray &content, QString *problem)
         *problem = QStringLiteral("too large");
         return {};
     }
-    if (format == "jpeg" && !endsAsJpeg(content)) {
-        *problem = QStringLiteral("the file ends early");
-        return {};
-    }
     QImage image = reader.read();
     if (image.isNull() || image.size() != size) {
         *problem = image.isNull() ? reader.errorString() : QStringLiteral("wrong size");
         return {};
     }
     image.setColorSpace({});
-    return image.format() == QImage::Format_RGBA64 ? fromSixteenBits(image)
-                                                   : image.convertToFormat(QImage::Format_ARGB32);
+    return image.convertToFormat(QImage::Format_ARGB32);
 }
 
 } // namespace
