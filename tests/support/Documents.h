@@ -1,0 +1,56 @@
+#pragma once
+
+#include "model/ProjectPrompts.h"
+
+#include <QImage>
+#include <QTemporaryDir>
+
+#include <functional>
+
+class Body;
+class Project;
+
+/// A temporary folder whose files are named by their paths in it.
+class Folder
+{
+public:
+    QString path(const QString &name) const { return m_folder.filePath(name); }
+    /// Writes a file, its folders included, and returns its path.
+    QString write(const QString &name, const QByteArray &content) const;
+    /// Writes an opaque picture in the format that the name tells, and returns its path.
+    QString
+    writeSprite(const QString &name, const QSize &size, const QColor &color = Qt::blue) const;
+
+private:
+    QTemporaryDir m_folder;
+};
+
+QByteArray contentOf(const QString &path);
+
+/// The message of the Error that @p action throws, empty when it throws none.
+QString errorOf(const std::function<void()> &action);
+
+/// Adds a body without an undo step, its sprite loaded when there is one at @p spritePath.
+Body &addBody(Project &project, const QString &name, const QString &spritePath = {});
+
+/// Answers by a script and remembers what it was asked and told.
+class ScriptedPrompts : public ProjectPrompts
+{
+public:
+    QVector<MissingTextures> missingAnswers; ///< one a question, then Continue
+    QString searchFolder;
+    bool clearsResized = false;
+    int cancelsAt = -1;
+
+    QStringList missing;
+    QStringList resized;
+    QStringList summary;
+    QStringList told;
+
+    MissingTextures askMissingTextures(const QStringList &files) override;
+    QString askSearchFolder() override { return searchFolder; }
+    bool askClearResized(const QStringList &files) override;
+    void showSummary(const QStringList &changes) override { summary = changes; }
+    void tell(const QString &message) override { told.append(message); }
+    bool showProgress(int done, int) override { return done != cancelsAt; }
+};
