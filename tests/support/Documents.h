@@ -6,6 +6,7 @@
 #include <QTemporaryDir>
 
 #include <functional>
+#include <memory>
 
 class Body;
 class Project;
@@ -14,7 +15,7 @@ class Project;
 class Folder
 {
 public:
-    QString path(const QString &name) const { return m_folder.filePath(name); }
+    QString path(const QString &name) const { return m_folder->filePath(name); }
     /// Writes a file, its folders included, and returns its path.
     QString write(const QString &name, const QByteArray &content) const;
     /// Writes an opaque picture in the format that the name tells, and returns its path.
@@ -22,7 +23,7 @@ public:
     writeSprite(const QString &name, const QSize &size, const QColor &color = Qt::blue) const;
 
 private:
-    QTemporaryDir m_folder;
+    std::unique_ptr<QTemporaryDir> m_folder = std::make_unique<QTemporaryDir>();
 };
 
 QByteArray contentOf(const QString &path);

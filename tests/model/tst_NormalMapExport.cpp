@@ -1,0 +1,216 @@
+#include "base/Error.h"
+#include "imaging/NormalEncoding.h"
+#include "model/NormalMapExport.h"
+#include "model/Project.h"
+#include "model/PropertyAngleImage.h"
+#include "model/Sprite.h"
+#include "support/Documents.h"
+#include "support/Pictures.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QImageReader>
+#include <QTest>
+
+class TestNormalMapExport : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void mapsMatchThePlainWay();
+    void transparentPixelsAreFlat();
+    void paths_data();
+    void paths();
+    void clashesAreRefusedBeforeWriting();
+    void failures();
+    void cancelling();
+    void writesImagesByExtension();
+};
+
+namespace {
+NormalMapExportResult exportAll(const Project &project, const NormalMapExport &settings)
+{
+    return exportNormalMaps(project, project.bodies().all(), settings);
+}
+
+NormalMapExport into(const QString &folder, const QString &suffix = {})
+{
+    NormalMapExport settings;
+    settings.directory = GFileName(folder);
+    settings.suffix = suffix;
+    return settings;
+}
+} // namespace
+
+void TestNormalMapExport::mapsMatchThePlainWay()
+{
+    const Folder folder;
+    Project project;
+    std::mt19937 random(7);
+    QStringList expected;
+    for (int i = 0; i < 20; ++i) {
+        const QSize size(randomInt(1, 60, random), randomInt(1, 60, random));
+        const QString name = QStringLiteral("s%1.png").arg(i);
+        auto &body = addBody(project, name, folder.writeSprite(name, size));
+        if (i != 3) // one stays without a surface
+            body.paintedNormalMap().setAngleImage(randomAngles(size.width(), size.height(), random),
+                                                  QString());
+        expected.append(folder.path(QStringLiteral("out/deep/s%1_n.png").arg(i)));
+    }
+    for (const int jobs : {1, 5}) {
+        QStringList written;
+        auto settings = into(folder.path(QStringLiteral("out/deep")), QStringLiteral("_n"));
+        settings.jobs = jobs;
+        settings.written = [&written](const QString &path) { written.append(path); };
+        QVERIFY(exportAll(project, settings).failures.isEmpty());
+        QCOMPARE(written, expected);
+        for (int i = 0; i < expected.size(); ++i) {
+            const AngleImage surface = project.bodies().at(i).surface();
+            QImage plain = flatNormalMap(surface.size());
+            toNormalMap(surface, plain);
+            QCOMPARE(QImage(expected[i]).convertToFormat(QImage::Format_RGB32), plain);
+        }
+    }
+    QCOMPARE(
+        QDir(folder.path(QStringLiteral("out/deep"))).entryList(QDir::Files | QDir::Hidden).size(),
+        20);
+}
+
+void TestNormalMapExport::transparentPixelsAreFlat()
+{
+    const Folder folder;
+    QImage sprite(3, 1, QImage::Format_ARGB32);
+    sprite.setPixel(0, 0, 0x00FF8040);
+    sprite.setPixel(1, 0, 0x01FF8040);
+    sprite.setPixel(2, 0, 0xFF000000);
+    const QString path = folder.path(QStringLiteral("a.png"));
+    QVERIFY(sprite.save(path));
+    Project project;
+    addBody(project, QString(), path)
+        .paintedNormalMap()
+        .setAngleImage(angles({{256, 256, 256}}), QString());
+    QVERIFY(exportAll(project, into({}, QStringLiteral("_n"))).failures.isEmpty());
+    const QImage map(folder.path(QStringLiteral("a_n.png")));
+    QCOMPARE(map.pixel(0, 0), flatNormal);
+    QCOMPARE(map.pixel(1, 0), qRgb(217, 127, 180));
+    QCOMPARE(map.pixel(2, 0), qRgb(217, 127, 180));
+}
+
+void TestNormalMapExport::paths_data()
+{
+    QTest::addColumn<QString>("sprite");
+    QTest::addColumn<QString>("directory");
+    QTest::addColumn<QString>("suffix");
+    QTest::addColumn<QString>("path");
+
+    QTest::newRow("beside") << "/s/a.png"
+                            << ""
+                            << "_n"
+                            << "/s/a_n.png";
+    QTest::newRow("points") << "/s/a.b.c.png"
+                            << ""
+                            << "_n"
+                            << "/s/a.b.c_n.png";
+    QTest::newRow("jpeg keeps its extension") << "/s/a.JPG"
+                                              << "/o"
+                                              << ""
+                                              << "/o/a.JPG";
+    QTest::newRow("placeholders") << "/s/%1.png"
+                                  << "/o/%2"
+                                  << "%3"
+                                  << "/o/%2/%1%3.png";
+}
+
+void TestNormalMapExport::paths()
+{
+    QFETCH(QString, sprite);
+    QFETCH(QString, directory);
+    QFETCH(QString, suffix);
+    QFETCH(QString, path);
+    Project project;
+    auto &body = addBody(project, QString());
+    body.sprite().filename().setValue(GFileName(sprite));
+    QCOMPARE(normalMapPath(body, into(directory, suffix)), path);
+}
+
+void TestNormalMapExport::clashesAreRefusedBeforeWriting()
+{
+    const Folder folder;
+    const QString out = folder.path(QStringLiteral("out"));
+    const QString first = folder.writeSprite(QStringLiteral("x/a.png"), {1, 1});
+    const QString second = folder.writeSprite(QStringLiteral("y/a.png"), {1, 1});
+    const QByteArray content = contentOf(first);
+    Project project;
+    addBody(project, QString(), first);
+    addBody(project, QString(), second);
+    const auto refusal = [](const QString &path) {
+        return QStringLiteral("Failed to save normal map '%1'").arg(path);
+    };
+    QCOMPARE(errorOf([&] { exportAll(project, into(out)); }),
+             refusal(out + QStringLiteral("/a.png")));
+    QVERIFY(!QFileInfo::exists(out));
+    // A sprite's own file, behind a link too.
+    QVERIFY(QFile::link(QFileInfo(first).path(), folder.path(QStringLiteral("link"))));
+    project.bodies().setEntries({project.bodies().entries().first()});
+    for (const QString &directory : {QString(), folder.path(QStringLiteral("link"))})
+        QVERIFY(!errorOf([&] { exportAll(project, into(directory)); }).isEmpty());
+    QCOMPARE(contentOf(first), content);
+}
+
+void TestNormalMapExport::failures()
+{
+    const Folder folder;
+    Project project;
+    for (const char *name : {"a.png", "b.png", "c.png"})
+        addBody(project, QString(), folder.writeSprite(QString::fromLatin1(name), {1, 1}));
+    const QString out = folder.path(QStringLiteral("out"));
+    QVERIFY(QDir().mkpath(out + QStringLiteral("/b.png"))); // a folder in a map's place
+    auto settings = into(out);
+    const QStringList failure{QStringLiteral("Failed to save normal map '%1/b.png'").arg(out)};
+    QCOMPARE(exportAll(project, settings).failures, failure);
+    QVERIFY(QFileInfo::exists(out + QStringLiteral("/a.png")));
+    QVERIFY(!QFileInfo::exists(out + QStringLiteral("/c.png")));
+    settings.goesOn = true;
+    QCOMPARE(exportAll(project, settings).failures, failure);
+    QVERIFY(QFileInfo::exists(out + QStringLiteral("/c.png")));
+
+    const QString blocked = folder.path(QStringLiteral("a.png/deep"));
+    QCOMPARE(exportAll(project, into(blocked)).failures,
+             QStringList(QStringLiteral("Cannot create directory '%1'").arg(blocked)));
+    // Neither a sprite nor a surface: there is nothing to write.
+    addBody(project, QString(), folder.path(QStringLiteral("gone.png")));
+    QCOMPARE(exportAll(project, into(folder.path(QStringLiteral("new")))).failures.size(), 1);
+}
+
+void TestNormalMapExport::cancelling()
+{
+    const Folder folder;
+    Project project;
+    for (int i = 0; i < 5; ++i)
+        addBody(project, QString(), folder.writeSprite(QStringLiteral("%1.png").arg(i), {1, 1}));
+    auto settings = into(folder.path(QStringLiteral("out")));
+    settings.progress = [](int done) { return done < 2; };
+    QVERIFY(exportAll(project, settings).cancelled);
+    QCOMPARE(QDir(folder.path(QStringLiteral("out"))).entryList(QDir::Files).size(), 2);
+}
+
+void TestNormalMapExport::writesImagesByExtension()
+{
+    const Folder folder;
+    QImage image(2, 2, QImage::Format_ARGB32);
+    image.fill(Qt::green);
+    QVERIFY(writeImageFile(image, folder.path(QStringLiteral("a.PNG"))));
+    QVERIFY(writeImageFile(image, folder.path(QStringLiteral("a.jpg"))));
+    QCOMPARE(QImageReader::imageFormat(folder.path(QStringLiteral("a.PNG"))), QByteArray("png"));
+    QCOMPARE(QImageReader::imageFormat(folder.path(QStringLiteral("a.jpg"))), QByteArray("jpeg"));
+    const QByteArray old = contentOf(folder.path(QStringLiteral("a.PNG")));
+    QVERIFY(!writeImageFile(QImage(), folder.path(QStringLiteral("a.PNG"))));
+    QCOMPARE(contentOf(folder.path(QStringLiteral("a.PNG"))), old);
+    QVERIFY(!writeImageFile(image, folder.path(QStringLiteral("a.unknown"))));
+    QVERIFY(!writeImageFile(image, folder.path(QStringLiteral("absent/a.png"))));
+}
+
+QTEST_GUILESS_MAIN(TestNormalMapExport)
+
+#include "tst_NormalMapExport.moc"
