@@ -118,13 +118,13 @@ ReadImage readImageFile(const QString &path)
         result.problem = file.errorString();
         return result;
     }
-    if (file.size() > largestFile) {
+    const qint64 size = file.size();
+    if (size > largestFile) {
         result.problem = QStringLiteral("file too large");
         return result;
     }
-    // Reads to the end, wherever it is by now: the file may be growing.
-    const QByteArray content = file.read(largestFile + 1);
-    if (file.error() != QFileDevice::NoError || content.size() > largestFile) {
+    const QByteArray content = file.read(size);
+    if (content.size() != size) {
         result.problem = QStringLiteral("the file can't be read");
         return result;
     }

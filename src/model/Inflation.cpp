@@ -18,25 +18,25 @@ std::optional<QByteArray> unpackBytes(const QByteArray &packed, qint64 maximumSi
     if (packed.size() < lengthBytes)
         return {};
     const qint64 claimed = qFromBigEndian<quint32>(packed.constData());
-    const qint64 streamSize = packed.size() - lengthBytes;
+    const qint64 packedSize = packed.size() - lengthBytes;
     // An empty array is packed as its length alone.
-    if (claimed == 0 && streamSize == 0)
+    if (claimed == 0 && packedSize == 0)
         return QByteArray("");
     // Arrays keep a few bytes of their own below the end of the number range.
     constexpr qint64 largestArray = std::numeric_limits<int>::max() - 64;
-    if (claimed > qMin(maximumSize, largestArray) || !canInflateTo(claimed, streamSize))
+    if (claimed > qMin(maximumSize, largestArray) || !canInflateTo(claimed, packedSize))
         return {};
 
     QByteArray unpacked(static_cast<int>(claimed), Qt::Uninitialized);
     auto written = static_cast<uLongf>(claimed);
-    auto consumed = static_cast<uLong>(streamSize);
+    auto consumed = static_cast<uLong>(packedSize);
     const int result =
         uncompress2(reinterpret_cast<Bytef *>(unpacked.data()),
                     &written,
                     reinterpret_cast<const Bytef *>(packed.constData()) + lengthBytes,
                     &consumed);
     const bool isExact =
-        written == static_cast<uLongf>(claimed) && consumed == static_cast<uLong>(streamSize);
+        written == static_cast<uLongf>(claimed) && consumed == static_cast<uLong>(packedSize);
     if (result != Z_OK || !isExact)
         return {};
     return unpacked;

@@ -25,7 +25,7 @@ void TestArchiveGuard::refusesHostileArchives_data()
     const auto row = [](const char *name, const Change &change) { QTest::newRow(name) << change; };
     // Entry 0 is a folder, 1 deflated, 2 stored.
     const auto both =
-        [&row](const char *name, int entry, std::function<void(BuiltHeader &)> change) {
+        [&row](const char *name, int entry, const std::function<void(BuiltHeader &)> &change) {
             row(name, [entry, change](BuiltArchive &archive) {
                 change(archive.entries[entry].local);
                 change(archive.entries[entry].directory);

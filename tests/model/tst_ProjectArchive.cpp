@@ -119,7 +119,7 @@ void TestProjectArchive::readsWhatOthersWrite_data()
     adds("UTF-8 without its mark", storedEntry("g\xc3\xb6ld", gold), QStringLiteral("göld"));
     adds("old encoding", storedEntry("g\xf6ld", gold), QStringLiteral("göld"));
     BuiltEntry entry = storedEntry("gold", gold);
-    entry.localExtra = "\x55\x54\x01\x00\x00";
+    entry.localExtra = QByteArray::fromHex("5554010000");
     entry.madeBy = 0;
     entry.attributes = 0x20;
     adds("made on another system, extra field", entry, name);
