@@ -83,10 +83,11 @@ QByteArray archiveOf(const GuardedEntry &entry, const QByteArray &packed)
     return archive;
 }
 
-QByteArray unpack(const GuardedEntry &entry, const QByteArray &packed)
+QByteArray unpack(const GuardedEntry &entry, QByteArray packed)
 {
-    QByteArray archive = archiveOf(entry, packed);
-    QBuffer buffer(&archive);
+    // A large surface stands twice in memory, not three times.
+    packed = archiveOf(entry, packed);
+    QBuffer buffer(&packed);
     buffer.open(QIODevice::ReadOnly);
     const QZipReader reader(&buffer);
     return reader.fileData(QStringLiteral("entry"));
@@ -142,13 +143,13 @@ std::optional<QByteArray> ProjectArchiveReader::content(const QString &name)
     const GuardedEntry &entry = m_entries.at(*place);
     if (!m_archive->seek(entry.dataAt))
         return {};
-    const QByteArray packed = m_archive->read(entry.packedSize);
+    QByteArray packed = m_archive->read(entry.packedSize);
     // The file may have been written to since it was checked.
     if (packed.size() != entry.packedSize || checksum(packed) != entry.packedCrc)
         return {};
     if (entry.size == 0)
         return QByteArray("");
-    QByteArray content = unpack(entry, packed);
+    QByteArray content = unpack(entry, std::move(packed));
     if (content.size() != entry.size || checksum(content) != entry.crc)
         return {};
     return content;

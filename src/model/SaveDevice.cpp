@@ -222,7 +222,7 @@ bool SaveDevice::openNameless()
 {
 #ifdef O_TMPFILE
     // Naming the file later on goes through this folder.
-    if (access("/proc/self/fd", X_OK) != 0)
+    if (!allows(Step::Nameless) || access("/proc/self/fd", X_OK) != 0)
         return false;
     const QByteArray folder = QFile::encodeName(QFileInfo(m_target).path());
     const int handle = ::open(folder.constData(), O_TMPFILE | O_WRONLY | O_CLOEXEC, 0666);

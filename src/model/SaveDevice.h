@@ -28,8 +28,9 @@ public:
     bool seek(qint64 position) override;
 
 protected:
-    enum class Step { Open, KeepMode, Write, Sync, Move };
-    /// Asked before every step on the disk; a test answers false to let that step fail.
+    enum class Step { Nameless, Open, KeepMode, Write, Sync, Move };
+    /// Asked before every step on the disk; a test answers false to let that step fail. Without
+    /// Nameless the file has a name from the start, as on file systems that know no other.
     virtual bool allows(Step) { return true; }
 
     qint64 readData(char *, qint64) override { return -1; }

@@ -21,6 +21,24 @@ namespace {
 
 const QByteArray xml = "<vesperine_project>\n    <bodies/>\n</vesperine_project>\n";
 
+/// Counts what is written and keeps nothing.
+class CountingDevice : public QIODevice
+{
+public:
+    qint64 size() const override { return m_size; }
+
+protected:
+    qint64 readData(char *, qint64) override { return -1; }
+    qint64 writeData(const char *, qint64 length) override
+    {
+        m_size = std::max(m_size, pos() + length);
+        return length;
+    }
+
+private:
+    qint64 m_size = 0;
+};
+
 // A small project as the program saves it.
 QByteArray smallProject()
 {
@@ -50,6 +68,7 @@ private Q_SLOTS:
     void readsWhatOthersWrite();
     void manyEntries();
     void writerRefusesWhatTheFormatCannotHold();
+    void writerStopsAtFourGigabytes();
     void readsRegularFilesOnly();
     void fileChangedAfterTheCheck();
     void unpacking_data();
@@ -199,6 +218,28 @@ void TestProjectArchive::writerRefusesWhatTheFormatCannotHold()
     QVERIFY(!closes([](auto &writer) { return writer.addFile(QString(QChar(0xD800)), {}); }));
     QVERIFY(
         !closes([](auto &writer) { return writer.addFile(QString(65536, QLatin1Char('a')), {}); }));
+}
+
+void TestProjectArchive::writerStopsAtFourGigabytes()
+{
+    CountingDevice device;
+    device.open(QIODevice::WriteOnly);
+    ProjectArchiveWriter writer(device);
+    const QByteArray part(1 << 28, 'x');
+    for (int i = 0; i < 15; ++i)
+        QVERIFY(writer.addFile(QString::number(i), part));
+    // What is left for names and headers is known beforehand, to the byte.
+    constexpr qint64 most = 0xffffffff;
+    const qint64 header = 30 + 4;
+    qint64 directory = 22 + (46 + 4);
+    for (int i = 0; i < 15; ++i)
+        directory += 46 + QByteArray::number(i).size();
+    const auto last = static_cast<int>(most - device.size() - header - directory);
+    QVERIFY(writer.addFile(QStringLiteral("last"), part.left(last)));
+    const qint64 written = device.size();
+    QVERIFY(!writer.addFile(QStringLiteral("more"), {}));
+    QCOMPARE(device.size(), written);
+    QVERIFY(writer.reason().contains(QLatin1String("4 GiB")));
 }
 
 void TestProjectArchive::readsRegularFilesOnly()

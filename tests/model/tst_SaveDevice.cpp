@@ -36,26 +36,33 @@ QStringList filesIn(const QString &folder)
                                   QDir::NoDotAndDotDot);
 }
 
-/// Fails at one step of a save, and at the same kind of step never again.
-class FaultyDevice : public SaveDevice
+/// A saver whose file has a name from the start, and that may fail at one step.
+class TestedDevice : public SaveDevice
 {
 public:
-    FaultyDevice(const QString &path, int failingStep)
+    static constexpr int never = -1;
+
+    TestedDevice(const QString &path, bool isNamed, int failingStep = never)
         : SaveDevice(path)
-        , m_left(failingStep)
+        , m_isNamed(isNamed)
+        , m_failingStep(failingStep)
     {
     }
-    bool hasFailed() const { return m_left < 0; }
+    bool hasFailed() const { return m_failingStep != never && m_steps > m_failingStep; }
 
 protected:
-    bool allows(Step) override
+    bool allows(Step step) override
     {
+        if (step == Step::Nameless)
+            return !m_isNamed;
         errno = EIO;
-        return m_left-- != 0;
+        return m_steps++ != m_failingStep;
     }
 
 private:
-    int m_left;
+    bool m_isNamed;
+    int m_failingStep;
+    int m_steps = 0;
 };
 
 // Several megabytes that tell their @p round at every place.
@@ -76,10 +83,10 @@ bool saveProject(SaveDevice &device, const QByteArray &content)
 }
 
 // What the killed program does: saves until it is ended.
-int saveForEver(const QString &path, int firstRound)
+int saveForEver(const QString &path, int firstRound, bool isNamed)
 {
     for (int round = firstRound;; ++round) {
-        SaveDevice device(path);
+        TestedDevice device(path, isNamed);
         if (!saveProject(device, contentOfRound(round)))
             return 1;
         if (round == firstRound) {
@@ -87,6 +94,13 @@ int saveForEver(const QString &path, int firstRound)
             std::fflush(stdout);
         }
     }
+}
+
+void eitherWay()
+{
+    QTest::addColumn<bool>("isNamed");
+    QTest::newRow("nameless until it is moved") << false;
+    QTest::newRow("named from the start") << true;
 }
 
 bool isWholeProject(const QString &path)
@@ -118,7 +132,9 @@ private Q_SLOTS:
     void refusesWhatIsNoFile();
     void removesWhatAKilledSaverLeft();
     void longNames();
+    void saversSideBySide_data();
     void saversSideBySide();
+    void killedAtAnyMoment_data();
     void killedAtAnyMoment();
 };
 
@@ -162,30 +178,32 @@ void TestSaveDevice::nothingIsLeftWithoutCommit()
 void TestSaveDevice::everyFailureKeepsTheOldFile_data()
 {
     QTest::addColumn<QByteArray>("old");
-    QTest::newRow("over an old file") << QByteArray("old");
-    QTest::newRow("a new file") << QByteArray();
+    QTest::addColumn<bool>("isNamed");
+    QTest::newRow("over an old file") << QByteArray("old") << false;
+    QTest::newRow("a new file") << QByteArray() << false;
+    QTest::newRow("over an old file, named") << QByteArray("old") << true;
+    QTest::newRow("a new file, named") << QByteArray() << true;
 }
 
 void TestSaveDevice::everyFailureKeepsTheOldFile()
 {
     QFETCH(QByteArray, old);
+    QFETCH(bool, isNamed);
     const QTemporaryDir folder;
     const QString path = folder.filePath(QStringLiteral("a"));
     if (!old.isEmpty())
         put(path, old);
     const QStringList filesBefore = filesIn(folder.path());
     int failures = 0;
-    for (int step = 0;; ++step) {
-        FaultyDevice device(path, step);
-        const bool saved = saveProject(device, "new");
-        QCOMPARE(saved, !device.hasFailed());
-        if (saved)
-            break;
-        ++failures;
-        QVERIFY(!device.errorString().isEmpty());
-        QCOMPARE(filesIn(folder.path()), filesBefore);
-        if (!old.isEmpty())
-            QCOMPARE(contentOf(path), old);
+    for (bool saved = false; !saved; failures += saved ? 0 : 1) {
+        {
+            TestedDevice device(path, isNamed, failures);
+            saved = saveProject(device, "new");
+            QCOMPARE(saved, !device.hasFailed());
+            QVERIFY(saved || !device.errorString().isEmpty());
+        }
+        QVERIFY(saved || filesIn(folder.path()) == filesBefore);
+        QVERIFY(saved || old.isEmpty() || contentOf(path) == old);
     }
     // Opening, mode, sync, move, and at least one write for each part of the archive.
     QVERIFY2(failures > 12, qPrintable(QString::number(failures)));
@@ -298,18 +316,24 @@ void TestSaveDevice::longNames()
     QCOMPARE(filesIn(folder.path()), QStringList{name});
 }
 
+void TestSaveDevice::saversSideBySide_data()
+{
+    eitherWay();
+}
+
 void TestSaveDevice::saversSideBySide()
 {
+    QFETCH(bool, isNamed);
     const QTemporaryDir folder;
     const QString path = folder.filePath(QStringLiteral("a.vep"));
     constexpr int savers = 4;
-    constexpr int rounds = 40;
+    constexpr int rounds = 20;
     std::vector<std::unique_ptr<QThread>> threads;
     std::atomic<int> failures{0};
     for (int saver = 0; saver < savers; ++saver) {
         threads.emplace_back(QThread::create([&] {
             for (int round = 0; round < rounds; ++round) {
-                SaveDevice device(path, SaveDevice::Sync::Later);
+                TestedDevice device(path, isNamed);
                 failures += saveProject(device, contentOfRound(round)) ? 0 : 1;
             }
         }));
@@ -323,16 +347,25 @@ void TestSaveDevice::saversSideBySide()
     QCOMPARE(filesIn(folder.path()), QStringList{QStringLiteral("a.vep")});
 }
 
+void TestSaveDevice::killedAtAnyMoment_data()
+{
+    eitherWay();
+}
+
 void TestSaveDevice::killedAtAnyMoment()
 {
+    QFETCH(bool, isNamed);
     const QTemporaryDir folder;
     const QString path = folder.filePath(QStringLiteral("a.vep"));
     QRandomGenerator random(4);
-    constexpr int kills = 200;
+    const int kills = isNamed ? 50 : 200;
     for (int kill = 0; kill < kills; ++kill) {
         QProcess saver;
         saver.start(QCoreApplication::applicationFilePath(),
-                    {QStringLiteral("--save-for-ever"), path, QString::number(kill)});
+                    {QStringLiteral("--save-for-ever"),
+                     path,
+                     QString::number(kill),
+                     isNamed ? QStringLiteral("named") : QString()});
         QVERIFY(saver.waitForReadyRead(30000));
         QThread::usleep(random.bounded(30000));
         saver.kill();
@@ -341,12 +374,18 @@ void TestSaveDevice::killedAtAnyMoment()
         QVERIFY(isWholeProject(path));
         QStringList files = filesIn(folder.path());
         // The process that moves the file may be a moment behind the program that was killed.
-        for (int wait = 0; wait < 100 && files.size() > 1; ++wait) {
+        for (int wait = 0; !isNamed && wait < 100 && files.size() > 1; ++wait) {
             QThread::msleep(5);
             files = filesIn(folder.path());
         }
+        // The next round removes it: there is never more than this one.
+        if (isNamed)
+            files.removeAll(QStringLiteral(".a.vep.saving"));
         QCOMPARE(files, QStringList{QStringLiteral("a.vep")});
     }
+    SaveDevice last(path);
+    QVERIFY(saveProject(last, contentOfRound(0)));
+    QCOMPARE(filesIn(folder.path()), QStringList{QStringLiteral("a.vep")});
 }
 
 int main(int argc, char *argv[])
@@ -354,7 +393,9 @@ int main(int argc, char *argv[])
     QCoreApplication application(argc, argv);
     const QStringList arguments = QCoreApplication::arguments();
     if (arguments.value(1) == QLatin1String("--save-for-ever"))
-        return saveForEver(arguments.value(2), arguments.value(3).toInt());
+        return saveForEver(arguments.value(2),
+                           arguments.value(3).toInt(),
+                           arguments.value(4) == QLatin1String("named"));
     TestSaveDevice test;
     return QTest::qExec(&test, argc, argv);
 }
