@@ -19,7 +19,8 @@ class PoolTask
 {
 public:
     PoolTask() = default;
-    /// Starts @p work. Then @p finished is called on the pool's thread.
+    /// Starts @p work. Then @p finished is called on the pool's thread, before anybody gets at the
+    /// result: who waited for it may destroy what @p finished uses.
     explicit PoolTask(std::function<Result()> work, std::function<void()> finished = {})
         : m_slot(std::make_shared<Slot>())
     {
@@ -30,12 +31,20 @@ public:
     /// False for a default-made task, and after take().
     bool isValid() const { return m_slot != nullptr; }
 
+    /// True when take() would not have to wait.
+    bool isFinished() const
+    {
+        const std::lock_guard lock(m_slot->mutex);
+        return m_slot->result.has_value();
+    }
+
+    void wait() const { m_slot->waitLocked(); }
+
     /// Waits for the result and hands it over; once.
     Result take()
     {
         const auto slot = std::move(m_slot);
-        std::unique_lock lock(slot->mutex);
-        slot->condition.wait(lock, [&slot] { return slot->result.has_value(); });
+        const auto lock = slot->waitLocked();
         return std::move(*slot->result);
     }
 
@@ -45,6 +54,13 @@ private:
         std::mutex mutex;
         std::condition_variable condition;
         std::optional<Result> result;
+
+        std::unique_lock<std::mutex> waitLocked()
+        {
+            std::unique_lock lock(mutex);
+            condition.wait(lock, [this] { return result.has_value(); });
+            return lock;
+        }
     };
 
     class Runnable : public QRunnable
@@ -65,13 +81,11 @@ private:
             const std::lock_guard own(m_mutex);
             Result result = m_work();
             m_work = nullptr; // what the work held is free before anybody is told
-            {
-                const std::lock_guard lock(m_slot->mutex);
-                m_slot->result = std::move(result);
-                m_slot->condition.notify_all();
-            }
+            const std::lock_guard lock(m_slot->mutex);
+            m_slot->result = std::move(result);
             if (m_finished)
                 m_finished();
+            m_slot->condition.notify_all();
         }
 
     private:

@@ -1,0 +1,10 @@
+#include "imaging/AsyncUpdateThread.h"
+
+AsyncUpdateThreadBase::AsyncUpdateThreadBase()
+{
+    connect(this,
+            &AsyncUpdateThreadBase::taskComputed,
+            this,
+            &AsyncUpdateThreadBase::updateTaskFinished,
+            Qt::QueuedConnection);
+}

@@ -1,0 +1,75 @@
+#include "model/NormalMapProcessor.h"
+
+#include "imaging/AsyncUpdateThread.h"
+#include "imaging/NormalEncoding.h"
+#include "imaging/NormalMapUpdateAlgorithm.h"
+#include "model/Body.h"
+#include "model/PropertyAngleImage.h"
+#include "model/Sprite.h"
+
+NormalMapProcessor::NormalMapProcessor(Body &body)
+    : m_body(body)
+    , m_normalMap(flatNormalMap(body.sprite().image().size()))
+    , m_surfaceObservation(ChangeManager::instance().observe(body.paintedNormalMap(), *this))
+    , m_spriteObservation(ChangeManager::instance().observe(body.sprite(), *this))
+    , m_algorithm(std::make_unique<NormalMapUpdateAlgorithm>())
+    , m_thread(
+          std::make_unique<AsyncUpdateThread<NormalMapUpdateParams, QPair<AngleImage, QImage>>>(
+              m_algorithm.get(), true))
+{
+    connect(m_thread.get(),
+            &AsyncUpdateThreadBase::resultAvailable,
+            this,
+            &NormalMapProcessor::normalMapUpdateFinished);
+    updateAll();
+}
+
+NormalMapProcessor::~NormalMapProcessor() = default;
+
+void NormalMapProcessor::updateAll()
+{
+    NormalMapUpdateParams params;
+    params.image = m_body.surface();
+    // For the pieces that may be merged into this request while it waits.
+    params.mask = m_mask;
+    m_requestedSize = params.image.size();
+    m_thread->requestUpdate(params);
+}
+
+void NormalMapProcessor::updateRect(const AngleImage &piece, const QRect &rect)
+{
+    const QRect area = rect.isNull() ? piece.rect() : rect;
+    if (piece.isNull() || area.isEmpty())
+        return;
+    m_thread->requestUpdate({{}, {piece}, {area}, m_mask});
+}
+
+void NormalMapProcessor::setMask(const FloatImage &mask)
+{
+    waitForIdle();
+    m_mask = mask;
+}
+
+void NormalMapProcessor::waitForIdle()
+{
+    m_thread->waitForIdle();
+}
+
+void NormalMapProcessor::observableChanged(Observable &observable)
+{
+    // The sprite only lends its size, and only to a surface that is not painted yet.
+    const bool isSprite = &observable == &m_body.sprite();
+    if (isSprite && !m_body.paintedSize().isEmpty())
+        return;
+    if (isSprite && m_body.sprite().image().size() == m_requestedSize)
+        return;
+    updateAll();
+}
+
+void NormalMapProcessor::normalMapUpdateFinished()
+{
+    m_angleImage = m_thread->result().first;
+    m_normalMap = m_thread->result().second;
+    m_changedArea = changedBy(m_thread->finishedParams(), m_normalMap.size()).boundingRect();
+    Q_EMIT normalMapChanged(m_normalMap);
+}

@@ -1,0 +1,73 @@
+#pragma once
+
+#include "imaging/AngleImage.h"
+#include "imaging/FloatImage.h"
+#include "model/properties/ChangeManager.h"
+#include "model/properties/Observer.h"
+
+#include <QImage>
+#include <QObject>
+#include <QPair>
+
+#include <memory>
+
+class Body;
+class NormalMapUpdateAlgorithm;
+struct NormalMapUpdateParams;
+template <class Params, class Result>
+class AsyncUpdateThread;
+
+/// Keeps the normal map of one body up to date in the background, with what its surface holds and
+/// with what a tool is painting on it. The body is borrowed and outlives this; used on the
+/// interface thread only.
+class NormalMapProcessor : public QObject, public Observer
+{
+    Q_OBJECT
+
+public:
+    /// Starts a full update.
+    explicit NormalMapProcessor(Body &body);
+    ~NormalMapProcessor() override;
+
+    Body &body() const { return m_body; }
+    /// The normal map last published; flat in the sprite's size before the first.
+    const QImage &normalMap() const { return m_normalMap; }
+    /// The surface that the normal map was computed from; null before the first.
+    const AngleImage &angleImage() const { return m_angleImage; }
+    /// What the last update may have changed in the normal map, clipped to it; all of it after a
+    /// full update, nothing before the first.
+    const QRect &changedArea() const { return m_changedArea; }
+
+    /// Computes the body's surface anew; what was painted on it and not committed goes.
+    void updateAll();
+    /// Shows @p piece, of the surface's or the rectangle's size, at @p rect until the next full
+    /// update. A null rectangle means the piece's whole area.
+    void updateRect(const AngleImage &piece, const QRect &rect);
+    /// Waits until idle; later pieces are confined to @p mask, null for none.
+    void setMask(const FloatImage &mask);
+    /// Returns when all updates are computed and published.
+    void waitForIdle();
+
+    void observableChanged(Observable &observable) override;
+
+public Q_SLOTS:
+    void normalMapUpdateFinished();
+
+Q_SIGNALS:
+    /// There is a new normal map. To keep the image past the next signal makes the update after
+    /// that copy it whole.
+    void normalMapChanged(const QImage &normals);
+
+private:
+    Body &m_body;
+    FloatImage m_mask;
+    QImage m_normalMap;
+    AngleImage m_angleImage;
+    QRect m_changedArea;
+    QSize m_requestedSize;
+    Observation m_surfaceObservation;
+    Observation m_spriteObservation;
+    // Destroyed from the last to the first: the thread waits for a task that uses the algorithm.
+    std::unique_ptr<NormalMapUpdateAlgorithm> m_algorithm;
+    std::unique_ptr<AsyncUpdateThread<NormalMapUpdateParams, QPair<AngleImage, QImage>>> m_thread;
+};
