@@ -4,7 +4,6 @@
 
 #include <QIODevice>
 #include <QSet>
-#include <QTextCodec>
 #include <QtEndian>
 
 #include <algorithm>
@@ -330,11 +329,8 @@ bool Guard::readContent(int index, TrialInflation *trial)
 // keeps them apart. The locale has no say, so that an archive reads alike everywhere.
 QString decodeName(const QByteArray &name)
 {
-    QTextCodec::ConverterState state(QTextCodec::IgnoreHeader);
-    const QTextCodec *utf8 = QTextCodec::codecForName("UTF-8");
-    const QString text = utf8->toUnicode(name.constData(), name.size(), &state);
-    const bool isUtf8 = state.invalidChars == 0 && state.remainingChars == 0;
-    return isUtf8 ? text : QString::fromLatin1(name);
+    QString text = QString::fromUtf8(name);
+    return text.toUtf8() == name ? text : QString::fromLatin1(name);
 }
 
 } // namespace
