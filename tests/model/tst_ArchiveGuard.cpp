@@ -9,29 +9,24 @@
 using Change = std::function<void(BuiltArchive &)>;
 Q_DECLARE_METATYPE(Change)
 
-class TestArchiveGuard : public QObject
+namespace {
+
+void row(const char *name, const Change &change)
 {
-    Q_OBJECT
+    QTest::newRow(name) << change;
+}
 
-private Q_SLOTS:
-    void refusesHostileArchives_data();
-    void refusesHostileArchives();
-    void refusesBombs();
-};
-
-void TestArchiveGuard::refusesHostileArchives_data()
+// Changes both headers of an entry alike. Entry 0 is a folder, 1 deflated, 2 stored.
+void both(const char *name, int entry, const std::function<void(BuiltHeader &)> &change)
 {
-    QTest::addColumn<Change>("change");
-    const auto row = [](const char *name, const Change &change) { QTest::newRow(name) << change; };
-    // Entry 0 is a folder, 1 deflated, 2 stored.
-    const auto both =
-        [&row](const char *name, int entry, const std::function<void(BuiltHeader &)> &change) {
-            row(name, [entry, change](BuiltArchive &archive) {
-                change(archive.entries[entry].local);
-                change(archive.entries[entry].directory);
-            });
-        };
+    row(name, [entry, change](BuiltArchive &archive) {
+        change(archive.entries[entry].local);
+        change(archive.entries[entry].directory);
+    });
+}
 
+void addEndRows()
+{
     row("second disk", [](BuiltArchive &archive) { archive.disk = 1; });
     row("entry on a second disk", [](BuiltArchive &archive) { archive.entries[1].disk = 1; });
     row("more entries than there are",
@@ -46,7 +41,10 @@ void TestArchiveGuard::refusesHostileArchives_data()
     row("directory is outside", [](BuiltArchive &archive) { archive.directoryShift = 1 << 30; });
     row("end record inside the comment",
         [](BuiltArchive &archive) { archive.comment = "PK\x05\x06 and enough behind it"; });
+}
 
+void addPlaceRows()
+{
     row("entry is outside", [](BuiltArchive &a) { a.entries[1].localAt = 0xfffffff0; });
     row("entry in the directory",
         [](BuiltArchive &a) { a.entries[1].localAt = a.bytes().size() - 60; });
@@ -69,7 +67,10 @@ void TestArchiveGuard::refusesHostileArchives_data()
     });
     both("far too large", 2, [](BuiltHeader &h) { h.size = h.packedSize = 0xffffffff; });
     both("negative in 32 bits", 2, [](BuiltHeader &h) { h.size = h.packedSize = 0x80000010; });
+}
 
+void addHeaderRows()
+{
     row("names differ", [](BuiltArchive &archive) { archive.entries[1].local.name = "other"; });
     row("flags differ", [](BuiltArchive &archive) { archive.entries[1].local.flags = 2; });
     row("methods differ", [](BuiltArchive &archive) { archive.entries[1].local.method = 0; });
@@ -90,7 +91,10 @@ void TestArchiveGuard::refusesHostileArchives_data()
         entry.behindData.clear();
         archive.add(entry);
     });
+}
 
+void addContentRows()
+{
     both("encrypted", 1, [](BuiltHeader &header) { header.flags |= 0x0001; });
     both("masked headers", 1, [](BuiltHeader &header) { header.flags |= 0x2000; });
     both("unknown method", 1, [](BuiltHeader &header) { header.method = 12; });
@@ -115,7 +119,10 @@ void TestArchiveGuard::refusesHostileArchives_data()
         [](BuiltArchive &archive) { archive.entries[1].data.fill('\xff'); });
     row("link", [](BuiltArchive &archive) { archive.entries[2].attributes = 0120777U << 16; });
     row("folder with content", [](BuiltArchive &archive) { archive.add(storedEntry("f/", "x")); });
+}
 
+void addNameRows()
+{
     const QByteArray names[] = {"",
                                 "/",
                                 ".",
@@ -141,6 +148,28 @@ void TestArchiveGuard::refusesHostileArchives_data()
         QTest::newRow(("a second " + name).constData())
             << Change([name](BuiltArchive &archive) { archive.add(storedEntry(name, {})); });
     }
+}
+
+} // namespace
+
+class TestArchiveGuard : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void refusesHostileArchives_data();
+    void refusesHostileArchives();
+    void refusesBombs();
+};
+
+void TestArchiveGuard::refusesHostileArchives_data()
+{
+    QTest::addColumn<Change>("change");
+    addEndRows();
+    addPlaceRows();
+    addHeaderRows();
+    addContentRows();
+    addNameRows();
 }
 
 void TestArchiveGuard::refusesHostileArchives()
