@@ -5,7 +5,7 @@
 #include <QRect>
 #include <QSize>
 
-#include <cstdint>
+#include <cmath>
 #include <optional>
 
 /// A painted surface: a raster of slopes in X and Y, one cell a pixel of the sprite. A value that
@@ -75,15 +75,21 @@ QByteArray encode(const AngleImage &image);
 std::optional<AngleImage> decode(const QByteArray &bytes);
 
 /// The nearest stored slope: clamped to −128…127, times 256, halves rounded away from zero (as the
-/// toolkit's and OpenCV's own rounding do not). Not a number gives 0.
+/// toolkit's and OpenCV's own rounding do not). Not a number gives 0. In 32 bits and without
+/// branches, so that loops of it become vectors.
+inline qint32 roundedSlope(float slope)
+{
+    // One half itself, added to the largest float below a half, would round up.
+    constexpr float almostHalf = 0.49999997F;
+    const float scaled = slope * 256.0F;
+    const float moved = scaled + std::copysign(almostHalf, scaled);
+    const float notBelow = moved > -32768.0F ? moved : -32768.0F;
+    const float clamped = moved < 32512.0F ? notBelow : 32512.0F;
+    return slope == slope ? static_cast<qint32>(clamped) : 0;
+}
+
+/// The same as a half of a cell.
 inline qint16 toStoredSlope(float slope)
 {
-    const float clamped = !(slope > -128.0F) ? (slope <= -128.0F ? -128.0F : 0.0F)
-                          : slope < 127.0F   ? slope
-                                             : 127.0F;
-    const float scaled = clamped * 256.0F;
-    const auto whole = static_cast<int>(scaled);
-    // Adding one half would round the largest float below a half up.
-    const float rest = scaled - static_cast<float>(whole);
-    return static_cast<qint16>(whole + int(rest >= 0.5F) - int(rest <= -0.5F));
+    return static_cast<qint16>(roundedSlope(slope));
 }

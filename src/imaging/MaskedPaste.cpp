@@ -1,32 +1,9 @@
 #include "imaging/MaskedPaste.h"
 
 #include "imaging/Clipping.h"
+#include "imaging/PixelLoops.h"
 
 #include <algorithm>
-
-namespace {
-
-qint16 mean(qint16 before, qint16 after, float weight)
-{
-    const float a = float(before) / 256.0F;
-    const float b = float(after) / 256.0F;
-    return toStoredSlope(a * (1.0F - weight) + b * weight);
-}
-
-void pasteRow(AngleImage::Pixel *target,
-              const AngleImage::Pixel *source,
-              const float *mask,
-              int count)
-{
-    for (int i = 0; i < count; ++i) {
-        // The mean would saturate a kept cell as well.
-        if (mask[i] != 0.0F)
-            target[i] = {mean(target[i].sx, source[i].sx, mask[i]),
-                         mean(target[i].sy, source[i].sy, mask[i])};
-    }
-}
-
-} // namespace
 
 QRect pasteMasked(AngleImage &target,
                   const FloatImage &mask,
@@ -50,7 +27,7 @@ QRect pasteMasked(AngleImage &target,
         if (mask.isNull())
             std::copy_n(from, area.width(), to);
         else
-            pasteRow(to, from, mask.row(y) + area.left(), area.width());
+            fastestPixelLoops().mix(to, from, mask.row(y) + area.left(), area.width());
     }
     return area;
 }

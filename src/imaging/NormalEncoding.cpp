@@ -1,7 +1,7 @@
 #include "imaging/NormalEncoding.h"
 
 #include "imaging/Clipping.h"
-#include "imaging/NormalRows.h"
+#include "imaging/PixelLoops.h"
 
 #include <algorithm>
 
@@ -46,14 +46,13 @@ QImage flatNormalMap(const QSize &size)
 
 QRect toNormalMap(const AngleImage &surface, QImage &image, const QRect &rect, bool flipY)
 {
-    static const NormalRow encodeRow = normalRows().back();
     const QRect area = clipped(rect, surface.rect());
     if (area.isEmpty() || !isNormalMapOf(image, surface.size()))
         return {};
+    const float yScale = flipY ? slopeUnit : -slopeUnit;
     for (int y = area.top(); y <= area.bottom(); ++y) {
         auto *pixels = reinterpret_cast<QRgb *>(image.scanLine(y)) + area.left();
-        encodeRow(
-            surface.row(y) + area.left(), pixels, area.width(), flipY ? slopeUnit : -slopeUnit);
+        fastestPixelLoops().encode(surface.row(y) + area.left(), pixels, area.width(), yScale);
     }
     return area;
 }

@@ -4,6 +4,7 @@
 
 #include <QTest>
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -35,6 +36,7 @@ private Q_SLOTS:
     void equalityIsOfSizeAndCells();
     void slopesRoundHalvesAwayFromZero_data();
     void slopesRoundHalvesAwayFromZero();
+    void everyHalfAndItsNeighbours();
 };
 
 void TestAngleImage::bytesOfTheFile()
@@ -150,6 +152,18 @@ void TestAngleImage::slopesRoundHalvesAwayFromZero()
     QFETCH(float, slope);
     QFETCH(int, stored);
     QCOMPARE(int(toStoredSlope(slope)), stored);
+}
+
+void TestAngleImage::everyHalfAndItsNeighbours()
+{
+    const float end = std::numeric_limits<float>::infinity();
+    for (int i = -33000; i < 33000; ++i) {
+        const float half = (float(i) + 0.5F) / 256.0F;
+        for (const float slope : {std::nextafter(half, -end), half, std::nextafter(half, end)}) {
+            const double clamped = std::clamp(double(slope), -128.0, 127.0);
+            QCOMPARE(long(toStoredSlope(slope)), std::lround(clamped * 256.0));
+        }
+    }
 }
 
 QTEST_GUILESS_MAIN(TestAngleImage)

@@ -1,4 +1,5 @@
 #include "imaging/HeightsToAngles.h"
+#include "imaging/PixelLoops.h"
 #include "support/Pictures.h"
 
 #include <QTest>
@@ -42,6 +43,7 @@ private Q_SLOTS:
     void pictures_data();
     void pictures();
     void everySizeAndRectangle();
+    void everyLoopGivesTheSameSlopes();
     void nothingToDoChangesNothing_data();
     void nothingToDoChangesNothing();
 };
@@ -90,6 +92,22 @@ void TestHeightsToAngles::everySizeAndRectangle()
         const QRect area = rect.isNull() ? heights.rect() : rect & heights.rect();
         QCOMPARE(heightsToAngles(heights, surface, rect), area);
         QCOMPARE(surface, plainHeightsToAngles(heights, area));
+    }
+}
+
+void TestHeightsToAngles::everyLoopGivesTheSameSlopes()
+{
+    std::mt19937 random(6);
+    for (int width = 3; width < 80; ++width) {
+        const FloatImage heights = randomFloats(width, 3, -200.0F, 200.0F, random);
+        for (const PixelLoops &loops : pixelLoops()) {
+            std::vector<AngleImage::Pixel> row(std::size_t(width) - 1, {7, 7});
+            loops.derive(
+                heights.row(0) + 1, heights.row(1) + 1, heights.row(2) + 1, row.data(), width - 2);
+            for (int c = 1; c < width - 1; ++c)
+                QVERIFY(row[std::size_t(c) - 1] == plainSlopes(heights, c, 1));
+            QVERIFY((row.back() == AngleImage::Pixel{7, 7}));
+        }
     }
 }
 

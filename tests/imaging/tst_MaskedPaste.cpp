@@ -1,4 +1,5 @@
 #include "imaging/MaskedPaste.h"
+#include "imaging/PixelLoops.h"
 #include "support/Pictures.h"
 
 #include <QTest>
@@ -63,6 +64,7 @@ private Q_SLOTS:
     void weights_data();
     void weights();
     void anyRectangleAnywhere();
+    void everyLoopGivesTheSameCells();
     void anImageIntoItself();
     void emptyRectangles_data();
     void emptyRectangles();
@@ -119,6 +121,23 @@ void TestMaskedPaste::anyRectangleAnywhere()
         const QRect reported = pasteMasked(target, mask, position, source, rect);
         QCOMPARE(target, expected);
         QVERIFY(reported == pasted || (reported.isEmpty() && pasted.isEmpty()));
+    }
+}
+
+void TestMaskedPaste::everyLoopGivesTheSameCells()
+{
+    std::mt19937 random(7);
+    for (int width = 1; width < 80; ++width) {
+        const AngleImage before = randomAngles(width, 1, random);
+        const AngleImage source = randomAngles(width, 1, random);
+        const FloatImage mask = randomMask(before.size(), random);
+        AngleImage expected = before;
+        plainPaste(expected, mask, {0, 0}, source, source.rect());
+        for (const PixelLoops &loops : pixelLoops()) {
+            AngleImage target = before;
+            loops.mix(target.row(0), source.row(0), mask.row(0), width);
+            QCOMPARE(target, expected);
+        }
     }
 }
 

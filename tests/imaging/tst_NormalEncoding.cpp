@@ -1,5 +1,5 @@
 #include "imaging/NormalEncoding.h"
-#include "imaging/NormalRows.h"
+#include "imaging/PixelLoops.h"
 #include "support/Pictures.h"
 
 #include <QTest>
@@ -94,11 +94,11 @@ void TestNormalEncoding::everyLoopGivesTheFormulasPixels()
     for (int width = 1; width < 40; ++width)
         surfaces.push_back(randomAngles(width, 1, random));
 
-    for (const NormalRow encodeRow : normalRows()) {
+    for (const PixelLoops &loops : pixelLoops()) {
         for (const AngleImage &surface : surfaces) {
             const int count = surface.width() * surface.height();
             std::vector<QRgb> row(std::size_t(count) + 1, 0x12345678U);
-            encodeRow(surface.row(0), row.data(), count, -0.00390625F);
+            loops.encode(surface.row(0), row.data(), count, -0.00390625F);
             for (int i = 0; i < count; ++i)
                 QCOMPARE(row[std::size_t(i)], plainNormal(surface.row(0)[i]));
             QCOMPARE(row.back(), 0x12345678U);
