@@ -1,0 +1,58 @@
+#include "Ratio.h"
+
+#include <benchmark/benchmark.h>
+
+#include <algorithm>
+#include <chrono>
+#include <vector>
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+double secondsOf(const std::function<void()> &work)
+{
+    const auto start = Clock::now();
+    work();
+    return std::chrono::duration<double>(Clock::now() - start).count();
+}
+
+double median(std::vector<double> values)
+{
+    const auto middle = values.begin() + std::ptrdiff_t(values.size() / 2);
+    std::nth_element(values.begin(), middle, values.end());
+    return *middle;
+}
+
+void measure(benchmark::State &state, double goal, const std::function<Contest()> &prepare)
+{
+    constexpr std::size_t fewestRounds = 21;
+    constexpr double shortestTime = 1.0;
+    const Contest contest = prepare();
+    // The first touch of the memory is nobody's work.
+    contest.work();
+    contest.reference();
+
+    std::vector<double> ratios;
+    std::vector<double> times;
+    for ([[maybe_unused]] auto once : state) {
+        for (double total = 0.0; total < shortestTime || ratios.size() < fewestRounds;) {
+            const double work = secondsOf(contest.work);
+            const double reference = secondsOf(contest.reference);
+            times.push_back(work);
+            ratios.push_back(reference / work);
+            total += work + reference;
+        }
+    }
+    state.counters["ratio"] = median(ratios);
+    state.counters["goal"] = goal;
+    state.counters["milliseconds"] = 1000.0 * median(times);
+}
+
+} // namespace
+
+bool addRatio(const std::string &name, double goal, const std::function<Contest()> &prepare)
+{
+    benchmark::RegisterBenchmark(name.c_str(), measure, goal, prepare)->Iterations(1);
+    return true;
+}
