@@ -19,7 +19,8 @@ QRect pasteMasked(AngleImage &target,
                   const AngleImage &source,
                   const QRect &sourceRect = {});
 
-/// The same for a source of the target's size: @p rect is taken at the same place in both.
+/// The same for a source of the target's size: @p rect is taken at the same place in both. It is
+/// clipped to both where the sizes differ; the empty rectangle means the whole source.
 QRect copyRegion(AngleImage &target,
                  const FloatImage &mask,
                  const AngleImage &source,
