@@ -14,6 +14,12 @@ class Project;
 /// Where the normal maps of an export go, and what happens when one fails.
 struct NormalMapExport
 {
+    /// Of the PNG writer. Measured on the sample project's maps and one of 1024×1024 with grain,
+    /// against the writer's default: 50 gives the same size in 0.4 of the time, 60 a tenth more
+    /// bytes in 0.3, 80 14 % more in 0.2, 90 and above twice as many; 20 and below gain half a
+    /// percent in twice the time.
+    static constexpr int pngQuality = 50;
+
     GFileName directory; ///< beside each sprite when empty
     QString suffix;
     bool goesOn = false; ///< after a body that fails, else the first failure ends the export
