@@ -1,6 +1,7 @@
 #include "model/NormalMapProcessor.h"
 
 #include "imaging/NormalEncoding.h"
+#include "imaging/PoolTask.h"
 #include "model/ImageReading.h"
 #include "model/Project.h"
 #include "model/PropertyAngleImage.h"
@@ -10,7 +11,6 @@
 
 #include <QCoreApplication>
 #include <QTest>
-#include <QThreadPool>
 
 #include <deque>
 #include <semaphore>
@@ -23,9 +23,11 @@ class BusyPool
 public:
     BusyPool()
     {
-        const int count = QThreadPool::globalInstance()->maxThreadCount();
-        for (int i = 0; i < count; ++i)
-            QThreadPool::globalInstance()->start([this] { m_gate.acquire(); });
+        for (int i = 0; i < QThreadPool::globalInstance()->maxThreadCount(); ++i)
+            m_tasks.emplace_back([this] {
+                m_gate.acquire();
+                return true;
+            });
     }
     ~BusyPool() { open(); }
     BusyPool(const BusyPool &) = delete;
@@ -33,12 +35,15 @@ public:
 
     void open()
     {
-        m_gate.release(QThreadPool::globalInstance()->maxThreadCount());
-        QThreadPool::globalInstance()->waitForDone();
+        m_gate.release(std::ptrdiff_t(m_tasks.size()));
+        for (auto &task : m_tasks)
+            task.take();
+        m_tasks.clear();
     }
 
 private:
     std::counting_semaphore<> m_gate{0};
+    std::deque<PoolTask<bool>> m_tasks;
 };
 
 // A body, and a second opinion on what its normal map has to be.
