@@ -55,14 +55,14 @@ struct Painting
         setSprite(size);
     }
 
-    void setSprite(const QSize &size)
+    void setSprite(const QSize &size) const
     {
         QImage image(size, QImage::Format_ARGB32);
         image.fill(Qt::blue);
         body.sprite().load(ReadImage{true, {}, image, {}}, {}, false);
     }
 
-    void commit(const AngleImage &surface)
+    void commit(const AngleImage &surface) const
     {
         body.paintedNormalMap().setAngleImage(surface, QStringLiteral("paint"));
     }
@@ -299,9 +299,8 @@ void TestNormalMapProcessor::strokes()
     connect(&processor, &NormalMapProcessor::normalMapChanged, this, [&](const QImage &normals) {
         const QRect area = processor.changedArea();
         for (int y = area.top(); y <= area.bottom(); ++y)
-            std::copy_n(normals.constScanLine(y) + 4 * area.left(),
-                        4 * area.width(),
-                        shown.scanLine(y) + 4 * area.left());
+            for (int x = area.left(); x <= area.right(); ++x)
+                shown.setPixel(x, y, normals.pixel(x, y));
         held.emplace_back(normals, normals.copy());
         if (held.size() > std::size_t(kept))
             held.pop_front();
