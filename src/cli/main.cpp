@@ -150,91 +150,92 @@ private:
 
     void addImport()
     {
-        auto *import = command("import", "Make a normal map the surface of a body");
-        project(import);
-        outputProject(import);
-        import->add_option("--body", m_body, "The body")->required();
-        import->add_option("IMAGE", m_image, "The normal map, of the sprite's size")->required();
-        import->callback([this] {
+        auto *importing = command("import", "Make a normal map the surface of a body");
+        project(importing);
+        outputProject(importing);
+        importing->add_option("--body", m_body, "The body")->required();
+        importing->add_option("IMAGE", m_image, "The normal map, of the sprite's size")->required();
+        importing->callback([this] {
             m_command = [this](Console &console) {
                 return runImport(
-                    {text(m_project), text(m_outputProject), text(m_body), text(m_image)},
-                    console);
-    };
+                    {text(m_project), text(m_outputProject), text(m_body), text(m_image)}, console);
+            };
         });
-        } // namespace
+    } // namespace
 
-        void addReports()
-        {
-            auto *info = command("info", "Show projects and their bodies");
-            info->add_option("PROJECT", m_projects, "Project files")->required();
-            info->add_flag("--json", m_json, "One JSON object a project, a line each");
-            info->callback([this] {
-                m_command = [this](Console &console) {
-                    return runInfo({texts(m_projects), m_json}, console);
-                };
-            });
-            auto *check = command("check", "Name missing, changed, resized and damaged bodies");
-            check->add_option("PROJECT", m_projects, "Project files")->required();
-            check->callback([this] {
-                m_command = [this](Console &console) {
-                    return runCheck(texts(m_projects), console);
-                };
-            });
-        }
+    void addReports()
+    {
+        auto *info = command("info", "Show projects and their bodies");
+        info->add_option("PROJECT", m_projects, "Project files")->required();
+        info->add_flag("--json", m_json, "One JSON object a project, a line each");
+        info->callback([this] {
+            m_command = [this](Console &console) {
+                return runInfo({texts(m_projects), m_json}, console);
+            };
+        });
+        auto *check = command("check", "Name missing, changed, resized and damaged bodies");
+        check->add_option("PROJECT", m_projects, "Project files")->required();
+        check->callback([this] {
+            m_command = [this](Console &console) { return runCheck(texts(m_projects), console); };
+        });
+    }
 
-        void addExport()
-        {
-            auto *exporting = command("export", "Write the normal maps of projects");
-            exporting->add_option("PROJECT", m_projects, "Project files")->required();
-            auto *output = exporting->add_option("--output", m_output, "Folder of the normal maps");
-            auto *suffix = exporting->add_option("--suffix", m_suffix, "Put before the extension");
-            exporting->add_option("--jobs", m_jobs, "Maps worked on at a time")
-                ->check(CLI::Range(1, 256));
-            exporting->callback([this, output, suffix] {
-                ExportOptions options;
-                options.projects = texts(m_projects);
-                options.jobs = m_jobs;
-                if (output->count() > 0)
-                    options.output = text(m_output);
-                if (suffix->count() > 0)
-                    options.suffix = text(m_suffix);
-                m_command = [options](Console &console) { return runExport(options, console); };
-            });
-        }
+    void addExport()
+    {
+        auto *exporting = command("export", "Write the normal maps of projects");
+        exporting->add_option("PROJECT", m_projects, "Project files")->required();
+        auto *output = exporting->add_option("--output", m_output, "Folder of the normal maps");
+        auto *suffix = exporting->add_option("--suffix", m_suffix, "Put before the extension");
+        exporting->add_option("--jobs", m_jobs, "Maps worked on at a time")
+            ->check(CLI::Range(1, 256));
+        exporting->callback([this, output, suffix] {
+            ExportOptions options;
+            options.projects = texts(m_projects);
+            options.jobs = m_jobs;
+            if (output->count() > 0)
+                options.output = text(m_output);
+            if (suffix->count() > 0)
+                options.suffix = text(m_suffix);
+            m_command = [options](Console &console) { return runExport(options, console); };
+        });
+    }
 
-        void setVerbosity() const
-        {
-            constexpr int levels[] = {GLogger::warnings, GLogger::information, GLogger::debugging};
-            GLogger::setVerbosity(m_verbosity < 3 ? levels[m_verbosity] : GLogger::everything);
-        }
+    void setVerbosity() const
+    {
+        constexpr int levels[] = {GLogger::warnings, GLogger::information, GLogger::debugging};
+        GLogger::setVerbosity(m_verbosity < 3 ? levels[m_verbosity] : GLogger::everything);
+    }
 
-        CLI::App m_app{"Gives sprites a surface and writes their normal maps.", "vesperine-cli"};
-        std::function<ExitCode(Console &)> m_command;
-        int m_verbosity = 0;
-        bool m_quiet = false;
-        std::string m_project;
-        std::string m_outputProject;
-        std::vector<std::string> m_projects;
-        std::vector<std::string> m_items;
-        std::string m_search;
-        std::string m_body;
-        std::string m_image;
-        std::string m_output;
-        std::string m_suffix;
-        int m_jobs = 0;
-        bool m_force = false;
-        bool m_removeMissing = false;
-        bool m_clearResized = false;
-        bool m_json = false;
-        }
-        ;
-        } // namespace
+    CLI::App m_app{"Gives sprites a surface and writes their normal maps.", "vesperine-cli"};
+    std::function<ExitCode(Console &)> m_command;
+    int m_verbosity = 0;
+    bool m_quiet = false;
+    std::string m_project;
+    std::string m_outputProject;
+    std::vector<std::string> m_projects;
+    std::vector<std::string> m_items;
+    std::string m_search;
+    std::string m_body;
+    std::string m_image;
+    std::string m_output;
+    std::string m_suffix;
+    int m_jobs = 0;
+    bool m_force = false;
+    bool m_removeMissing = false;
+    bool m_clearResized = false;
+    bool m_json = false;
+};
+} // namespace
 
-        int main(int argc, char **argv)
-        {
-            useUtf8();
-            const QCoreApplication application(argc, argv);
-            GLogger::install();
-            return CommandLine().run(argc, argv);
-        }
+int main(int argc, char **argv)
+{
+    useUtf8();
+    const QCoreApplication application(argc, argv);
+    GLogger::install();
+    try {
+        return CommandLine().run(argc, argv);
+    } catch (const std::bad_alloc &) {
+        Console(false).complain(QStringLiteral("There is not enough memory"));
+        return int(ExitCode::Failed);
+    }
+}

@@ -4,6 +4,7 @@
 #include <QThreadPool>
 
 #include <condition_variable>
+#include <exception>
 #include <functional>
 #include <memory>
 #include <mutex>
@@ -35,16 +36,18 @@ public:
     bool isFinished() const
     {
         const std::lock_guard lock(m_slot->mutex);
-        return m_slot->result.has_value();
+        return m_slot->isDone();
     }
 
     void wait() const { m_slot->waitLocked(); }
 
-    /// Waits for the result and hands it over; once.
+    /// Waits for the result and hands it over; once. Throws what the work threw.
     Result take()
     {
         const auto slot = std::move(m_slot);
         const auto lock = slot->waitLocked();
+        if (slot->problem)
+            std::rethrow_exception(slot->problem);
         return std::move(*slot->result);
     }
 
@@ -54,11 +57,14 @@ private:
         std::mutex mutex;
         std::condition_variable condition;
         std::optional<Result> result;
+        std::exception_ptr problem;
+
+        bool isDone() const { return result.has_value() || problem; }
 
         std::unique_lock<std::mutex> waitLocked()
         {
             std::unique_lock lock(mutex);
-            condition.wait(lock, [this] { return result.has_value(); });
+            condition.wait(lock, [this] { return isDone(); });
             return lock;
         }
     };
@@ -80,10 +86,17 @@ private:
         {
             s_handOver.lock();
             s_handOver.unlock();
-            Result result = m_work();
+            std::optional<Result> result;
+            std::exception_ptr problem;
+            try {
+                result = m_work();
+            } catch (...) {
+                problem = std::current_exception();
+            }
             m_work = nullptr; // what the work held is free before anybody is told
             const std::lock_guard lock(m_slot->mutex);
             m_slot->result = std::move(result);
+            m_slot->problem = problem;
             if (m_finished)
                 m_finished();
             m_slot->condition.notify_all();

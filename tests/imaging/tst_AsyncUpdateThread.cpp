@@ -1,4 +1,5 @@
 #include "imaging/AsyncUpdateThread.h"
+#include "imaging/PoolTask.h"
 
 #include <QCoreApplication>
 #include <QSignalSpy>
@@ -79,6 +80,7 @@ private Q_SLOTS:
     void destroyedInAResult();
     void destroyedWhileRunning();
     void destroyedAnyTime();
+    void tasksHandTheirErrorsOver();
 };
 
 void TestAsyncUpdateThread::requestsWhileOneRuns_data()
@@ -236,6 +238,14 @@ void TestAsyncUpdateThread::destroyedAnyTime()
         if (round % 5 == 0)
             QCoreApplication::processEvents();
     }
+}
+
+void TestAsyncUpdateThread::tasksHandTheirErrorsOver()
+{
+    PoolTask<int> task([]() -> int { throw std::bad_alloc(); });
+    task.wait();
+    QVERIFY(task.isFinished());
+    QVERIFY_EXCEPTION_THROWN(task.take(), std::bad_alloc);
 }
 
 QTEST_GUILESS_MAIN(TestAsyncUpdateThread)
