@@ -30,8 +30,8 @@ public:
 
     /// Starts with an empty project.
     void createProject();
-    /// Opens a project file; damaged surfaces are told. Its sprites are loaded by checkTextures() or
-    /// loadTextures(). Throws Error when it can't be read, the present project stays then.
+    /// Opens a project file; damaged surfaces are told. Its sprites are loaded by checkTextures()
+    /// or loadTextures(). Throws Error when it can't be read, the present project stays then.
     void openProject(const QString &fileName);
     /// Saves to the project's file. Throws Error; the file on disk is then as it was.
     void save();
