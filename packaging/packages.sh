@@ -43,5 +43,5 @@ build_preset() {
         (cd "$root" && cmake --preset "$preset" >&2)
     fi
     NINJA_STATUS="[$preset %f/%t] " cmake --build "$root/build/$preset" --target "$@" \
-        | { grep -vE 'Re-checking globbed|no work to do' >&2 || true; }
+        | { grep -vE 'Re-checking globbed|GLOB mismatch|no work to do' >&2 || true; }
 }

@@ -29,6 +29,11 @@ QString GFileName::canonicalPath() const
     return canonicalFolder.isEmpty() ? m_path : QDir(canonicalFolder).filePath(fileName());
 }
 
+QString GFileName::canonicalFolder() const
+{
+    return QFileInfo(canonicalPath()).path();
+}
+
 QString GFileName::relativeTo(const QString &folder) const
 {
     if (isEmpty())

@@ -19,6 +19,8 @@ public:
     QString fileName() const;
     /// The path without links where the file exists, else the path itself: equal for equal files.
     QString canonicalPath() const;
+    /// The folder of the file itself, behind all links: what relative paths in it count from.
+    QString canonicalFolder() const;
     /// The path relative to @p folder (canonical), "./" for the folder itself, empty when empty.
     /// Links are followed where only that leads to a path inside the folder.
     QString relativeTo(const QString &folder) const;

@@ -14,16 +14,27 @@
 #include <functional>
 
 namespace {
-// Adds what can be added; Partly when something could not.
-ExitCode addSprites(OpenedProject &opened, const QStringList &sprites, Console &console)
+// Adds what can be added and saves; Partly when something could not, Failed and nothing is saved
+// when nothing could.
+ExitCode addAndSave(OpenedProject &opened,
+                    const QStringList &sprites,
+                    const QString &outputProject,
+                    Console &console)
 {
+    const int before = opened.bodies().size();
+    ExitCode added = ExitCode::Done;
     try {
         opened.controller().addSprites(sprites);
     } catch (const Error &error) {
         console.complain(error.message());
-        return ExitCode::Partly;
+        added = ExitCode::Partly;
     }
-    return ExitCode::Done;
+    if (opened.bodies().size() == before) {
+        console.complain(QStringLiteral("No sprite could be added, nothing is saved"));
+        return ExitCode::Failed;
+    }
+    const ExitCode saved = opened.save(outputProject);
+    return saved == ExitCode::Done ? added : saved;
 }
 
 // Opens, changes and saves. A change that throws is Failed or, where the words can't be meant,
@@ -64,14 +75,7 @@ ExitCode runCreate(const CreateOptions &options, Console &console)
         return ExitCode::Failed;
     }
     OpenedProject opened(console);
-    const ExitCode added = addSprites(opened, options.sprites, console);
-    if (opened.bodies().isEmpty()) {
-        console.complain(
-            QStringLiteral("No sprite could be read, '%1' is not written").arg(options.project));
-        return ExitCode::Failed;
-    }
-    const ExitCode saved = opened.save(options.project);
-    return saved == ExitCode::Done ? added : saved;
+    return addAndSave(opened, options.sprites, options.project, console);
 }
 
 ExitCode runAdd(const ChangeOptions &options, Console &console)
@@ -79,15 +83,7 @@ ExitCode runAdd(const ChangeOptions &options, Console &console)
     OpenedProject opened(console);
     if (!opened.open(options.project))
         return ExitCode::Unreadable;
-    const int before = opened.bodies().size();
-    const ExitCode added = addSprites(opened, options.items, console);
-    if (opened.bodies().size() == before) {
-        console.complain(
-            QStringLiteral("No sprite was added, '%1' is as it was").arg(options.project));
-        return ExitCode::Failed;
-    }
-    const ExitCode saved = opened.save(options.outputProject);
-    return saved == ExitCode::Done ? added : saved;
+    return addAndSave(opened, options.items, options.outputProject, console);
 }
 
 ExitCode runRemove(const ChangeOptions &options, Console &console)
@@ -121,6 +117,10 @@ ExitCode runImport(const ImportOptions &options, Console &console)
         const QImage image = readImageFile(options.image).image;
         if (image.isNull())
             throw Error(QStringLiteral("Failed to load ") + options.image);
+        if (body.sprite().image().isNull())
+            throw Error(
+                QStringLiteral("The sprite of '%1' is missing, so that its size is not known")
+                    .arg(body.name().value()));
         if (image.size() != body.sprite().image().size())
             throw Error(QStringLiteral("Normal map has wrong size!"));
         AngleImage surface;
@@ -135,10 +135,21 @@ ExitCode runRepair(const RepairOptions &options, Console &console)
     opened.prompts().searchFolder = options.searchFolder;
     opened.prompts().removesMissing = options.removeMissing;
     opened.prompts().clearsResized = options.clearResized;
+    if (!options.searchFolder.isEmpty() && !QFileInfo(options.searchFolder).isDir()) {
+        console.complain(QStringLiteral("'%1' is no folder").arg(options.searchFolder));
+        return ExitCode::Usage;
+    }
     if (!opened.open(options.project))
         return ExitCode::Unreadable;
+    bool isChanged = false;
+    for (const Body *body : opened.bodies()) {
+        if (statusOf(*body) != BodyStatus::Changed)
+            continue;
+        console.data(QStringLiteral("Accepted changed sprite: ") + body->name().value());
+        isChanged = true;
+    }
     opened.controller().checkTextures();
-    const bool isChanged = opened.controller().project().undoStack().isModified();
+    isChanged = isChanged || opened.controller().project().undoStack().isModified();
     if (isChanged || !options.outputProject.isEmpty()) {
         const ExitCode saved = opened.save(options.outputProject);
         if (saved != ExitCode::Done)

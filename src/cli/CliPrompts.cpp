@@ -21,7 +21,7 @@ bool CliPrompts::askClearResized(const QStringList &)
 void CliPrompts::showSummary(const QStringList &changes)
 {
     for (QString change : changes)
-        Console::data(change.replace(QLatin1Char('\n'), QLatin1Char(' ')));
+        m_console.data(change.replace(QLatin1Char('\n'), QLatin1Char(' ')));
 }
 
 void CliPrompts::tell(const QString &message)

@@ -6,17 +6,25 @@
 #include <unistd.h>
 
 namespace {
-void writeLine(FILE *stream, const QString &line)
+bool writeLine(FILE *stream, const QString &line)
 {
     const QByteArray bytes = line.toUtf8() + '\n';
-    std::fwrite(bytes.constData(), 1, size_t(bytes.size()), stream);
-    std::fflush(stream);
+    const auto size = size_t(bytes.size());
+    return std::fwrite(bytes.constData(), 1, size, stream) == size && std::fflush(stream) == 0;
 }
 } // namespace
 
 void Console::data(const QString &line)
 {
-    writeLine(stdout, line);
+    if (!m_lostData)
+        m_lostData = !writeLine(stdout, line);
+}
+
+bool Console::isComplete()
+{
+    if (m_lostData)
+        complain(QStringLiteral("Not all output could be written"));
+    return !m_lostData;
 }
 
 void Console::tell(const QString &line)

@@ -21,7 +21,9 @@ public:
     }
 
     /// A line of what was asked for.
-    static void data(const QString &line);
+    void data(const QString &line);
+    /// False, and says so, when not all data could be written.
+    bool isComplete();
     /// A line for a reader; not when quiet.
     void tell(const QString &line);
     /// A line that says what went wrong.
@@ -34,4 +36,5 @@ private:
 
     bool m_quiet;
     bool m_showsProgress = false;
+    bool m_lostData = false;
 };

@@ -1,6 +1,8 @@
 #include "base/Error.h"
+#include "base/PlainText.h"
 #include "cli/Commands.h"
 #include "cli/OpenedProject.h"
+#include "model/DataModelReader.h"
 #include "model/NormalMapExport.h"
 #include "model/Project.h"
 #include "model/Sprite.h"
@@ -20,6 +22,19 @@ public:
     {
     }
 
+    // What is a sprite of one project must not be replaced by a map of another.
+    void protectSprites()
+    {
+        DataModelReader reader(QStringLiteral(".vep"), QStringLiteral(".vexml"));
+        for (const QString &path : m_options.projects) {
+            try {
+                m_protected += spritePaths(*reader.read(path));
+            } catch (const Error &error) {
+                qInfo("%s", qUtf8Printable(error.message())); // told when its turn comes
+            }
+        }
+    }
+
     void exportProject(const QString &path)
     {
         OpenedProject opened(m_console);
@@ -36,22 +51,26 @@ public:
             return true;
         };
         try {
-            refuseRepeats(bodies, settings);
             const auto result = exportNormalMaps(opened.controller().project(), bodies, settings);
             for (const QString &failure : result.failures)
                 fail(failure);
         } catch (const Error &error) {
             fail(error.message());
+            m_console.tell(
+                QStringLiteral("Nothing of '%1' is written: a map would replace a sprite "
+                               "or another map, or leave its folder; choose another "
+                               "--suffix or --output")
+                    .arg(path));
         }
     }
 
     ExitCode end() const
     {
-        if (m_unreadable == m_options.projects.size())
-            return ExitCode::Unreadable;
         if (m_unreadable == 0 && m_failures == 0)
             return ExitCode::Done;
-        return m_written.isEmpty() && m_unreadable == 0 ? ExitCode::Failed : ExitCode::Partly;
+        if (m_hasWritten)
+            return ExitCode::Partly;
+        return m_failures == 0 ? ExitCode::Unreadable : ExitCode::Failed;
     }
 
 private:
@@ -61,26 +80,18 @@ private:
         if (m_options.output)
             settings.directory = GFileName(*m_options.output);
         if (m_options.suffix)
-            settings.suffix = *m_options.suffix;
+            settings.suffix = plainText(*m_options.suffix);
         else if (settings.suffix.isEmpty() && settings.directory.isEmpty())
             settings.suffix = QStringLiteral("_n");
         settings.goesOn = true;
         settings.jobs = m_options.jobs;
+        settings.protectedPaths = m_protected;
         settings.written = [this](const QString &path) {
-            m_written.insert(GFileName(path).canonicalPath());
-            Console::data(path);
+            m_protected.insert(GFileName(path).canonicalPath());
+            m_hasWritten = true;
+            m_console.data(path);
         };
         return settings;
-    }
-
-    void refuseRepeats(const QVector<Body *> &bodies, const NormalMapExport &settings) const
-    {
-        for (const Body *body : bodies) {
-            const QString path = normalMapPath(*body, settings);
-            if (m_written.contains(GFileName(path).canonicalPath()))
-                throw Error(QStringLiteral("'%1' is a normal map of another project of this run")
-                                .arg(path));
-        }
     }
 
     void warn(const Body &body)
@@ -101,7 +112,8 @@ private:
 
     const ExportOptions &m_options;
     Console &m_console;
-    QSet<QString> m_written;
+    QSet<QString> m_protected; // sprites, and maps of this run
+    bool m_hasWritten = false;
     int m_unreadable = 0;
     int m_failures = 0;
 };
@@ -112,6 +124,8 @@ ExitCode runExport(const ExportOptions &options, Console &console)
     if (options.jobs > 0)
         QThreadPool::globalInstance()->setMaxThreadCount(options.jobs);
     ExportRun run(options, console);
+    if (options.projects.size() > 1)
+        run.protectSprites();
     for (const QString &path : options.projects)
         run.exportProject(path);
     return run.end();

@@ -48,8 +48,9 @@ QVector<Body *> OpenedProject::bodies() const
 Body &OpenedProject::body(const QString &name) const
 {
     const auto all = bodies();
-    if (name.startsWith(QLatin1Char('#'))) {
-        const int index = name.midRef(1).toInt();
+    bool isIndex = false;
+    const int index = name.midRef(1).toInt(&isIndex);
+    if (isIndex && name.startsWith(QLatin1Char('#'))) {
         if (index < 1 || index > all.size())
             throw Error(QStringLiteral("There is no body %1, the project has %2")
                             .arg(name, QString::number(all.size())));

@@ -10,17 +10,15 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
-#include <algorithm>
-
 namespace {
 bool isPainted(const AngleImage &surface)
 {
     for (int y = 0; y < surface.height(); ++y) {
         const auto *row = surface.row(y);
-        const auto isFlat = [](const AngleImage::Pixel &cell) {
-            return cell == AngleImage::Pixel();
-        };
-        if (!std::all_of(row, row + surface.width(), isFlat))
+        int slopes = 0;
+        for (int x = 0; x < surface.width(); ++x)
+            slopes |= row[x].sx | row[x].sy;
+        if (slopes != 0)
             return true;
     }
     return false;
@@ -64,24 +62,24 @@ QString jsonLine(const Project &project)
     return QString::fromUtf8(QJsonDocument(object).toJson(QJsonDocument::Compact));
 }
 
-void writeTable(const Project &project)
+void writeTable(const Project &project, Console &console)
 {
-    Console::data(project.filename().value().path());
+    console.data(project.filename().value().path());
     for (const QString &key : Project::settingKeys())
-        Console::data(
+        console.data(
             QStringLiteral("  %1 = %2").arg(key, settingText(project.field<Property>(key))));
     int index = 0;
     for (const Body *body : project.bodies().all()) {
         const QSize size = sizeOf(*body);
         const bool painted = isPainted(body->paintedNormalMap().angleImage());
-        Console::data(QStringLiteral("  #%1  %2  %3x%4  %5  %6  %7")
-                          .arg(QString::number(++index),
-                               body->name().value(),
-                               QString::number(size.width()),
-                               QString::number(size.height()),
-                               statusWord(statusOf(*body)),
-                               painted ? QStringLiteral("painted") : QStringLiteral("flat"),
-                               body->sprite().filename().value().path()));
+        console.data(QStringLiteral("  #%1  %2  %3x%4  %5  %6  %7")
+                         .arg(QString::number(++index),
+                              body->name().value(),
+                              QString::number(size.width()),
+                              QString::number(size.height()),
+                              statusWord(statusOf(*body)),
+                              painted ? QStringLiteral("painted") : QStringLiteral("flat"),
+                              body->sprite().filename().value().path()));
     }
 }
 } // namespace
@@ -97,9 +95,9 @@ ExitCode runInfo(const InfoOptions &options, Console &console)
         }
         const Project &project = opened.controller().project();
         if (options.json)
-            Console::data(jsonLine(project));
+            console.data(jsonLine(project));
         else
-            writeTable(project);
+            writeTable(project, console);
     }
     if (unreadable == 0)
         return ExitCode::Done;
@@ -121,11 +119,11 @@ ExitCode runCheck(const QStringList &projects, Console &console)
             if (status == BodyStatus::Ok)
                 continue;
             troubled = true;
-            Console::data(QStringLiteral("%1: %2: %3: %4")
-                              .arg(path,
-                                   body->name().value(),
-                                   statusWord(status),
-                                   body->sprite().filename().value().path()));
+            console.data(QStringLiteral("%1: %2: %3: %4")
+                             .arg(path,
+                                  body->name().value(),
+                                  statusWord(status),
+                                  body->sprite().filename().value().path()));
         }
     }
     if (unreadable)

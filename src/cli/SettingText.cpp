@@ -41,7 +41,12 @@ public:
         property.setValue(value, undoText());
     }
 
-    void each(PropertyString &property) { property.setValue(plainText(m_text), undoText()); }
+    void each(PropertyString &property)
+    {
+        if (m_text.contains(QLatin1Char('/')) || m_text.contains(QLatin1Char('\\')))
+            refuse(property, QStringLiteral("a part of a file's name"));
+        property.setValue(plainText(m_text), undoText());
+    }
 
     void each(PropertyColor &property)
     {

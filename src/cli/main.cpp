@@ -10,9 +10,19 @@
 #include <langinfo.h>
 
 namespace {
+// The parser takes a word in brackets for a list of its own; here it is a name. Marked so, it
+// passes.
+constexpr char nameMark = '\x01';
+
+std::string marked(const std::string &word)
+{
+    return !word.empty() && word.front() == '[' ? nameMark + word : word;
+}
+
 QString text(const std::string &bytes)
 {
-    return QString::fromStdString(bytes);
+    const bool isMarked = !bytes.empty() && bytes.front() == nameMark;
+    return QString::fromStdString(isMarked ? bytes.substr(1) : bytes);
 }
 
 QStringList texts(const std::vector<std::string> &all)
@@ -55,7 +65,11 @@ public:
     int run(int argc, char **argv)
     {
         try {
-            m_app.parse(argc, argv);
+            // Expected from the last to the first.
+            std::vector<std::string> words;
+            for (int i = argc - 1; i > 0; --i)
+                words.push_back(marked(argv[i]));
+            m_app.parse(std::move(words));
         } catch (const CLI::Success &success) {
             return m_app.exit(success);
         } catch (const CLI::ParseError &error) {
@@ -64,7 +78,8 @@ public:
         }
         setVerbosity();
         Console console(m_quiet);
-        return int(m_command(console));
+        const ExitCode code = m_command(console);
+        return int(console.isComplete() || code != ExitCode::Done ? code : ExitCode::Failed);
     }
 
 private:
@@ -86,6 +101,11 @@ private:
     void items(CLI::App *command, const char *name, const char *description)
     {
         command->add_option(name, m_items, description)->required();
+    }
+
+    void projects(CLI::App *command)
+    {
+        command->add_option("PROJECT", m_projects, "Project files")->required();
     }
 
     ChangeOptions change() const
@@ -166,7 +186,7 @@ private:
     void addReports()
     {
         auto *info = command("info", "Show projects and their bodies");
-        info->add_option("PROJECT", m_projects, "Project files")->required();
+        projects(info);
         info->add_flag("--json", m_json, "One JSON object a project, a line each");
         info->callback([this] {
             m_command = [this](Console &console) {
@@ -174,7 +194,7 @@ private:
             };
         });
         auto *check = command("check", "Name missing, changed, resized and damaged bodies");
-        check->add_option("PROJECT", m_projects, "Project files")->required();
+        projects(check);
         check->callback([this] {
             m_command = [this](Console &console) { return runCheck(texts(m_projects), console); };
         });
@@ -183,7 +203,7 @@ private:
     void addExport()
     {
         auto *exporting = command("export", "Write the normal maps of projects");
-        exporting->add_option("PROJECT", m_projects, "Project files")->required();
+        projects(exporting);
         auto *output = exporting->add_option("--output", m_output, "Folder of the normal maps");
         auto *suffix = exporting->add_option("--suffix", m_suffix, "Put before the extension");
         exporting->add_option("--jobs", m_jobs, "Maps worked on at a time")

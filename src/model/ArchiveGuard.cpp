@@ -316,13 +316,14 @@ bool Guard::readContent(int index, TrialInflation *trial)
             static_cast<quint32>(crc32(entry.packedCrc,
                                        reinterpret_cast<const Bytef *>(piece.constData()),
                                        static_cast<uInt>(piece.size())));
-        if (entry.isDeflated && !trial->feed(piece))
-            return refuse("damaged or false compressed data", index);
+        if (entry.isDeflated && !entry.isDamaged)
+            entry.isDamaged = !trial->feed(piece);
     }
-    if (entry.isDeflated && !trial->gaveAll())
-        return refuse("unfolds to less than it claims", index);
-    const quint32 crc = entry.isDeflated ? trial->crc() : entry.packedCrc;
-    return crc == entry.crc || refuse("wrong checksum", index);
+    if (entry.isDeflated)
+        entry.isDamaged = entry.isDamaged || !trial->gaveAll() || trial->crc() != entry.crc;
+    else
+        entry.isDamaged = entry.packedCrc != entry.crc;
+    return true;
 }
 
 // Names are UTF-8 whether marked as such or not; those that can't be are taken byte by byte, which

@@ -18,6 +18,7 @@ struct GuardedEntry
     quint32 packedCrc = 0;
     quint32 crc = 0;
     bool isDeflated = false;
+    bool isDamaged = false; ///< the bytes don't give what the headers say
 
     bool isDirectory() const { return name.endsWith(QLatin1Char('/')); }
 };
@@ -30,9 +31,10 @@ struct ArchiveLimits
     qint64 inflatedTotal = 1LL << 32;
 };
 
-/// The entries of a ZIP archive in the order of its directory, when it is sound in every respect:
-/// all sizes, places and checksums agree, no entry overlaps another one or shares its name, and
-/// every deflated entry unfolds to just what it claims. Nothing otherwise; @p reason says why.
+/// The entries of a ZIP archive in the order of its directory, when its structure is sound: all
+/// sizes and places agree, no entry overlaps another one or shares its name. Nothing otherwise;
+/// @p reason says why. An entry that has a wrong checksum or does not unfold to just what it claims
+/// is marked as damaged, and is not to be given to any other reader.
 std::optional<QVector<GuardedEntry>>
 checkArchive(QIODevice &archive, QString *reason, const ArchiveLimits &limits = {});
 

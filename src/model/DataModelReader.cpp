@@ -19,41 +19,39 @@ DataModelReader::DataModelReader(const QString &bundleExtension, const QString &
 
 std::shared_ptr<Project> DataModelReader::read(const QString &fileName)
 {
-    ProjectBundle bundle(m_bundleExtension, m_xmlExtension);
-    bundle.setFileName(fileName);
     if (!fileName.endsWith(QLatin1String(".vex"))) {
+        ProjectBundle bundle(m_bundleExtension, m_xmlExtension);
+        bundle.setFileName(fileName);
         bundle.read();
-        return parse(fileName, bundle);
+        return parse(fileName, bundle.xml(), &bundle);
     }
     QFile file(fileName);
     if (!QFileInfo(fileName).isFile() || !file.open(QIODevice::ReadOnly))
         throw Error(tr("Failed to open file '%1'").arg(fileName));
     // More than the longest text that is accepted need not be read to be refused.
     constexpr qint64 enough = qint64(65) << 20;
-    bundle.setXml(file.read(enough));
-    return parse(fileName, bundle);
+    return parse(fileName, file.read(enough), nullptr);
 }
 
-std::shared_ptr<Project> DataModelReader::parse(const QString &fileName,
-                                                const ProjectBundle &bundle)
+std::shared_ptr<Project>
+DataModelReader::parse(const QString &fileName, const QByteArray &xml, const DataFiles *dataFiles)
 {
     const auto refuse = [](const QString &message, qint64 line) {
         throw Error(tr("XML parser error: %1 (line %2)").arg(message, QString::number(line)));
     };
-    if (const auto problem = findXmlProblem(bundle.xml()))
+    if (const auto problem = findXmlProblem(xml))
         refuse(problem->message, problem->line);
     QDomDocument document;
     QString message;
     int line = 0;
-    if (!document.setContent(bundle.xml(), &message, &line))
+    if (!document.setContent(QString::fromUtf8(xml), &message, &line))
         refuse(message, line);
     const QDomElement root = document.documentElement();
     if (root.tagName() != Project::tag())
         throw Error(tr("'%1' is not a Vesperine project file").arg(fileName));
 
     auto project = std::make_shared<Project>();
-    const QString folder = QFileInfo(QFileInfo(fileName).absolutePath()).canonicalFilePath();
-    PropertyXMLReader(folder, bundle).read(*project, root);
+    PropertyXMLReader(GFileName(fileName).canonicalFolder(), dataFiles).read(*project, root);
     // The file may have been renamed since it was saved.
     project->filename().setValue(GFileName(fileName));
     m_damagedBodies.clear();

@@ -5,8 +5,8 @@
 
 #include <memory>
 
+class DataFiles;
 class Project;
-class ProjectBundle;
 
 /// Loads projects: bundles, and bare XML documents (".vex") of older versions.
 class DataModelReader
@@ -26,7 +26,8 @@ public:
     const QStringList &damagedBodies() const { return m_damagedBodies; }
 
 private:
-    std::shared_ptr<Project> parse(const QString &fileName, const ProjectBundle &bundle);
+    std::shared_ptr<Project>
+    parse(const QString &fileName, const QByteArray &xml, const DataFiles *dataFiles);
 
     QString m_bundleExtension;
     QString m_xmlExtension;

@@ -7,8 +7,6 @@
 #include "model/properties/PropertyT.h"
 #include "model/properties/PropertyXMLWriter.h"
 
-#include <QFileInfo>
-
 DataModelWriter::DataModelWriter(Project &project)
     : m_project(project)
 {
@@ -23,8 +21,7 @@ void DataModelWriter::write()
         throw Error(tr("File type of '%1' not supported").arg(fileName));
     ProjectBundle bundle(QStringLiteral(".vep"), QStringLiteral(".vexml"));
     bundle.setFileName(fileName);
-    const QString folder = QFileInfo(QFileInfo(fileName).path()).canonicalFilePath();
-    PropertyXMLWriter writer(folder, bundle);
+    PropertyXMLWriter writer(m_project.filename().value().canonicalFolder(), bundle);
     const QByteArray xml = writer.write(m_project).toString(4).toUtf8();
     // Better no file than one that can't be opened again.
     if (const auto problem = findXmlProblem(xml))

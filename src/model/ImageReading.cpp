@@ -6,6 +6,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QImageReader>
+#include <QPixelFormat>
 #include <QtEndian>
 
 #include <algorithm>
@@ -14,7 +15,7 @@ namespace {
 
 constexpr qint64 largestFile = 1LL << 30;
 constexpr int longestSide = 32768;
-constexpr qint64 mostPixels = 1LL << 26;
+constexpr qint64 mostBytes = qint64(256) << 20; // decoded
 
 // The only two formats that are ever decoded, told by their signatures.
 QByteArray formatOf(const QByteArray &content)
@@ -89,8 +90,11 @@ QImage decode(const QByteArray &content, QString *problem)
         *problem = QStringLiteral("no size in the header");
         return {};
     }
+    // Never less than what it becomes in the end; 16 bits a channel take twice as much at first.
+    const int bytesPerPixel =
+        std::max(4, QImage::toPixelFormat(reader.imageFormat()).bitsPerPixel() / 8);
     if (std::max(size.width(), size.height()) > longestSide ||
-        qint64(size.width()) * size.height() > mostPixels) {
+        qint64(size.width()) * size.height() * bytesPerPixel > mostBytes) {
         *problem = QStringLiteral("too large");
         return {};
     }

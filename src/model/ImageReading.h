@@ -14,6 +14,6 @@ struct ReadImage
 };
 
 /// Reads a PNG or JPEG file, told by its content and not by its name. Only regular files of at most
-/// 1 GiB are opened; images of more than 32768 pixels a side or 2^26 in all aren't decoded, nor are
-/// files that end early. The pixels stay as they are stored: no rotation, no colour profile.
+/// 1 GiB are opened; images of more than 32768 pixels a side or 256 MiB decoded aren't decoded, nor
+/// are files that end early. The pixels stay as they are stored: no rotation, no colour profile.
 ReadImage readImageFile(const QString &path);

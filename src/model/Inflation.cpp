@@ -4,6 +4,10 @@
 
 #include <limits>
 
+namespace {
+constexpr int lengthBytes = 4;
+} // namespace
+
 bool canInflateTo(qint64 size, qint64 packedSize)
 {
     // Deflate gives at most 258 bytes for two bits.
@@ -12,20 +16,27 @@ bool canInflateTo(qint64 size, qint64 packedSize)
     return size <= packedSize * bestRatio + slack;
 }
 
+qint64 unpackedSize(const QByteArray &packed, qint64 maximumSize)
+{
+    // Arrays keep a few bytes of their own below the end of the number range.
+    constexpr qint64 largestArray = std::numeric_limits<int>::max() - 64;
+    if (packed.size() < lengthBytes)
+        return -1;
+    const qint64 claimed = qFromBigEndian<quint32>(packed.constData());
+    const bool isPossible = claimed <= qMin(maximumSize, largestArray) &&
+                            canInflateTo(claimed, packed.size() - lengthBytes);
+    return isPossible ? claimed : -1;
+}
+
 std::optional<QByteArray> unpackBytes(const QByteArray &packed, qint64 maximumSize)
 {
-    constexpr int lengthBytes = 4;
-    if (packed.size() < lengthBytes)
+    const qint64 claimed = unpackedSize(packed, maximumSize);
+    if (claimed < 0)
         return {};
-    const qint64 claimed = qFromBigEndian<quint32>(packed.constData());
     const qint64 packedSize = packed.size() - lengthBytes;
     // An empty array is packed as its length alone.
     if (claimed == 0 && packedSize == 0)
         return QByteArray("");
-    // Arrays keep a few bytes of their own below the end of the number range.
-    constexpr qint64 largestArray = std::numeric_limits<int>::max() - 64;
-    if (claimed > qMin(maximumSize, largestArray) || !canInflateTo(claimed, packedSize))
-        return {};
 
     QByteArray unpacked(static_cast<int>(claimed), Qt::Uninitialized);
     auto written = static_cast<uLongf>(claimed);

@@ -12,6 +12,9 @@
 /// stream can't give.
 std::optional<QByteArray> unpackBytes(const QByteArray &packed, qint64 maximumSize);
 
+/// The length that unpackBytes() would give; -1 where it refuses @p packed before unpacking.
+qint64 unpackedSize(const QByteArray &packed, qint64 maximumSize);
+
 /// True when @p size bytes can come out of a deflated stream of @p packedSize bytes.
 bool canInflateTo(qint64 size, qint64 packedSize);
 

@@ -42,8 +42,10 @@ QByteArray encodedNormalMap(const AngleImage &surface, const QImage &sprite)
 }
 
 // An empty text, or why the map was not written.
-QString writeMap(const QString &path, const QByteArray &png)
+QString writeMap(const Body &body, const QString &path, const QByteArray &png)
 {
+    if (path.isEmpty())
+        return saveFailure(body.name().value());
     const QString folder = QFileInfo(path).path();
     if (!QDir().mkpath(folder))
         return tr(QT_TRANSLATE_NOOP("NormalMapExport", "Cannot create directory '%1'")).arg(folder);
@@ -53,12 +55,11 @@ QString writeMap(const QString &path, const QByteArray &png)
     return done ? QString() : saveFailure(path);
 }
 
-void refuseClashes(const Project &project, const QStringList &paths)
+void refuseClashes(const QStringList &paths, QSet<QString> taken)
 {
-    QSet<QString> taken;
-    for (const Body *body : project.bodies().all())
-        taken.insert(body->sprite().filename().value().canonicalPath());
     for (const QString &path : paths) {
+        if (path.isEmpty())
+            continue;
         const QString canonical = GFileName(path).canonicalPath();
         if (taken.contains(canonical))
             throw Error(saveFailure(path));
@@ -67,8 +68,18 @@ void refuseClashes(const Project &project, const QStringList &paths)
 }
 } // namespace
 
+QSet<QString> spritePaths(const Project &project)
+{
+    QSet<QString> paths;
+    for (const Body *body : project.bodies().all())
+        paths.insert(body->sprite().filename().value().canonicalPath());
+    return paths;
+}
+
 QString normalMapPath(const Body &body, const NormalMapExport &settings)
 {
+    if (body.sprite().filename().value().isEmpty())
+        return {};
     const QFileInfo sprite(body.sprite().filename().value().path());
     const QString folder = settings.directory.isEmpty() ? sprite.path() : settings.directory.path();
     return folder + QLatin1Char('/') + normalMapFileName(sprite.fileName(), settings.suffix);
@@ -81,7 +92,10 @@ NormalMapExportResult exportNormalMaps(const Project &project,
     QStringList paths;
     for (const Body *body : bodies)
         paths.append(normalMapPath(*body, settings));
-    refuseClashes(project, paths);
+    // A suffix is a part of a name and leads to no other folder.
+    if (settings.suffix.contains(QLatin1Char('/')) || settings.suffix.contains(QLatin1Char('\\')))
+        throw Error(saveFailure(paths.value(0)));
+    refuseClashes(paths, settings.protectedPaths + spritePaths(project));
 
     NormalMapExportResult result;
     QSet<QString> folders;
@@ -98,7 +112,7 @@ NormalMapExportResult exportNormalMaps(const Project &project,
         }
         const QByteArray png = tasks.front().take();
         tasks.pop_front();
-        const QString failure = writeMap(paths[i], png);
+        const QString failure = writeMap(*bodies[i], paths[i], png);
         if (failure.isEmpty()) {
             folders.insert(QFileInfo(paths[i]).path());
             if (settings.written)
@@ -110,8 +124,8 @@ NormalMapExportResult exportNormalMaps(const Project &project,
         }
         result.cancelled = settings.progress && !settings.progress(i + 1);
     }
-    for (const QString &folder : std::as_const(folders))
-        syncFolder(folder);
+    if (!syncFolders(folders.values()))
+        result.failures.append(saveFailure(folders.values().join(QStringLiteral(", "))));
     return result;
 }
 

@@ -2,6 +2,7 @@
 
 #include "base/GFileName.h"
 
+#include <QSet>
 #include <QString>
 #include <QStringList>
 #include <QVector>
@@ -23,7 +24,8 @@ struct NormalMapExport
     GFileName directory; ///< beside each sprite when empty
     QString suffix;
     bool goesOn = false; ///< after a body that fails, else the first failure ends the export
-    int jobs = 0;        ///< bodies that are worked on at a time; 0 for one a processor
+    QSet<QString> protectedPaths; ///< files, without links, that no map may replace
+    int jobs = 0;                 ///< bodies that are worked on at a time; 0 for one a processor
 
     /// Called with the path of each map once it is written, in list order.
     std::function<void(const QString &path)> written;
@@ -38,7 +40,10 @@ struct NormalMapExportResult
     bool cancelled = false;
 };
 
-/// The file of a body's normal map.
+/// The sprites of a project, without links: no normal map may take their place.
+QSet<QString> spritePaths(const Project &project);
+
+/// The file of a body's normal map; empty for a body without a sprite.
 QString normalMapPath(const Body &body, const NormalMapExport &settings);
 
 /// Writes the normal maps of @p bodies as PNG files, flat under fully transparent sprite pixels.

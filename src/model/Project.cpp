@@ -1,5 +1,6 @@
 #include "model/Project.h"
 
+#include "model/Sprite.h"
 #include "model/properties/PropertyT.h"
 
 namespace {
@@ -40,8 +41,10 @@ const PropertyDescriptionList &projectDescriptions()
 
 auto bodyFactory(UndoStackOwner &document)
 {
-    return [&document](const QString &tag) {
-        return tag == Body::tag() ? std::make_shared<Body>(document) : nullptr;
+    return [&document](const QString &tag) -> std::shared_ptr<Property> {
+        if (tag == Body::tag())
+            return std::make_shared<Body>(document);
+        return tag == Sprite::tag() ? std::make_shared<Sprite>(document) : nullptr;
     };
 }
 } // namespace

@@ -135,24 +135,44 @@ QStringList ProjectArchiveReader::entryNames() const
     return names;
 }
 
-std::optional<QByteArray> ProjectArchiveReader::content(const QString &name)
+const GuardedEntry *ProjectArchiveReader::find(const QString &name) const
 {
     const auto place = m_places.constFind(name);
-    if (place == m_places.constEnd())
+    return place == m_places.constEnd() ? nullptr : &m_entries.at(*place);
+}
+
+QByteArray ProjectArchiveReader::packedBytes(const GuardedEntry &entry)
+{
+    return m_archive->seek(entry.dataAt) ? m_archive->read(entry.packedSize) : QByteArray();
+}
+
+bool ProjectArchiveReader::isDamaged(const QString &name) const
+{
+    const GuardedEntry *entry = find(name);
+    return entry && entry->isDamaged;
+}
+
+std::optional<QByteArray> ProjectArchiveReader::content(const QString &name)
+{
+    const GuardedEntry *entry = find(name);
+    if (!entry || entry->isDamaged)
         return {};
-    const GuardedEntry &entry = m_entries.at(*place);
-    if (!m_archive->seek(entry.dataAt))
-        return {};
-    QByteArray packed = m_archive->read(entry.packedSize);
+    QByteArray packed = packedBytes(*entry);
     // The file may have been written to since it was checked.
-    if (packed.size() != entry.packedSize || checksum(packed) != entry.packedCrc)
+    if (packed.size() != entry->packedSize || checksum(packed) != entry->packedCrc)
         return {};
-    if (entry.size == 0)
+    if (entry->size == 0)
         return QByteArray("");
-    QByteArray content = unpack(entry, std::move(packed));
-    if (content.size() != entry.size || checksum(content) != entry.crc)
+    QByteArray content = unpack(*entry, std::move(packed));
+    if (content.size() != entry->size || checksum(content) != entry->crc)
         return {};
     return content;
+}
+
+QByteArray ProjectArchiveReader::remains(const QString &name)
+{
+    const GuardedEntry *entry = find(name);
+    return entry && !entry->isDeflated ? packedBytes(*entry) : QByteArray();
 }
 
 ProjectArchiveWriter::ProjectArchiveWriter(QIODevice &device)

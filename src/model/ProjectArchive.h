@@ -31,10 +31,17 @@ public:
 
     /// In the archive's order; directories end in "/".
     QStringList entryNames() const;
-    /// Nothing for an entry that isn't there or doesn't read as it did on opening.
+    /// True for an entry whose bytes don't give what the archive says of them.
+    bool isDamaged(const QString &name) const;
+    /// Nothing for an entry that isn't there, is damaged or doesn't read as it did on opening.
     std::optional<QByteArray> content(const QString &name);
+    /// What is left of a damaged entry: its bytes as they stand there; nothing of a deflated one.
+    QByteArray remains(const QString &name);
 
 private:
+    const GuardedEntry *find(const QString &name) const;
+    QByteArray packedBytes(const GuardedEntry &entry);
+
     std::unique_ptr<QIODevice> m_archive;
     QVector<GuardedEntry> m_entries;
     QHash<QString, int> m_places;

@@ -9,8 +9,14 @@
 #include "model/properties/PropertyByteArray.h"
 
 #include <QFileInfo>
+#include <QSet>
 
+#include <algorithm>
 #include <deque>
+
+#ifdef Q_OS_UNIX
+#include <unistd.h>
+#endif
 
 namespace {
 // The largest value that a data file may hold is the largest surface.
@@ -78,12 +84,21 @@ std::shared_ptr<DataFile> ProjectBundle::find(const QString &id) const
 void ProjectBundle::unpack(const QVector<std::shared_ptr<DataFile>> &files) const
 {
     using Unpacked = std::optional<QByteArray>;
-    std::deque<PoolTask<Unpacked>> tasks;
+    // Several bodies may name one file.
+    QSet<const DataFile *> seen;
+    QVector<std::shared_ptr<DataFile>> sound;
     for (const auto &file : files) {
+        if (!file->damaged && !seen.contains(file.get()))
+            sound.append(file);
+        seen.insert(file.get());
+    }
+    refuseTooMuch(sound);
+    std::deque<PoolTask<Unpacked>> tasks;
+    for (const auto &file : std::as_const(sound)) {
         const QByteArray packed = file->packed;
         tasks.emplace_back([packed] { return unpackBytes(packed, maximumValueSize); });
     }
-    for (const auto &file : files) {
+    for (const auto &file : std::as_const(sound)) {
         const Unpacked value = tasks.front().take();
         tasks.pop_front();
         file->value = value.value_or(QByteArray());
@@ -102,6 +117,8 @@ void ProjectBundle::read()
         throw ErrorDoesNotExist(tr("Failed to load '%1'").arg(m_fileName));
     }
     const auto [xmlName, dataFolder] = placeIn(archive.entryNames());
+    if (archive.isDamaged(xmlName))
+        throw ErrorDoesNotExist(tr("Failed to load '%1'").arg(m_fileName));
     m_xml = archive.content(xmlName).value_or(QByteArray());
     if (QString::fromUtf8(m_xml).isEmpty())
         throw ErrorDoesNotExist(tr("Project file '%1' not found in '%2'").arg(xmlName, m_fileName));
@@ -109,7 +126,9 @@ void ProjectBundle::read()
         if (!name.startsWith(dataFolder) || name.endsWith(QLatin1Char('/')))
             continue;
         auto file = std::make_shared<DataFile>();
-        file->packed = archive.content(name).value_or(QByteArray());
+        file->damaged = archive.isDamaged(name);
+        file->packed =
+            file->damaged ? archive.remains(name) : archive.content(name).value_or(QByteArray());
         add(name.mid(dataFolder.size()), file);
     }
 }
@@ -130,12 +149,27 @@ void ProjectBundle::write() const
     bool fits = archive.addFile(QStringLiteral("project") + m_xmlExtension, m_xml);
     for (int i = 0; fits && i < files.size(); ++i)
         fits = archive.addFile(dataFolderName() + m_ids[i], packer.packNext(*files[i]));
-    if (!fits)
-        throw Error(tr("Failed to save '%1': it would be larger than a project file can be (4 GiB, "
-                       "65,535 data files)")
-                        .arg(m_fileName));
-    if (!archive.close() || !device.commit())
-        throw Error(tr("Failed to save '%1': %2").arg(m_fileName, device.errorString()));
+    // The device knows better than the archive why something could not be written.
+    if (!fits || !archive.close() || !device.commit()) {
+        const bool isDevice = device.hasFailed() || archive.reason().isEmpty();
+        throw Error(tr("Failed to save '%1': %2")
+                        .arg(m_fileName, isDevice ? device.errorString() : archive.reason()));
+    }
+}
+
+// A file of some kilobytes may claim what no machine holds.
+void ProjectBundle::refuseTooMuch(const QVector<std::shared_ptr<DataFile>> &files) const
+{
+#ifdef Q_OS_UNIX
+    qint64 claimed = 0;
+    for (const auto &file : files)
+        claimed += std::max<qint64>(0, unpackedSize(file->packed, maximumValueSize));
+    const qint64 memory = qint64(sysconf(_SC_PHYS_PAGES)) * sysconf(_SC_PAGESIZE);
+    if (claimed > memory)
+        throw Error(
+            tr("Failed to load '%1': its surfaces need %2 MiB of memory, this machine has %3")
+                .arg(m_fileName, QString::number(claimed >> 20), QString::number(memory >> 20)));
+#endif
 }
 
 // Older bundles hold everything inside one folder that is named after the project.

@@ -40,6 +40,7 @@ private:
         QString xmlName;
         QString dataFolder;
     };
+    void refuseTooMuch(const QVector<std::shared_ptr<DataFile>> &files) const;
     Place placeIn(const QStringList &entryNames) const;
 
     QString m_bundleExtension;

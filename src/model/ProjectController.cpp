@@ -112,11 +112,9 @@ void ProjectController::addSprites(const QStringList &paths)
     const auto found = findSpriteFiles(paths, stored.isEmpty() ? QStringLiteral("_n") : stored);
     for (const QString &path : found.skipped)
         m_prompts.tell(tr("Skipped '%1': it is the normal map of another sprite").arg(path));
-    for (const QString &path : found.unreadable)
-        m_prompts.tell(tr("Cannot read folder '%1'").arg(path));
 
     QVector<std::shared_ptr<Body>> bodies;
-    QStringList failures;
+    QStringList failures = found.unreadable;
     ImageReader reader(found.files);
     for (int i = 0; i < found.files.size(); ++i) {
         const QString &path = found.files[i];

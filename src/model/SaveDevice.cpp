@@ -6,6 +6,7 @@
 #include <cerrno>
 #include <csignal>
 #include <filesystem>
+#include <set>
 #include <utility>
 
 #include <fcntl.h>
@@ -363,17 +364,26 @@ void SaveDevice::discard()
     m_file.close();
 }
 
-bool syncFolder(const QString &folder)
+bool syncFolders(const QStringList &folders)
 {
+    bool done = true;
 #ifdef Q_OS_LINUX
-    const int handle =
-        ::open(QFile::encodeName(folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (handle < 0)
-        return false;
-    const bool done = syncfs(handle) == 0;
-    ::close(handle);
-    return done;
+    std::set<dev_t> synced;
+    for (const QString &folder : folders) {
+        const int handle =
+            ::open(QFile::encodeName(folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+        struct stat info
+        {
+        };
+        const bool isOpen = handle >= 0 && fstat(handle, &info) == 0;
+        if (isOpen && synced.insert(info.st_dev).second)
+            done = syncfs(handle) == 0 && done;
+        done = done && isOpen;
+        if (handle >= 0)
+            ::close(handle);
+    }
 #else
-    return QFileInfo(folder).isDir();
+    Q_UNUSED(folders)
 #endif
+    return done;
 }

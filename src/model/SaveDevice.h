@@ -3,6 +3,7 @@
 #include <QFile>
 #include <QIODevice>
 #include <QString>
+#include <QStringList>
 
 /// Replaces a file in one move once everything has reached the disk: until commit() the old file
 /// stays as it is, and without it nothing was ever written. Links are followed, the file's mode is
@@ -23,6 +24,9 @@ public:
     /// Puts what was written in the file's place; false, with an errorString(), when any step since
     /// open() failed: the old file is then untouched.
     bool commit();
+
+    /// True once a step failed.
+    bool hasFailed() const { return m_failed; }
 
     qint64 size() const override { return m_file.isOpen() ? m_file.size() : 0; }
     bool seek(qint64 position) override;
@@ -56,5 +60,6 @@ private:
     bool m_failed = false;
 };
 
-/// Waits until all that was saved below @p folder with SaveDevice::Sync::Later is on the disk.
-bool syncFolder(const QString &folder);
+/// Waits until all that was saved in @p folders with SaveDevice::Sync::Later is on its disk, once a
+/// file system. False when one of them fails.
+[[nodiscard]] bool syncFolders(const QStringList &folders);

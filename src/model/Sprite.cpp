@@ -3,6 +3,19 @@
 #include "model/ImageReading.h"
 #include "model/properties/PropertyT.h"
 
+namespace {
+// The last one is shared: a project may miss many sprites of one size.
+QImage placeholder(const QSize &size)
+{
+    static QImage last;
+    if (last.size() != size) {
+        last = QImage(size, QImage::Format_ARGB32);
+        last.fill(Qt::red);
+    }
+    return last;
+}
+} // namespace
+
 Sprite::Sprite(UndoStackOwner &document, const QString &key)
     : PropertyStruct(document, key)
     , m_filename(&addField<PropertyFilename>(QStringLiteral("filename")))
@@ -39,8 +52,7 @@ void Sprite::load(const ReadImage &read, const QSize &expectedSize, bool checkSi
         m_checksum->setValue(checksum);
     }
     if (!m_isLoaded || m_isWrongSized) {
-        m_image = QImage(expectedSize, QImage::Format_ARGB32);
-        m_image.fill(Qt::red);
+        m_image = placeholder(expectedSize);
         m_statusIcon = m_isLoaded ? QStringLiteral(":/qrv_tools/icons/Icons_SpriteWrongSize.svg")
                                   : QStringLiteral(":/qrv_tools/icons/Icons_SpriteMissing.svg");
     }

@@ -85,5 +85,6 @@ SpriteFiles findSpriteFiles(const QStringList &paths, const QString &suffix)
 QString normalMapFileName(const QString &fileName, const QString &suffix)
 {
     const QFileInfo info(fileName);
-    return info.completeBaseName() + suffix + QLatin1Char('.') + info.suffix();
+    const QString name = info.completeBaseName() + suffix;
+    return info.suffix().isEmpty() ? name : name + QLatin1Char('.') + info.suffix();
 }

@@ -15,7 +15,8 @@ std::optional<XmlProblem> findXmlProblem(const QByteArray &xml)
     };
     if (xml.size() > longest)
         return problem(QT_TRANSLATE_NOOP("XmlGuard", "the text is longer than 64 MiB"), 1);
-    QXmlStreamReader reader(xml);
+    // Always UTF-8, whatever the text says of itself.
+    QXmlStreamReader reader(QString::fromUtf8(xml));
     int depth = 0;
     while (!reader.atEnd()) {
         const auto token = reader.readNext();

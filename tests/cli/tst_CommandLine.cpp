@@ -27,6 +27,8 @@ private Q_SLOTS:
     void importing();
     void exporting();
     void unreadableProjects();
+    void oddNames();
+    void lostOutputIsAFailure();
     void umlautsInTheCLocale();
 
 private:
@@ -196,8 +198,6 @@ void TestCommandLine::settings()
     QCOMPARE(setting("publish_normalmap_postfix").toString(), QStringLiteral("_x"));
     QCOMPARE(setting("light_height"), QJsonValue(0));
     QCOMPARE(setting("light_color").toString(), QStringLiteral("#ff8000"));
-    QCOMPARE(run("export p.vep --quiet"), 1); // two maps would be out/b_x
-    QCOMPARE(run("remove p.vep #3"), 0);
     QCOMPARE(run("export p.vep --quiet"), 0);
     QVERIFY(exists("out/a_x.png"));
     QCOMPARE(run("set p.vep light_brightness=9"), 2);
@@ -244,8 +244,13 @@ void TestCommandLine::exporting()
     QCOMPARE(run("create q.vep s/a.png"), 0);
     QCOMPARE(run("export p.vep q.vep absent.vep --output out --suffix _m --jobs 1"), 4);
     QCOMPARE(m_output.count(QLatin1Char('\n')), 3);
-    QVERIFY(says("of another project of this run"));
+    QVERIFY(says("Nothing of 'q.vep' is written"));
     QVERIFY(says("Failed to load 'absent.vep'"));
+    // Nor a sprite of a project whose turn is yet to come.
+    sprite("s/a_m.png", {1, 1});
+    QCOMPARE(run("create r.vep s/a_m.png"), 0);
+    QCOMPARE(run("export q.vep r.vep --suffix _m"), 4);
+    QVERIFY(says("Nothing of 'q.vep' is written"));
     // Goes on after a body that fails.
     QDir().mkpath(path("o2/a.png"));
     QCOMPARE(run("export p.vep --output o2"), 4);
@@ -255,12 +260,37 @@ void TestCommandLine::exporting()
 void TestCommandLine::unreadableProjects()
 {
     m_folder.write(QStringLiteral("text.vep"), "no archive");
-    for (const char *line :
-         {"info text.vep", "check absent.vep", "export s", "remove s/a.png #1"}) {
-        QCOMPARE(run(line), 3);
-        QVERIFY2(says(line + QByteArray(line).indexOf(' ') + 1) || says("'s/a.png'"),
-                 qUtf8Printable(m_words));
+    for (const char *project : {"text.vep", "absent.vep", "s", "s/a.png"}) {
+        QCOMPARE(run(QByteArray("check ").append(project).constData()), 3);
+        QVERIFY2(says(project), qUtf8Printable(m_words));
     }
+}
+
+void TestCommandLine::oddNames()
+{
+    sprite("[x]/#hero.png", {1, 1});
+    QCOMPARE(run("create n.vep [x]"), 0);
+    QCOMPARE(run("export n.vep --output o --suffix /../_m"), 1);
+    QCOMPARE(run("export n.vep --output o --suffix \n_m"), 0);
+    QVERIFY(exists("o/#hero_m.png"));
+    QCOMPARE(run("set n.vep publish_normalmap_postfix=/../_m"), 2);
+    QCOMPARE(run("remove n.vep #hero"), 0);
+    // Without a path there is no place for the map.
+    m_folder.write(QStringLiteral("e.vex"),
+                   "<vesperine_project><bodies><body><name>empty</name></body></bodies>"
+                   "</vesperine_project>");
+    QCOMPARE(run("export e.vex --output o2"), 1);
+    QVERIFY(says("Failed to save normal map 'empty'"));
+}
+
+void TestCommandLine::lostOutputIsAFailure()
+{
+    QProcess shell;
+    shell.setWorkingDirectory(path(""));
+    shell.start(QStringLiteral("sh"),
+                {QStringLiteral("-c"), QStringLiteral(CLI_PROGRAM " info p.vep >/dev/full")});
+    QVERIFY(shell.waitForFinished());
+    QCOMPARE(shell.exitCode(), 1);
 }
 
 void TestCommandLine::umlautsInTheCLocale()

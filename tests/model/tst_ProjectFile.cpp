@@ -31,6 +31,9 @@ private Q_SLOTS:
     void missingDataFileStaysMissing();
     void sharedDataFileIsSavedTwice();
     void failedSaveKeepsTheOldFile();
+    void flippedBitsCostOneBody();
+    void linksLeadToTheFilesOwnFolder();
+    void mutatedContentIsReadOrRefused();
 };
 
 namespace {
@@ -176,6 +179,7 @@ void TestProjectFile::olderFormsAreRead()
     const auto bare = load(folder.write(QStringLiteral("old.vex"), xml), &damaged);
     QCOMPARE(bare->lightHeight().value(), 5);
     QVERIFY(bare->bodies().at(0).paintedNormalMap().value().isEmpty());
+    QVERIFY(damaged.isEmpty());
     QCOMPARE(errorOf([&] { DataModelWriter(*bare).write(); }),
              QStringLiteral("File type of '%1' not supported")
                  .arg(folder.path(QStringLiteral("old.vex"))));
@@ -227,6 +231,10 @@ void TestProjectFile::refusals_data()
         "a.vex",
         projectXml("<bodies><dress/></bodies>"),
         "Unknown list element 'dress'");
+    row("entry of another list",
+        "a.vex",
+        projectXml("<bodies><sprite/></bodies>"),
+        "cannot add 'sprite' to list 'bodies', wrong type");
     row("preset collection",
         "a.vex",
         projectXml("<preset_collections><brush_list/></preset_collections>"),
@@ -348,6 +356,85 @@ void TestProjectFile::failedSaveKeepsTheOldFile()
     addBody(project, QString(QChar(1)));
     QVERIFY(errorOf([&] { save(project, path); }).startsWith(QLatin1String("Failed to save '")));
     QCOMPARE(contentOf(path), old);
+}
+
+void TestProjectFile::flippedBitsCostOneBody()
+{
+    const Folder folder;
+    const QByteArray packed = qCompress(encode(angles({{1, 2}, {3, 4}})));
+    const QByteArray sound =
+        bundle(projectXml("<bodies>" + bodyXml("a", "1") + bodyXml("b", "2") + "</bodies>"),
+               {{"1", packed}, {"2", packed}});
+    const int start = sound.indexOf(packed);
+    for (int i = start; i < start + packed.size(); ++i) {
+        QByteArray flipped = sound;
+        flipped[i] = char(flipped[i] ^ 4);
+        QStringList damaged;
+        const QString path = folder.write(QStringLiteral("a.vep"), flipped);
+        const auto project = load(path, &damaged);
+        QCOMPARE(damaged, QStringList(QStringLiteral("a")));
+        QCOMPARE(project->bodies().at(1).paintedNormalMap().angleImage(), angles({{1, 2}, {3, 4}}));
+        save(*project, path);
+        QVERIFY(contentOf(path).contains(flipped.mid(start, packed.size())));
+    }
+    QByteArray flipped = sound;
+    flipped.replace("<name>", "<Name>");
+    const QString path = folder.write(QStringLiteral("b.vep"), flipped);
+    QCOMPARE(errorOf([&path] { load(path); }), QStringLiteral("Failed to load '%1'").arg(path));
+}
+
+void TestProjectFile::linksLeadToTheFilesOwnFolder()
+{
+    const Folder folder;
+    Project project;
+    addBody(project, QString(), folder.writeSprite(QStringLiteral("a.png"), {1, 1}));
+    QVERIFY(QDir().mkpath(folder.path(QStringLiteral("real"))) &&
+            QDir().mkpath(folder.path(QStringLiteral("far/away"))));
+    const QString real = folder.path(QStringLiteral("real/a.vep"));
+    const QString link = folder.path(QStringLiteral("far/away/a.vep"));
+    save(project, real);
+    QVERIFY(QFile::link(QStringLiteral("../../real/a.vep"), link));
+    save(*load(link), link);
+    QVERIFY(QFileInfo(link).isSymLink());
+    for (const QString &path : {real, link})
+        QCOMPARE(load(path)->bodies().at(0).sprite().filename().value().path(),
+                 folder.path(QStringLiteral("a.png")));
+}
+
+// Right checksums lead the faults past the archive, into the text and the surfaces.
+void TestProjectFile::mutatedContentIsReadOrRefused()
+{
+    const Folder folder;
+    std::mt19937 random(11);
+    const QByteArray xml =
+        projectXml("<light_height>5</light_height><bodies>" + bodyXml("a", "1") +
+                   bodyXml("b", "2") + "</bodies><publish_directory>./</publish_directory>");
+    const QByteArray surface = encode(randomAngles(3, 2, random));
+    const auto mutate = [&random](QByteArray bytes) {
+        for (int i = randomInt(0, 3, random); i > 0; --i)
+            bytes[randomInt(0, bytes.size() - 1, random)] = char(randomInt(0, 255, random));
+        return randomInt(0, 9, random) == 0 ? bytes.left(randomInt(0, bytes.size(), random))
+                                            : bytes;
+    };
+    int loaded = 0;
+    for (int i = 0; i < 2000; ++i) {
+        const QString path = folder.write(
+            QStringLiteral("a.vep"),
+            bundle(i % 2 == 0 ? xml : mutate(xml),
+                   {{"1", qCompress(mutate(surface))}, {"2", mutate(qCompress(surface))}}));
+        std::shared_ptr<Project> project;
+        if (!errorOf([&] { project = load(path); }).isEmpty())
+            continue;
+        ++loaded;
+        // What was read can be saved, and reads back as the same.
+        save(*project, path);
+        const auto again = load(path);
+        QCOMPARE(again->bodies().size(), project->bodies().size());
+        for (int body = 0; body < again->bodies().size(); ++body)
+            QCOMPARE(again->bodies().at(body).paintedNormalMap().value(),
+                     project->bodies().at(body).paintedNormalMap().value());
+    }
+    QVERIFY2(loaded > 1000 && loaded < 2000, QByteArray::number(loaded).constData());
 }
 
 QTEST_GUILESS_MAIN(TestProjectFile)

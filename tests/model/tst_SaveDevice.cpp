@@ -160,8 +160,8 @@ void TestSaveDevice::writesAnywhereAndReplaces()
         QCOMPARE(contentOf(path), QByteArray("01ab456789"));
         QCOMPARE(filesIn(folder.path()), QStringList{QStringLiteral("ä b.vep")});
     }
-    QVERIFY(syncFolder(folder.path()));
-    QVERIFY(!syncFolder(folder.filePath(QStringLiteral("missing"))));
+    QVERIFY(syncFolders({folder.path(), folder.path()}));
+    QVERIFY(!syncFolders({folder.path(), folder.filePath(QStringLiteral("missing"))}));
 }
 
 void TestSaveDevice::nothingIsLeftWithoutCommit()

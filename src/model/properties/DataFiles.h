@@ -16,6 +16,7 @@ public:
     virtual void add(const QString &id, const std::shared_ptr<DataFile> &file) = 0;
     /// The loaded data file of this @p id, still packed; null when there is none.
     virtual std::shared_ptr<DataFile> find(const QString &id) const = 0;
-    /// Unpacks @p files, side by side; those that can't be unpacked are marked as damaged.
+    /// Unpacks @p files, side by side; those that can't be unpacked are marked as damaged. Throws
+    /// Error when there is not enough memory.
     virtual void unpack(const QVector<std::shared_ptr<DataFile>> &files) const = 0;
 };

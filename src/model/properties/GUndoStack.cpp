@@ -92,7 +92,17 @@ UndoMacro::UndoMacro(GUndoStack &stack, const QString &text)
     m_stack.beginMacro(text);
 }
 
+UndoMacro::UndoMacro(GUndoStack &stack, const QString &text, const QVector<Observable *> &held)
+    : m_stack(stack)
+    , m_isHolding(true)
+{
+    m_stack.beginHoldingMacro(text, held);
+}
+
 UndoMacro::~UndoMacro()
 {
-    m_stack.endMacro();
+    if (m_isHolding)
+        m_stack.endHoldingMacro();
+    else
+        m_stack.endMacro();
 }

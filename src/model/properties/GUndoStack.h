@@ -53,10 +53,13 @@ class UndoMacro
 {
 public:
     UndoMacro(GUndoStack &stack, const QString &text);
+    /// Holds the notifications of @p held back until then.
+    UndoMacro(GUndoStack &stack, const QString &text, const QVector<Observable *> &held);
     ~UndoMacro();
     UndoMacro(const UndoMacro &) = delete;
     UndoMacro &operator=(const UndoMacro &) = delete;
 
 private:
     GUndoStack &m_stack;
+    bool m_isHolding = false;
 };

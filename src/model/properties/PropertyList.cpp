@@ -54,10 +54,7 @@ void PropertyList::setEntries(const Entries &entries, const QString &undoText, b
 
 void PropertyList::append(const std::shared_ptr<Property> &entry, const QString &undoText)
 {
-    if (!accepts(*entry))
-        throw ErrorTypeConflict(
-            QCoreApplication::translate("PropertyList", "cannot add '%1' to list '%2', wrong type")
-                .arg(entry->key(), key()));
+    requireType(*entry);
     setEntries(m_entries + Entries{entry}, undoText);
 }
 
@@ -69,6 +66,14 @@ void PropertyList::remove(const Property &entry, const QString &undoText)
                               [&entry](const auto &other) { return other.get() == &entry; }),
                rest.end());
     setEntries(rest, undoText);
+}
+
+void PropertyList::requireType(const Property &entry) const
+{
+    if (!accepts(entry))
+        throw ErrorTypeConflict(
+            QCoreApplication::translate("PropertyList", "cannot add '%1' to list '%2', wrong type")
+                .arg(entry.key(), key()));
 }
 
 bool PropertyList::accepts(const Property &) const

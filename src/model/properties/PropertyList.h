@@ -19,7 +19,8 @@ public:
     /// Shares the children of @p other.
     void assign(const Property &other) override;
     std::shared_ptr<Property> newInstance() const override;
-    /// A new child for the tag @p tag of a file, not yet in the list; null for an unknown tag.
+    /// What the tag @p tag of a file stands for, not yet in the list and perhaps of a type that it
+    /// does not take; null for an unknown tag.
     virtual std::shared_ptr<Property> createEntry(const QString &tag) const;
 
     const Entries &entries() const { return m_entries; }
@@ -33,6 +34,9 @@ public:
     void append(const std::shared_ptr<Property> &entry, const QString &undoText);
     /// Removes by an undo step; what is not in the list is passed over.
     void remove(const Property &entry, const QString &undoText);
+
+    /// Throws ErrorTypeConflict for an entry that can't be added.
+    void requireType(const Property &entry) const;
 
 protected:
     virtual bool accepts(const Property &entry) const;

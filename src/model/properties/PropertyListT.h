@@ -9,8 +9,8 @@ template <class Type>
 class PropertyListT : public PropertyList
 {
 public:
-    /// Makes a child for a tag of a file, null for a tag that the list does not hold.
-    using Factory = std::function<std::shared_ptr<Type>(const QString &tag)>;
+    /// Makes what a tag of a file stands for, null for an unknown one.
+    using Factory = std::function<std::shared_ptr<Property>(const QString &tag)>;
 
     PropertyListT(UndoStackOwner &document, const QString &key, const Factory &factory = {})
         : PropertyList(document, key)

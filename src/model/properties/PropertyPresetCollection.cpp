@@ -7,7 +7,7 @@ auto presetFactory(UndoStackOwner &document,
                    const QString &type,
                    const std::shared_ptr<PropertyStruct> &prototype)
 {
-    return [&document, type, prototype](const QString &tag) -> std::shared_ptr<PropertyPreset> {
+    return [&document, type, prototype](const QString &tag) -> std::shared_ptr<Property> {
         if (tag != PropertyPreset::tag())
             return nullptr;
         return std::make_shared<PropertyPreset>(

@@ -17,7 +17,7 @@ QPointF pointOf(const QDomElement &element)
 }
 } // namespace
 
-PropertyXMLReader::PropertyXMLReader(const QString &baseFolder, const DataFiles &dataFiles)
+PropertyXMLReader::PropertyXMLReader(const QString &baseFolder, const DataFiles *dataFiles)
     : m_baseFolder(baseFolder)
     , m_dataFiles(dataFiles)
 {
@@ -51,6 +51,7 @@ void PropertyXMLReader::visit(PropertyList &property)
             throw Error(
                 QCoreApplication::translate("PropertyXMLReader", "Unknown list element '%1'")
                     .arg(tag));
+        property.requireType(*entry);
         readFrom(element, *entry);
         entries.append(entry);
     }
@@ -97,7 +98,7 @@ void PropertyXMLReader::visit(PropertyStruct &property)
 void PropertyXMLReader::visit(PropertyByteArray &property)
 {
     const QString id = m_current.attribute(QStringLiteral("datafile"));
-    if (id.isEmpty())
+    if (id.isEmpty() || !m_dataFiles)
         return;
     property.setDataFileId(id);
     m_byteArrays.append(&property);
@@ -199,14 +200,15 @@ void PropertyXMLReader::loadDataFiles()
 {
     QVector<std::shared_ptr<DataFile>> files;
     for (auto *property : std::as_const(m_byteArrays)) {
-        auto file = m_dataFiles.find(property->dataFileId());
+        auto file = m_dataFiles->find(property->dataFileId());
         if (!file) {
             file = std::make_shared<DataFile>();
             file->damaged = true;
         }
         files.append(file);
     }
-    m_dataFiles.unpack(files);
+    if (!files.isEmpty())
+        m_dataFiles->unpack(files);
     for (int i = 0; i < files.size(); ++i) {
         PropertyByteArray &property = *m_byteArrays[i];
         property.setDataFile(files[i]);

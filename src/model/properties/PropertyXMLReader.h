@@ -14,8 +14,9 @@ class DataFiles;
 class PropertyXMLReader final : public PropertyVisitor
 {
 public:
-    /// File names count from @p baseFolder (canonical); byte arrays come from @p dataFiles.
-    PropertyXMLReader(const QString &baseFolder, const DataFiles &dataFiles);
+    /// File names count from @p baseFolder (canonical); byte arrays come from @p dataFiles and,
+    /// when it is null, stay empty.
+    PropertyXMLReader(const QString &baseFolder, const DataFiles *dataFiles);
 
     /// Fills @p project from @p root. Throws Error for lists or references that it can't read.
     void read(GProject &project, const QDomElement &root);
@@ -47,7 +48,7 @@ private:
     void loadDataFiles();
 
     QString m_baseFolder;
-    const DataFiles &m_dataFiles;
+    const DataFiles *m_dataFiles;
     GProject *m_project = nullptr;
     QDomElement m_current;
     QVector<PropertyByteArray *> m_byteArrays;

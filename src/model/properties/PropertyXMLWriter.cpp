@@ -32,8 +32,8 @@ bool isPlainId(const QString &id)
 {
     constexpr int longest = 200;
     return !id.isEmpty() && id.size() <= longest && std::all_of(id.begin(), id.end(), [](QChar c) {
-        return c.unicode() > ' ' && c.unicode() < 0x7F && c != QLatin1Char('/') &&
-               c != QLatin1Char('\\');
+        return c.unicode() < 0x7F &&
+               (c.isLetterOrNumber() || c == QLatin1Char('-') || c == QLatin1Char('_'));
     });
 }
 } // namespace

@@ -77,7 +77,7 @@ public:
         NoDataFiles files;
         QDomDocument document;
         document.setContent(xml);
-        PropertyXMLReader(QStringLiteral("/art"), files).read(*this, document.documentElement());
+        PropertyXMLReader(QStringLiteral("/art"), &files).read(*this, document.documentElement());
     }
 
     PropertyRect &rect;

@@ -113,13 +113,14 @@ void TestUndo::holdingMacroTellsOnce()
     PropertyInt loose(project, QStringLiteral("loose"));
     RecordingObserver heldObserver(held);
     RecordingObserver looseObserver(loose);
-    project.undoStack().beginHoldingMacro(text, {&held});
-    for (int i = 1; i <= 3; ++i)
-        held.setValue(i, text);
-    loose.setValue(1, text);
-    QCOMPARE(heldObserver.calls, 0);
-    QCOMPARE(looseObserver.calls, 1);
-    project.undoStack().endHoldingMacro();
+    {
+        const UndoMacro macro(project.undoStack(), text, {&held});
+        for (int i = 1; i <= 3; ++i)
+            held.setValue(i, text);
+        loose.setValue(1, text);
+        QCOMPARE(heldObserver.calls, 0);
+        QCOMPARE(looseObserver.calls, 1);
+    }
     QCOMPARE(heldObserver.calls, 1);
     held.setValue(9, text);
     QCOMPARE(heldObserver.calls, 2);
