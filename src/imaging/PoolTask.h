@@ -8,10 +8,9 @@
 #include <functional>
 #include <memory>
 #include <mutex>
-#include <optional>
 
-/// One computation on the global thread pool and the place of its result. Dropping it does not stop
-/// the work; what the work uses it must own. No task waits for another one.
+/// One computation on the global thread pool and the place of its result. Destroying it waits for
+/// the work, which owns what it uses. No task waits for another one.
 ///
 /// Everything crosses threads under a mutex of our own, since the thread sanitizer knows nothing of
 /// the locks inside the toolkit's pool.
@@ -28,6 +27,14 @@ public:
         QThreadPool::globalInstance()->start(
             new Runnable(m_slot, std::move(work), std::move(finished)));
     }
+
+    ~PoolTask()
+    {
+        if (isValid())
+            wait();
+    }
+    PoolTask(PoolTask &&) noexcept = default;
+    PoolTask &operator=(PoolTask &&) noexcept = default;
 
     /// False for a default-made task, and after take().
     bool isValid() const { return m_slot != nullptr; }
@@ -56,10 +63,10 @@ private:
     {
         std::mutex mutex;
         std::condition_variable condition;
-        std::optional<Result> result;
+        std::unique_ptr<Result> result;
         std::exception_ptr problem;
 
-        bool isDone() const { return result.has_value() || problem; }
+        bool isDone() const { return result || problem; }
 
         std::unique_lock<std::mutex> waitLocked()
         {
@@ -86,10 +93,10 @@ private:
         {
             s_handOver.lock();
             s_handOver.unlock();
-            std::optional<Result> result;
+            std::unique_ptr<Result> result;
             std::exception_ptr problem;
             try {
-                result = m_work();
+                result = std::make_unique<Result>(m_work());
             } catch (...) {
                 problem = std::current_exception();
             }
