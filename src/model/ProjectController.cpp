@@ -220,6 +220,20 @@ void ProjectController::install(const std::shared_ptr<Project> &project)
     if (!bodies.isEmpty())
         m_selection.setSelection({bodies.first()});
     project->undoStack().clear();
+    // Undo and redo give a sprite another file, or its surface another size.
+    QObject::connect(&project->undoStack(), &GUndoStack::indexChanged, &m_selection, [this] {
+        loadOutdatedSprites();
+    });
+}
+
+void ProjectController::loadOutdatedSprites()
+{
+    QVector<Body *> outdated;
+    for (Body *body : m_project->bodies().all()) {
+        if (body->sprite().isOutdated(body->paintedSize()))
+            outdated.append(body);
+    }
+    loadSprites(outdated);
 }
 
 void ProjectController::loadSprites(const QVector<Body *> &bodies)
@@ -261,7 +275,6 @@ void ProjectController::searchMissing(const QString &folder, QStringList &change
 {
     if (folder.isEmpty())
         return;
-    QVector<Body *> found;
     const UndoMacro macro(m_project->undoStack(), tr("update file paths"));
     for (Body *body : missingBodies()) {
         auto &filename = body->sprite().filename();
@@ -271,9 +284,7 @@ void ProjectController::searchMissing(const QString &folder, QStringList &change
         changes.append(tr("Updated file path:") + QLatin1Char('\n') + filename.value().path() +
                        QStringLiteral("\n-->\n") + path.path());
         filename.setValue(path, tr("update file path"), false);
-        found.append(body);
     }
-    loadSprites(found);
 }
 
 void ProjectController::resolveResized(QStringList &changes)
@@ -292,5 +303,4 @@ void ProjectController::resolveResized(QStringList &changes)
                                                tr("reset normalmap"));
         changes.append(tr("Reset normalmap: ") + body->name().value());
     }
-    loadSprites(resized);
 }

@@ -63,6 +63,7 @@ public:
 private:
     void install(const std::shared_ptr<Project> &project);
     void loadSprites(const QVector<Body *> &bodies);
+    void loadOutdatedSprites();
     QVector<Body *> missingBodies() const;
     void resolveMissing(QStringList &changes);
     void searchMissing(const QString &folder, QStringList &changes);

@@ -40,6 +40,7 @@ void Sprite::load(const QSize &expectedSize, bool checkSize)
 
 void Sprite::load(const ReadImage &read, const QSize &expectedSize, bool checkSize)
 {
+    m_loadedFrom = m_filename->value();
     m_statusIcon.clear();
     m_image = read.image;
     m_fileSize = read.image.size();
@@ -57,4 +58,13 @@ void Sprite::load(const ReadImage &read, const QSize &expectedSize, bool checkSi
                                   : QStringLiteral(":/qrv_tools/icons/Icons_SpriteMissing.svg");
     }
     notify();
+}
+
+bool Sprite::isOutdated(const QSize &paintedSize) const
+{
+    if (m_loadedFrom.isEmpty())
+        return false;
+    const bool fits = paintedSize.isEmpty() ? !m_isWrongSized : m_image.size() == paintedSize;
+    const bool hidesTheFile = m_isWrongSized && m_fileSize == paintedSize;
+    return !fits || hidesTheFile || m_loadedFrom != m_filename->value();
 }

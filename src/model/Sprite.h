@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/GFileName.h"
 #include "model/properties/PropertyStruct.h"
 #include "model/properties/PropertyTypes.h"
 
@@ -27,6 +28,10 @@ public:
     /// The same with the file read before, as on another thread.
     void load(const ReadImage &read, const QSize &expectedSize, bool checkSize);
 
+    /// True when the image is no longer the one that load() would give for this size of the painted
+    /// surface (empty for none): the file's name or the size has changed since. False before the
+    /// first load().
+    bool isOutdated(const QSize &paintedSize) const;
     /// True when the file was read, whatever its size.
     bool isLoaded() const { return m_isLoaded; }
     bool isWrongSized() const { return m_isWrongSized; }
@@ -42,6 +47,7 @@ public:
 private:
     PropertyFilename *m_filename;
     PropertyString *m_checksum;
+    GFileName m_loadedFrom;
     QImage m_image;
     QSize m_fileSize;
     QString m_statusIcon;

@@ -243,7 +243,18 @@ void TestProjectController::checkingTextures()
     const Body &grown = m_controller->project().bodies().at(1);
     QCOMPARE(grown.paintedNormalMap().angleImage().size(), QSize(3, 5));
     QVERIFY(grown.sprite().statusIcon().isEmpty());
-    QVERIFY(m_controller->project().undoStack().isModified());
+    auto &stack = m_controller->project().undoStack();
+    QVERIFY(stack.isModified());
+    stack.undo(); // the surface has the old size again
+    QVERIFY(grown.sprite().isWrongSized());
+    QCOMPARE(grown.sprite().image().size(), QSize(2, 2));
+    stack.undo();
+    stack.undo();
+    const Sprite &sprite = m_controller->project().bodies().at(0).sprite();
+    QVERIFY(!sprite.isLoaded()); // the old path is back
+    while (stack.canRedo())
+        stack.redo();
+    QVERIFY(sprite.isLoaded() && grown.sprite().statusIcon().isEmpty());
 }
 
 void TestProjectController::failedSaveAsKeepsTheName()
