@@ -1,8 +1,6 @@
 #include "imaging/AsyncUpdateThread.h"
-#include "imaging/PoolTask.h"
 
 #include <QCoreApplication>
-#include <QSignalSpy>
 #include <QTest>
 #include <QThread>
 
@@ -13,12 +11,11 @@
 namespace {
 
 using Numbers = QVector<int>;
-using Thread = AsyncUpdateThread<Numbers, Numbers>;
+using Results = QVector<Numbers>;
 
 // Hands its request back; each computation stops at the gate until it is let through.
-class Gated : public SynchronousUpdateAlgorithm<Numbers, Numbers>
+struct Gated : public SynchronousUpdateAlgorithm<Numbers, Numbers>
 {
-public:
     Numbers compute(const Numbers &params) override
     {
         if (std::exchange(isComputing, true))
@@ -29,39 +26,47 @@ public:
         ++computed;
         return params;
     }
+    Numbers merge(const Numbers &pending, const Numbers &incoming) const override
+    {
+        return joins ? pending + incoming : SynchronousUpdateAlgorithm::merge(pending, incoming);
+    }
 
     std::counting_semaphore<> entered{0};
     std::counting_semaphore<> gate{0};
     std::atomic<int> computed = 0;
     bool isComputing = false;
+    bool joins = false;
 };
 
-class Joining : public Gated
+// A thread, and what it delivers in order.
+struct Run
 {
-public:
-    Numbers merge(const Numbers &pending, const Numbers &incoming) const override
+    explicit Run(int open, bool merges = false, bool joins = false)
+        : thread(std::make_unique<AsyncUpdateThread<Numbers, Numbers>>(&algorithm, merges))
     {
-        return pending + incoming;
+        algorithm.gate.release(open);
+        algorithm.joins = joins;
+        QObject::connect(thread.get(), &AsyncUpdateThreadBase::resultAvailable, [this] { add(); });
     }
-};
-
-// What a thread delivers, in order.
-class Delivered
-{
-public:
-    explicit Delivered(Thread &thread)
+    void add()
     {
-        QObject::connect(
-            &thread, &AsyncUpdateThreadBase::resultAvailable, &thread, [this, &thread] {
-                if (QThread::currentThread() != thread.thread() || thread.isBusy())
-                    qFatal("delivered from elsewhere or too early");
-                results.append(thread.result());
-                params.append(thread.finishedParams());
-            });
+        const bool isInTime = QThread::currentThread() == thread->thread() && !thread->isBusy();
+        if (!isInTime || thread->finishedParams() != thread->result())
+            qFatal("delivered from elsewhere, too early or for another request");
+        results.append(thread->result());
+        if (whenDelivered)
+            whenDelivered();
+    }
+    void request(const Numbers &numbers) const
+    {
+        for (const int number : numbers)
+            thread->requestUpdate({number});
     }
 
-    QVector<Numbers> results;
-    QVector<Numbers> params;
+    Gated algorithm;
+    std::unique_ptr<AsyncUpdateThread<Numbers, Numbers>> thread;
+    Results results;
+    std::function<void()> whenDelivered;
 };
 
 } // namespace
@@ -71,182 +76,111 @@ class TestAsyncUpdateThread : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void requestsWhileOneRuns_data();
-    void requestsWhileOneRuns();
-    void theEventLoopDelivers();
-    void aLateCallFinishesNothing();
-    void waitingInAResult();
-    void requestingInAResult();
-    void destroyedInAResult();
-    void destroyedWhileRunning();
-    void destroyedAnyTime();
-    void tasksHandTheirErrorsOver();
-};
-
-void TestAsyncUpdateThread::requestsWhileOneRuns_data()
-{
-    QTest::addColumn<bool>("joins");
-    QTest::addColumn<bool>("mergeRequests");
-    QTest::addColumn<QVector<Numbers>>("expected");
-
-    const Numbers one{1};
-    QTest::newRow("queued") << true << false << QVector<Numbers>{one, {2}, {3}, {4}};
-    QTest::newRow("merged") << true << true << QVector<Numbers>{one, {2, 3, 4}};
-    QTest::newRow("dropped by default") << false << true << QVector<Numbers>{one, {4}};
-}
-
-void TestAsyncUpdateThread::requestsWhileOneRuns()
-{
-    QFETCH(bool, joins);
-    QFETCH(bool, mergeRequests);
-    QFETCH(QVector<Numbers>, expected);
-    Gated dropping;
-    Joining joining;
-    Gated &algorithm = joins ? joining : dropping;
-    Thread thread(&algorithm, mergeRequests);
-    Delivered delivered(thread);
-    QVERIFY(!thread.isBusy());
-    thread.waitForIdle();
-
-    thread.requestUpdate({1});
-    algorithm.entered.acquire();
-    QVERIFY(thread.isBusy());
-    for (int number : {2, 3, 4})
-        thread.requestUpdate({number});
-    algorithm.gate.release(9);
-    thread.waitForIdle();
-    QVERIFY(!thread.isBusy());
-    QCOMPARE(delivered.results, expected);
-    QCOMPARE(delivered.params, expected);
-    QCoreApplication::processEvents();
-    QCOMPARE(delivered.results, expected);
-    QCOMPARE(algorithm.computed.load(), expected.size());
-}
-
-void TestAsyncUpdateThread::theEventLoopDelivers()
-{
-    Joining algorithm;
-    Thread thread(&algorithm, true);
-    Delivered delivered(thread);
-    thread.requestUpdate({1});
-    thread.requestUpdate({2});
-    algorithm.gate.release(2);
-    QTRY_COMPARE(delivered.results, (QVector<Numbers>{{1}, {2}}));
-    QVERIFY(!thread.isBusy());
-}
-
-void TestAsyncUpdateThread::aLateCallFinishesNothing()
-{
-    Gated algorithm;
-    Thread thread(&algorithm, false);
-    Delivered delivered(thread);
-    thread.updateTaskFinished();
-    thread.requestUpdate({1});
-    algorithm.gate.release();
-    thread.waitForIdle();
-    thread.updateTaskFinished();
-    QCOMPARE(delivered.results.size(), 1);
-
-    // The first task's own call is still on its way while the second one runs.
-    thread.requestUpdate({2});
-    algorithm.entered.acquire();
-    QCoreApplication::processEvents();
-    thread.updateTaskFinished();
-    QVERIFY(thread.isBusy());
-    QCOMPARE(delivered.results.size(), 1);
-    algorithm.gate.release();
-    QTRY_COMPARE(delivered.results, (QVector<Numbers>{{1}, {2}}));
-}
-
-void TestAsyncUpdateThread::waitingInAResult()
-{
-    Gated algorithm;
-    algorithm.gate.release(9);
-    Thread thread(&algorithm, false);
-    QVector<int> order;
-    connect(&thread, &AsyncUpdateThreadBase::resultAvailable, this, [&] {
-        order.append(thread.result().first());
-        thread.waitForIdle();
-        order.append(-1);
-    });
-    for (int number : {1, 2, 3})
-        thread.requestUpdate({number});
-    thread.waitForIdle();
-    QCOMPARE(order, (QVector<int>{1, 2, 3, -1, -1, -1}));
-    QVERIFY(!thread.isBusy());
-}
-
-void TestAsyncUpdateThread::requestingInAResult()
-{
-    Joining algorithm;
-    algorithm.gate.release(9);
-    Thread thread(&algorithm, true);
-    QVector<Numbers> results;
-    connect(&thread, &AsyncUpdateThreadBase::resultAvailable, this, [&] {
-        results.append(thread.result());
-        if (thread.result() == Numbers{1})
-            thread.requestUpdate({3});
-    });
-    thread.requestUpdate({1});
-    thread.requestUpdate({2});
-    thread.waitForIdle();
-    QCOMPARE(results, (QVector<Numbers>{{1}, {2, 3}}));
-}
-
-void TestAsyncUpdateThread::destroyedInAResult()
-{
-    for (bool waits : {true, false}) {
-        Gated algorithm;
-        algorithm.gate.release(9);
-        auto *thread = new Thread(&algorithm, false);
-        const QPointer<QObject> alive(thread);
-        connect(thread, &AsyncUpdateThreadBase::resultAvailable, this, [thread] { delete thread; });
-        thread->requestUpdate({1});
-        thread->requestUpdate({2});
-        if (waits)
-            thread->waitForIdle();
-        QTRY_VERIFY(!alive);
-        QCOMPARE(algorithm.computed.load(), 1);
-    }
-}
-
-void TestAsyncUpdateThread::destroyedWhileRunning()
-{
-    Gated algorithm;
-    auto thread = std::make_unique<Thread>(&algorithm, false);
-    QSignalSpy spy(thread.get(), &AsyncUpdateThreadBase::resultAvailable);
-    thread->requestUpdate({1});
-    thread->requestUpdate({2});
-    algorithm.entered.acquire();
-    std::thread opener([&] { algorithm.gate.release(9); });
-    thread.reset();
-    QCOMPARE(algorithm.computed.load(), 1);
-    opener.join();
-    QCoreApplication::processEvents();
-    QCOMPARE(spy.count(), 0);
-    QVERIFY(!algorithm.entered.try_acquire());
-}
-
-void TestAsyncUpdateThread::destroyedAnyTime()
-{
-    for (int round = 0; round < 2000; ++round) {
-        Joining algorithm;
-        algorithm.gate.release(9);
-        Thread thread(&algorithm, true);
-        for (int number = 0; number < round % 4; ++number)
-            thread.requestUpdate({number});
-        if (round % 5 == 0)
+    // Who waits gets the results at once, who doesn't from the event loop.
+    void requestsWhileOneRuns()
+    {
+        const auto check = [](bool waits, bool merges, bool joins, const Results &expected) {
+            Run run(0, merges, joins);
+            run.thread->waitForIdle();
+            run.request({1});
+            run.algorithm.entered.acquire();
+            QVERIFY(run.thread->isBusy());
+            run.request({2, 3, 4});
+            run.algorithm.gate.release(9);
+            if (waits)
+                run.thread->waitForIdle();
+            else
+                QTRY_COMPARE(run.results.size(), expected.size());
+            QVERIFY(!run.thread->isBusy());
             QCoreApplication::processEvents();
+            QCOMPARE(run.results, expected);
+            QCOMPARE(run.algorithm.computed.load(), expected.size());
+        };
+        for (const bool waits : {true, false}) {
+            check(waits, false, true, {{1}, {2}, {3}, {4}});
+            check(waits, true, true, {{1}, {2, 3, 4}});
+            check(waits, true, false, {{1}, {4}});
+        }
     }
-}
 
-void TestAsyncUpdateThread::tasksHandTheirErrorsOver()
-{
-    PoolTask<int> task([]() -> int { throw std::bad_alloc(); });
-    task.wait();
-    QVERIFY(task.isFinished());
-    QVERIFY_EXCEPTION_THROWN(task.take(), std::bad_alloc);
-}
+    void aLateCallFinishesNothing()
+    {
+        Run run(1);
+        run.thread->updateTaskFinished();
+        run.request({1});
+        run.thread->waitForIdle();
+        run.thread->updateTaskFinished();
+        QCOMPARE(run.results.size(), 1);
+        // The first task's own call is still on its way while the second one runs.
+        run.algorithm.entered.acquire();
+        run.request({2});
+        run.algorithm.entered.acquire();
+        QCoreApplication::processEvents();
+        run.thread->updateTaskFinished();
+        QVERIFY(run.thread->isBusy() && run.results.size() == 1);
+        run.algorithm.gate.release();
+        QTRY_COMPARE(run.results, (Results{{1}, {2}}));
+    }
+
+    void waitingInAResult()
+    {
+        Run run(9);
+        run.whenDelivered = [&] {
+            run.thread->waitForIdle();
+            run.results.append(Numbers{});
+        };
+        run.request({1, 2, 3});
+        run.thread->waitForIdle();
+        QCOMPARE(run.results, (Results{{1}, {2}, {3}, {}, {}, {}}));
+        QVERIFY(!run.thread->isBusy());
+    }
+
+    void requestingInAResult()
+    {
+        Run run(9, true, true);
+        run.whenDelivered = [&] {
+            if (run.results.size() == 1)
+                run.request({3});
+        };
+        run.request({1, 2});
+        run.thread->waitForIdle();
+        QCOMPARE(run.results, (Results{{1}, {2, 3}}));
+    }
+
+    void destroyedInAResult()
+    {
+        for (const bool waits : {true, false}) {
+            Run run(9);
+            run.whenDelivered = [&] { run.thread.reset(); };
+            run.request({1, 2});
+            if (waits)
+                run.thread->waitForIdle();
+            QTRY_VERIFY(!run.thread);
+            QCOMPARE(run.algorithm.computed.load(), 1);
+        }
+    }
+
+    void destroyedWhileRunning()
+    {
+        Run run(0);
+        run.request({1, 2});
+        run.algorithm.entered.acquire();
+        std::thread opener([&] { run.algorithm.gate.release(9); });
+        run.thread.reset();
+        QCOMPARE(run.algorithm.computed.load(), 1);
+        opener.join();
+        QCoreApplication::processEvents();
+        QVERIFY(run.results.isEmpty() && !run.algorithm.entered.try_acquire());
+    }
+
+    void tasksHandTheirErrorsOver()
+    {
+        PoolTask<int> task([]() -> int { throw std::bad_alloc(); });
+        task.wait();
+        QVERIFY(task.isFinished());
+        QVERIFY_EXCEPTION_THROWN(task.take(), std::bad_alloc);
+    }
+};
 
 QTEST_GUILESS_MAIN(TestAsyncUpdateThread)
 

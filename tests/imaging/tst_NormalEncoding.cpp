@@ -14,22 +14,10 @@ QRgb plainNormal(AngleImage::Pixel cell, bool flipY = false)
     const float x = float(cell.sx) * 0.00390625F;
     const float y = float(cell.sy) * (flipY ? 0.00390625F : -0.00390625F);
     const float len = std::sqrt(x * x + y * y + 1.0F);
-    const float nx = x / len;
-    const float ny = y / len;
-    const float nz = 1.0F / len;
-    const float red = nx * 127.0F + 127.5F;
-    const float green = ny * 127.0F + 127.5F;
-    const float blue = nz * 255.0F + 0.5F;
-    const auto byte = [](float channel) { return quint32(int(channel)) & 0xFFU; };
-    return 0xFF000000U | byte(red) << 16U | byte(green) << 8U | byte(blue);
-}
-
-AngleImage everySlopeInX(int sy)
-{
-    AngleImage image(256, 256);
-    for (int i = 0; i < 65536; ++i)
-        image.row(0)[i] = {qint16(i - 32768), qint16(sy)};
-    return image;
+    const float red = x / len * 127.0F + 127.5F;
+    const float green = y / len * 127.0F + 127.5F;
+    const float blue = 1.0F / len * 255.0F + 0.5F;
+    return qRgb(int(red), int(green), int(blue));
 }
 
 QImage pixels(std::initializer_list<QRgb> row, QImage::Format format = QImage::Format_RGB32)
@@ -43,6 +31,20 @@ QImage pixels(std::initializer_list<QRgb> row, QImage::Format format = QImage::F
     return image.convertToFormat(format);
 }
 
+QRgb colourOf(int sx, int sy, bool flipY = false)
+{
+    QImage image = flatNormalMap({1, 1});
+    toNormalMap(angles({{{sx, sy}}}), image, flipY);
+    return image.pixel(0, 0);
+}
+
+AngleImage slopesOf(const QImage &image)
+{
+    AngleImage surface(3, 2, 5);
+    fromNormalMap(image, surface);
+    return surface;
+}
+
 } // namespace
 
 class TestNormalEncoding : public QObject
@@ -50,188 +52,115 @@ class TestNormalEncoding : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void colours_data();
-    void colours();
-    void everyLoopGivesTheFormulasPixels();
-    void onlyTheRectangleIsWritten();
-    void unsuitableImagesStayAlone();
-    void slopesOfColours_data();
-    void slopesOfColours();
-    void everyFormatIsRead_data();
-    void everyFormatIsRead();
-    void transparentPixelsBecomeFlat_data();
-    void transparentPixelsBecomeFlat();
-};
-
-void TestNormalEncoding::colours_data()
-{
-    QTest::addColumn<AngleImage>("surface");
-    QTest::addColumn<bool>("flipY");
-    QTest::addColumn<QRgb>("colour");
-
-    QTest::newRow("flat") << angles({{0}}) << false << flatNormal;
-    QTest::newRow("to the right") << angles({{256}}) << false << qRgb(217, 127, 180);
-    QTest::newRow("downwards") << angles({{{0, 256}}}) << false << qRgb(127, 37, 180);
-    QTest::newRow("downwards, flipped") << angles({{{0, 256}}}) << true << qRgb(127, 217, 180);
-}
-
-void TestNormalEncoding::colours()
-{
-    QFETCH(AngleImage, surface);
-    QFETCH(bool, flipY);
-    QFETCH(QRgb, colour);
-    QImage image = flatNormalMap(surface.size());
-    QCOMPARE(toNormalMap(surface, image, flipY), surface.rect());
-    QCOMPARE(image.pixel(0, 0), colour);
-}
-
-void TestNormalEncoding::everyLoopGivesTheFormulasPixels()
-{
-    std::mt19937 random(1);
-    std::vector<AngleImage> surfaces{randomAngles(1021, 513, random)};
-    for (const int sy : {-32768, -300, -1, 0, 255, 32767})
-        surfaces.push_back(everySlopeInX(sy));
-    for (int width = 1; width < 40; ++width)
-        surfaces.push_back(randomAngles(width, 1, random));
-
-    for (const PixelLoops &loops : pixelLoops()) {
-        for (const AngleImage &surface : surfaces) {
-            const int count = surface.width() * surface.height();
-            std::vector<QRgb> row(std::size_t(count) + 1, 0x12345678U);
-            loops.encode(surface.row(0), row.data(), count, -0.00390625F);
-            for (int i = 0; i < count; ++i)
-                QCOMPARE(row[std::size_t(i)], plainNormal(surface.row(0)[i]));
-            QCOMPARE(row.back(), 0x12345678U);
-        }
+    void colours()
+    {
+        QCOMPARE(colourOf(0, 0), qRgb(127, 127, 255));
+        QCOMPARE(colourOf(256, 0), qRgb(217, 127, 180));
+        QCOMPARE(colourOf(0, 256), qRgb(127, 37, 180));
+        QCOMPARE(colourOf(0, 256, true), qRgb(127, 217, 180));
     }
-}
 
-void TestNormalEncoding::onlyTheRectangleIsWritten()
-{
-    std::mt19937 random(2);
-    for (int round = 0; round < 500; ++round) {
-        const AngleImage surface =
-            randomAngles(randomInt(1, 21, random), randomInt(1, 9, random), random);
-        const QRect rect = randomRect(surface.size(), random);
-        QImage image(surface.size(), QImage::Format_RGB32);
-        image.fill(0xFF010203U);
-        const QRect written = toNormalMap(surface, image, rect, round % 2 == 1);
+    void everyLoopGivesTheFormulasPixels()
+    {
+        std::mt19937 random(1);
+        std::vector<AngleImage> surfaces{randomAngles(1021, 513, random)};
+        for (const int sy : {-32768, -300, -1, 0, 255, 32767}) {
+            surfaces.emplace_back(256, 256, quint32(sy) << 16U);
+            for (int i = 0; i < 65536; ++i)
+                surfaces.back().row(0)[i].sx = qint16(i - 32768);
+        }
+        for (int width = 1; width < 40; ++width)
+            surfaces.push_back(randomAngles(width, 1, random));
 
-        QRect expected;
-        for (int y = 0; y < surface.height(); ++y) {
-            for (int x = 0; x < surface.width(); ++x) {
-                const bool inside = rect.contains(x, y);
-                const QRgb colour = plainNormal(surface.row(y)[x], round % 2 == 1);
-                QCOMPARE(image.pixel(x, y), inside ? colour : 0xFF010203U);
-                if (inside)
-                    expected |= QRect(x, y, 1, 1);
+        for (const PixelLoops &loops : pixelLoops()) {
+            for (const AngleImage &surface : surfaces) {
+                const int count = surface.width() * surface.height();
+                std::vector<QRgb> row(std::size_t(count) + 1, 0x12345678U);
+                loops.encode(surface.row(0), row.data(), count, -0.00390625F);
+                for (int i = 0; i < count; ++i)
+                    QCOMPARE(row[std::size_t(i)], plainNormal(surface.row(0)[i]));
+                QCOMPARE(row.back(), 0x12345678U);
             }
         }
-        QCOMPARE(written, expected);
     }
-}
 
-void TestNormalEncoding::unsuitableImagesStayAlone()
-{
-    const AngleImage surface(4, 4, 256);
-    for (QImage image : {QImage(),
-                         flatNormalMap({4, 3}),
-                         QImage(4, 4, QImage::Format_RGB888),
-                         QImage(4, 4, QImage::Format_ARGB32)}) {
-        image.fill(0x11223344U);
-        const QImage before = image;
-        QVERIFY(toNormalMap(surface, image).isEmpty());
-        QCOMPARE(image, before);
+    void onlyTheRectangleIsWritten()
+    {
+        std::mt19937 random(2);
+        for (int round = 0; round < 500; ++round) {
+            const AngleImage surface = randomAngles(randomSize(21, 9, random), random);
+            const QRect rect = randomRect(surface.size(), random);
+            QImage image(surface.size(), QImage::Format_RGB32);
+            image.fill(0xFF010203U);
+            QImage expected = image.copy();
+            QRect area;
+            for (int i = 0; i < surface.width() * surface.height(); ++i) {
+                const QPoint at(i % surface.width(), i / surface.width());
+                if (!rect.contains(at))
+                    continue;
+                expected.setPixel(at, plainNormal(surface.row(0)[i], round % 2 == 1));
+                area |= QRect(at, QSize(1, 1));
+            }
+            QCOMPARE(toNormalMap(surface, image, rect, round % 2 == 1), area);
+            QCOMPARE(image, expected);
+        }
     }
-    QImage image;
-    QVERIFY(toNormalMap({}, image).isEmpty());
-    QVERIFY(flatNormalMap({0, 4}).isNull());
 
-    AngleImage kept = surface;
-    fromNormalMap({}, kept);
-    QVERIFY(kept.sharesCellsWith(surface));
-}
+    void unsuitableImagesStayAlone()
+    {
+        const AngleImage surface(4, 4, 256);
+        const QImage alpha = flatNormalMap({4, 4}).convertToFormat(QImage::Format_ARGB32);
+        for (QImage image : {QImage(), flatNormalMap({4, 3}), alpha}) {
+            const QImage before = image.copy();
+            QVERIFY(toNormalMap(surface, image).isEmpty());
+            QCOMPARE(image, before);
+        }
+        QImage none = flatNormalMap({0, 4});
+        QVERIFY(none.isNull() && toNormalMap({}, none).isEmpty());
+        QCOMPARE(slopesOf({}), AngleImage(3, 2, 5));
+    }
 
-void TestNormalEncoding::slopesOfColours_data()
-{
-    QTest::addColumn<QRgb>("colour");
-    QTest::addColumn<AngleImage>("surface");
+    void slopesOfColours()
+    {
+        const auto check = [](QRgb colour, int sx, int sy) {
+            QCOMPARE(slopesOf(pixels({colour})), angles({{{sx, sy}}}));
+            QCOMPARE(slopesOf(pixels({colour & 0xFFFFFFU}, QImage::Format_ARGB32)),
+                     angles({{{sx, sy}}}));
+        };
+        check(flatNormal, 0, 0);
+        check(qRgb(254, 127, 127), 514, 0);
+        check(qRgb(127, 254, 255), 0, -256);
+        check(qRgb(128, 128, 255), 2, -2); // not flat
+        check(qRgb(255, 255, 1), 32512, -32768);
+        // Without blue all slopes are as steep as can be.
+        check(qRgb(128, 128, 0), 32512, -32768);
+        check(qRgb(126, 126, 0), -32768, 32512);
+        check(qRgb(127, 127, 0), 0, 0);
+        check(qRgb(127, 0, 0), 0, 32512);
+    }
 
-    QTest::newRow("flat") << flatNormal << angles({{0}});
-    QTest::newRow("to the right") << qRgb(254, 127, 127) << angles({{514}});
-    QTest::newRow("upwards") << qRgb(127, 254, 255) << angles({{{0, -256}}});
-    QTest::newRow("128 is not flat") << qRgb(128, 128, 255) << angles({{{2, -2}}});
-    QTest::newRow("blue 1 clamps") << qRgb(255, 255, 1) << angles({{{32512, -32768}}});
-    QTest::newRow("blue 0 saturates") << qRgb(128, 128, 0) << angles({{{32512, -32768}}});
-    QTest::newRow("blue 0 saturates back") << qRgb(126, 126, 0) << angles({{{-32768, 32512}}});
-    QTest::newRow("blue 0 and nothing else") << qRgb(127, 127, 0) << angles({{0}});
-    QTest::newRow("blue 0 and nothing in X") << qRgb(127, 0, 0) << angles({{{0, 32512}}});
-}
+    void everyFormatIsReadAndFlattened()
+    {
+        const QImage flattened = pixels({flatNormal, qRgb(2, 2, 2), qRgb(3, 3, 3), flatNormal});
+        for (const QImage::Format format : {QImage::Format_ARGB32,
+                                            QImage::Format_ARGB32_Premultiplied,
+                                            QImage::Format_RGBA8888,
+                                            QImage::Format_RGBA64,
+                                            QImage::Format_Indexed8,
+                                            QImage::Format_RGB888}) {
+            const auto image =
+                pixels({qRgb(254, 127, 127), flatNormal, qRgb(127, 254, 255)}, format);
+            QCOMPARE(slopesOf(image), angles({{514, 0, {0, -256}}}));
 
-void TestNormalEncoding::slopesOfColours()
-{
-    QFETCH(QRgb, colour);
-    QFETCH(AngleImage, surface);
-    AngleImage read(3, 2, 5);
-    fromNormalMap(pixels({colour}), read);
-    QCOMPARE(read, surface);
-    fromNormalMap(pixels({colour & 0x00FFFFFFU}, QImage::Format_ARGB32), read);
-    QCOMPARE(read, surface);
-}
-
-void TestNormalEncoding::everyFormatIsRead_data()
-{
-    QTest::addColumn<QImage>("image");
-    QTest::addColumn<AngleImage>("surface");
-
-    const auto colours = {qRgb(254, 127, 127), flatNormal, qRgb(127, 254, 255)};
-    const AngleImage surface = angles({{514, 0, {0, -256}}});
-    for (const auto format : {QImage::Format_ARGB32,
-                              QImage::Format_ARGB32_Premultiplied,
-                              QImage::Format_RGB888,
-                              QImage::Format_BGR888,
-                              QImage::Format_RGBA8888,
-                              QImage::Format_RGBA64,
-                              QImage::Format_Indexed8})
-        QTest::addRow("format %d", int(format)) << pixels(colours, format) << surface;
-    QTest::newRow("grey") << pixels({qRgb(127, 127, 127)}, QImage::Format_Grayscale8)
-                          << angles({{0}});
-}
-
-void TestNormalEncoding::everyFormatIsRead()
-{
-    QFETCH(QImage, image);
-    QFETCH(AngleImage, surface);
-    AngleImage read;
-    fromNormalMap(image, read);
-    QCOMPARE(read, surface);
-}
-
-void TestNormalEncoding::transparentPixelsBecomeFlat_data()
-{
-    QTest::addColumn<int>("format");
-    QTest::addColumn<bool>("hasAlpha");
-
-    QTest::newRow("straight") << int(QImage::Format_ARGB32) << true;
-    QTest::newRow("premultiplied") << int(QImage::Format_ARGB32_Premultiplied) << true;
-    QTest::newRow("bytes") << int(QImage::Format_RGBA8888) << true;
-    QTest::newRow("16 bits") << int(QImage::Format_RGBA64) << true;
-    QTest::newRow("palette") << int(QImage::Format_Indexed8) << true;
-    QTest::newRow("without alpha") << int(QImage::Format_RGB32) << false;
-}
-
-void TestNormalEncoding::transparentPixelsBecomeFlat()
-{
-    QFETCH(int, format);
-    QFETCH(bool, hasAlpha);
-    const auto sprite =
-        pixels({0x00FFFFFFU, 0x01FFFFFFU, 0xFF000000U, 0x00000000U}, QImage::Format(format));
-    QImage map = pixels({qRgb(1, 1, 1), qRgb(2, 2, 2), qRgb(3, 3, 3), qRgb(4, 4, 4)});
-    const QImage whole = map;
-    flattenTransparent(sprite, map);
-    const QImage flattened = pixels({flatNormal, qRgb(2, 2, 2), qRgb(3, 3, 3), flatNormal});
-    QCOMPARE(map, hasAlpha ? flattened : whole);
-}
+            QImage map = pixels({qRgb(1, 1, 1), qRgb(2, 2, 2), qRgb(3, 3, 3), qRgb(4, 4, 4)});
+            const QImage whole = map.copy();
+            flattenTransparent(pixels({0xFFFFFFU, 0x1FFFFFFU, 0xFF000000U, 0}, format), map);
+            QCOMPARE(map, format == QImage::Format_RGB888 ? whole : flattened);
+        }
+        const QImage grey = pixels({qRgb(127, 127, 127)}, QImage::Format_Grayscale8);
+        QCOMPARE(slopesOf(grey), angles({{0}}));
+    }
+};
 
 QTEST_GUILESS_MAIN(TestNormalEncoding)
 

@@ -9,64 +9,40 @@
 
 namespace {
 
-template <typename T>
-QByteArray bytesOf(T value)
+QByteArray word(quint32 value, int bytes = 4)
 {
     value = qToLittleEndian(value);
-    return QByteArray(reinterpret_cast<const char *>(&value), sizeof value);
+    return {reinterpret_cast<const char *>(&value), bytes};
 }
 
-QByteArray commonPart(const BuiltHeader &header, int extraSize)
+BuiltEntry entryOf(const QByteArray &name, const QByteArray &content, const QByteArray &data)
 {
-    return bytesOf<quint16>(20) + bytesOf(header.flags) + bytesOf(header.method) +
-           bytesOf<quint32>(0x00210000) + bytesOf(header.crc) + bytesOf(header.packedSize) +
-           bytesOf(header.size) + bytesOf(quint16(header.name.size())) +
-           bytesOf(quint16(extraSize));
-}
-
-QByteArray deflate(const QByteArray &content)
-{
-    // A zlib stream without its header and checksum.
-    const QByteArray packed = qCompress(content.isEmpty() ? QByteArray("x") : content);
-    return content.isEmpty() ? QByteArray("\x03\x00", 2) : packed.mid(6, packed.size() - 10);
+    const auto *bytes = reinterpret_cast<const Bytef *>(content.constData());
+    const auto crc = quint32(crc32(0, bytes, uInt(content.size())));
+    return {name, data, word(crc) + word(quint32(data.size())) + word(quint32(content.size()))};
 }
 
 } // namespace
 
-quint32 crcOf(const QByteArray &content)
-{
-    return quint32(
-        crc32(0, reinterpret_cast<const Bytef *>(content.constData()), uInt(content.size())));
-}
-
 BuiltEntry storedEntry(const QByteArray &name, const QByteArray &content)
 {
-    const auto size = quint32(content.size());
-    BuiltEntry entry;
-    entry.local = {0, 0, crcOf(content), size, size, name};
-    entry.directory = entry.local;
-    entry.data = content;
-    return entry;
+    return entryOf(name, content, content);
 }
 
 BuiltEntry deflatedEntry(const QByteArray &name, const QByteArray &content)
 {
-    BuiltEntry entry = storedEntry(name, content);
-    entry.data = deflate(content);
-    entry.local.method = 8;
-    entry.local.packedSize = quint32(entry.data.size());
-    entry.directory = entry.local;
+    // A zlib stream without its header and checksum.
+    const QByteArray packed = qCompress(content);
+    BuiltEntry entry = entryOf(name, content, packed.mid(6, packed.size() - 10));
+    entry.method = 8;
     return entry;
 }
 
 BuiltEntry streamedEntry(const QByteArray &name, const QByteArray &content, bool isSigned)
 {
     BuiltEntry entry = deflatedEntry(name, content);
-    entry.directory.flags = 8;
-    entry.local = {8, 8, 0, 0, 0, name};
-    entry.behindData = (isSigned ? QByteArray("PK\x07\x08") : QByteArray()) +
-                       bytesOf(entry.directory.crc) + bytesOf(entry.directory.packedSize) +
-                       bytesOf(entry.directory.size);
+    entry.flags = 8;
+    entry.descriptor = (isSigned ? QByteArray("PK\x07\x08") : QByteArray()) + entry.numbers;
     return entry;
 }
 
@@ -78,31 +54,31 @@ BuiltArchive &BuiltArchive::add(const BuiltEntry &entry)
 
 QByteArray BuiltArchive::bytes() const
 {
-    QByteArray file = before;
+    QByteArray file;
     QByteArray directory;
     for (const BuiltEntry &entry : entries) {
-        directory += "PK\x01\x02" + bytesOf(entry.madeBy) + commonPart(entry.directory, 0) +
-                     bytesOf<quint16>(0) + bytesOf(entry.disk) + bytesOf<quint16>(0) +
-                     bytesOf(entry.attributes) + bytesOf(entry.localAt.value_or(file.size())) +
-                     entry.directory.name;
-        file += "PK\x03\x04" + commonPart(entry.local, entry.localExtra.size()) + entry.local.name +
-                entry.localExtra + entry.data + entry.behindData;
+        const QByteArray kind =
+            word(20, 2) + entry.flags + '\0' + entry.method + '\0' + word(33U << 16U);
+        const QByteArray nameSize = word(quint32(entry.name.size()), 2);
+        directory += "PK\x01\x02" + word(3 << 8, 2) + kind + entry.numbers + nameSize +
+                     QByteArray(8, '\0') + word(0100600U << 16U) + word(quint32(file.size())) +
+                     entry.name;
+        const bool isStreamed = entry.flags & 8;
+        file += "PK\x03\x04" + kind + (isStreamed ? QByteArray(12, '\0') : entry.numbers) +
+                nameSize + word(quint32(entry.extra.size()), 2) + entry.name + entry.extra +
+                entry.data + entry.descriptor;
     }
-    const auto count = quint16(entries.size());
-    return file + directory + behindDirectory + "PK\x05\x06" + bytesOf(disk) + bytesOf<quint16>(0) +
-           bytesOf(quint16(count + countHereShift)) + bytesOf(quint16(count + countShift)) +
-           bytesOf(quint32(directory.size() + directorySizeShift)) +
-           bytesOf(quint32(file.size() + directoryShift)) + bytesOf(quint16(comment.size())) +
-           comment;
+    const QByteArray count = word(quint32(entries.size()), 2);
+    return file + directory + "PK\x05\x06" + word(0) + count + count +
+           word(quint32(directory.size())) + word(quint32(file.size())) + word(0, 2);
 }
 
 BuiltArchive soundArchive()
 {
     BuiltArchive archive;
-    archive.add(storedEntry("datafiles/", {}))
-        .add(deflatedEntry("project.vexml", QByteArray(5000, 'x')))
-        .add(storedEntry("datafiles/1", "content"));
-    return archive;
+    archive.add(storedEntry("datafiles/", {}));
+    archive.add(deflatedEntry("project.vexml", QByteArray(5000, 'x')));
+    return archive.add(storedEntry("datafiles/1", "content"));
 }
 
 bool openBytes(ProjectArchiveReader *reader, const QByteArray &bytes, QString *reason)

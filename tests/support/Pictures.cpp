@@ -1,54 +1,25 @@
 #include "support/Pictures.h"
 
-#include <QStringList>
-#include <QTest>
-
 #include <algorithm>
 #include <bit>
 
 AngleImage angles(std::initializer_list<std::initializer_list<Slopes>> rows)
 {
     AngleImage image(int(rows.begin()->size()), int(rows.size()));
-    for (int y = 0; y < image.height(); ++y) {
-        const auto &row = rows.begin()[y];
-        std::transform(row.begin(), row.end(), image.row(y), [](const Slopes &slopes) {
-            return AngleImage::Pixel{slopes.sx, slopes.sy};
-        });
-    }
+    AngleImage::Pixel *cell = image.row(0);
+    for (const auto &row : rows)
+        for (const Slopes &slopes : row)
+            *cell++ = slopes.cell;
     return image;
 }
 
 FloatImage floats(std::initializer_list<std::initializer_list<float>> rows)
 {
     FloatImage image(int(rows.begin()->size()), int(rows.size()));
-    for (int y = 0; y < image.height(); ++y)
-        std::copy(rows.begin()[y].begin(), rows.begin()[y].end(), image.row(y));
+    float *cell = image.row(0);
+    for (const auto &row : rows)
+        cell = std::copy(row.begin(), row.end(), cell);
     return image;
-}
-
-AngleImage randomAngles(int width, int height, std::mt19937 &random)
-{
-    AngleImage image(width, height);
-    std::generate_n(image.row(0), width * height, [&] {
-        return std::bit_cast<AngleImage::Pixel>(quint32(random()));
-    });
-    return image;
-}
-
-FloatImage randomFloats(int width, int height, float first, float last, std::mt19937 &random)
-{
-    FloatImage image(width, height);
-    std::uniform_real_distribution<float> between(first, last);
-    std::generate_n(image.row(0), width * height, [&] { return between(random); });
-    return image;
-}
-
-QRect randomRect(const QSize &size, std::mt19937 &random)
-{
-    return {randomInt(-size.width(), 2 * size.width(), random),
-            randomInt(-size.height(), 2 * size.height(), random),
-            randomInt(0, 2 * size.width(), random),
-            randomInt(0, 2 * size.height(), random)};
 }
 
 int randomInt(int first, int last, std::mt19937 &random)
@@ -56,17 +27,39 @@ int randomInt(int first, int last, std::mt19937 &random)
     return std::uniform_int_distribution<int>(first, last)(random);
 }
 
-char *toString(const AngleImage &image)
+QSize randomSize(int maximumWidth, int maximumHeight, std::mt19937 &random)
 {
-    QStringList rows;
-    for (int y = 0; y < std::min(image.height(), 8); ++y) {
-        QStringList cells;
-        for (int x = 0; x < std::min(image.width(), 8); ++x) {
-            const auto &cell = image.row(y)[x];
-            cells << QStringLiteral("%1,%2").arg(cell.sx).arg(cell.sy);
-        }
-        rows << cells.join(QLatin1Char(' '));
-    }
-    const QString size = QStringLiteral("%1x%2: ").arg(image.width()).arg(image.height());
-    return qstrdup(qPrintable(size + rows.join(QStringLiteral(" | "))));
+    return {randomInt(1, maximumWidth, random), randomInt(1, maximumHeight, random)};
+}
+
+QRect randomRect(const QSize &size, std::mt19937 &random)
+{
+    const auto [width, height] = std::pair(size.width(), size.height());
+    const int x = randomInt(-width, 2 * width, random);
+    const int y = randomInt(-height, 2 * height, random);
+    return {x, y, randomInt(0, 2 * width, random), randomInt(0, 2 * height, random)};
+}
+
+AngleImage randomAngles(const QSize &size, std::mt19937 &random)
+{
+    AngleImage image(size.width(), size.height());
+    const auto cell = [&] { return std::bit_cast<AngleImage::Pixel>(quint32(random())); };
+    std::generate_n(image.row(0), size.width() * size.height(), cell);
+    return image;
+}
+
+FloatImage randomFloats(const QSize &size, float first, float last, std::mt19937 &random)
+{
+    FloatImage image(size.width(), size.height());
+    std::uniform_real_distribution<float> between(first, last);
+    std::generate_n(image.row(0), size.width() * size.height(), [&] { return between(random); });
+    return image;
+}
+
+FloatImage randomMask(const QSize &size, std::mt19937 &random)
+{
+    FloatImage mask = randomFloats(size, -0.5F, 1.5F, random);
+    for (int i = 0; i < size.width() * size.height(); ++i)
+        mask.row(0)[i] = std::clamp(mask.row(0)[i], 0.0F, 1.0F);
+    return mask;
 }

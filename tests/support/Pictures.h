@@ -10,26 +10,28 @@
 struct Slopes
 {
     Slopes(int x, int y = 0)
-        : sx(qint16(x))
-        , sy(qint16(y))
+        : cell{qint16(x), qint16(y)}
     {
     }
 
-    qint16 sx;
-    qint16 sy;
+    AngleImage::Pixel cell;
 };
 
 /// Small rasters written row by row: angles({{0, 256}, {{5, -7}, 0}}) has two rows of two cells.
 AngleImage angles(std::initializer_list<std::initializer_list<Slopes>> rows);
 FloatImage floats(std::initializer_list<std::initializer_list<float>> rows);
 
-/// Cells from the whole range of what can be stored.
-AngleImage randomAngles(int width, int height, std::mt19937 &random);
-/// Cells that lie evenly in first…last.
-FloatImage randomFloats(int width, int height, float first, float last, std::mt19937 &random);
+int randomInt(int first, int last, std::mt19937 &random);
+QSize randomSize(int maximumWidth, int maximumHeight, std::mt19937 &random);
 /// A rectangle anywhere in and around @p size, also beside it and of sides 0.
 QRect randomRect(const QSize &size, std::mt19937 &random);
-int randomInt(int first, int last, std::mt19937 &random);
-
-/// What a failed comparison of two surfaces shows.
-char *toString(const AngleImage &image);
+/// Cells from the whole range of what can be stored.
+AngleImage randomAngles(const QSize &size, std::mt19937 &random);
+inline AngleImage randomAngles(int width, int height, std::mt19937 &random)
+{
+    return randomAngles(QSize(width, height), random);
+}
+/// Cells that lie evenly in first…last.
+FloatImage randomFloats(const QSize &size, float first, float last, std::mt19937 &random);
+/// Weights of which many are exactly 0 or 1.
+FloatImage randomMask(const QSize &size, std::mt19937 &random);

@@ -24,5 +24,3 @@ private:
 /// A request of one piece in and around a surface of @p size: of the surface's size or of the
 /// rectangle's.
 NormalMapUpdateParams randomPiece(const QSize &size, const FloatImage &mask, std::mt19937 &random);
-/// Weights of which many are exactly 0 or 1.
-FloatImage randomMask(const QSize &size, std::mt19937 &random);
