@@ -67,7 +67,7 @@ private Q_SLOTS:
         const auto contents = contentsOf(bytes);
         QCOMPARE(QStringList(contents.keys()).join(QLatin1Char('|')),
                  QStringLiteral("datafiles/|datafiles/empty|datafiles/ä 🦊|project.vexml"));
-        const QByteArray xml = contents.last();
+        const QByteArray &xml = contents.last();
         QCOMPARE(xml, QByteArray("<vesperine_project/>"));
         const QByteArray packed = contents[QStringLiteral("datafiles/ä 🦊")];
         QCOMPARE(unpackBytes(packed, 20000).value_or("").size(), 20000);
