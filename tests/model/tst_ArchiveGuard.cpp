@@ -100,8 +100,11 @@ private Q_SLOTS:
         };
         check("folder with content", storedEntry("f/", "x"));
         BuiltEntry streamed = streamedEntry("gold", "gold", true);
-        streamed.descriptor[5] = static_cast<char>(streamed.descriptor.at(5) ^ 1);
-        check("descriptor says otherwise", streamed);
+        for (const int at : {5, 9, 13}) {
+            streamed.descriptor = streamedEntry("gold", "gold", true).descriptor;
+            streamed.descriptor[at] = static_cast<char>(streamed.descriptor.at(at) ^ 1);
+            check("descriptor says otherwise", streamed);
+        }
         streamed.descriptor.clear();
         check("descriptor missing", streamed);
         // The packed size says the same.

@@ -135,7 +135,7 @@ private Q_SLOTS:
         for (const auto &content : {saved(picture(), "BMP"), saved(picture(), "PPM"), gif, xpm}) {
             QVERIFY(!QImage::fromData(content).isNull());
             for (const char *name : {"a.png", "a.bmp", "a"})
-                QVERIFY2(isRefused(content, name), content.left(6).constData());
+                QVERIFY2(isRefused(content, name), content.left(6).toHex().constData());
         }
     }
 
@@ -156,7 +156,7 @@ private Q_SLOTS:
         wide.replace(wide.indexOf("\xff\xc0") + 5, 4, hex("ffdcffdc"));
         const QByteArray svg = "<svg xmlns='http://www.w3.org/2000/svg'/>";
         for (const auto &content : {damaged, wide, svg, hex("ffd8ffd9"), QByteArray("no picture")})
-            QVERIFY2(isRefused(content), content.left(6).constData());
+            QVERIFY2(isRefused(content), content.left(6).toHex().constData());
     }
 
     void refusesEveryTruncation()
