@@ -9,13 +9,20 @@ namespace {
 
 constexpr float slopeUnit = 0.00390625F;
 
+qint16 storedQuotient(float numerator, float z)
+{
+    // Nothing divided by nothing is flat; anything else divided by nothing is as steep as can be.
+    if (z == 0.0F)
+        return toStoredSlope(numerator * 256.0F * 127.0F);
+    return toStoredSlope(numerator / z);
+}
+
 AngleImage::Pixel slopesOf(QRgb pixel)
 {
-    // Without blue the quotients are infinite and saturate; nothing by nothing is flat.
     const float z = float(qBlue(pixel)) / 255.0F;
     const float x = float(qRed(pixel) - 127) / 127.0F;
     const float y = float(qGreen(pixel) - 127) / -127.0F;
-    return {toStoredSlope(x / z), toStoredSlope(y / z)};
+    return {storedQuotient(x, z), storedQuotient(y, z)};
 }
 
 bool isNormalMapOf(const QImage &image, const QSize &size)
