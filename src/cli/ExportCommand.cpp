@@ -25,10 +25,10 @@ public:
     // What is a sprite of one project must not be replaced by a map of another.
     void protectSprites()
     {
-        DataModelReader reader(QStringLiteral(".vep"), QStringLiteral(".vexml"));
+        const DataModelReader reader(QStringLiteral(".vep"), QStringLiteral(".vexml"));
         for (const QString &path : m_options.projects) {
             try {
-                m_protected += spritePaths(*reader.read(path));
+                m_protected += spritePaths(*reader.readWithoutSurfaces(path));
             } catch (const Error &error) {
                 qInfo("%s", qUtf8Printable(error.message())); // told when its turn comes
             }

@@ -11,6 +11,13 @@
 #include <QFile>
 #include <QFileInfo>
 
+namespace {
+bool isBareXml(const QString &fileName)
+{
+    return fileName.endsWith(QLatin1String(".vex"));
+}
+} // namespace
+
 DataModelReader::DataModelReader(const QString &bundleExtension, const QString &xmlExtension)
     : m_bundleExtension(bundleExtension)
     , m_xmlExtension(xmlExtension)
@@ -19,18 +26,41 @@ DataModelReader::DataModelReader(const QString &bundleExtension, const QString &
 
 std::shared_ptr<Project> DataModelReader::read(const QString &fileName)
 {
-    if (!fileName.endsWith(QLatin1String(".vex"))) {
-        ProjectBundle bundle(m_bundleExtension, m_xmlExtension);
-        bundle.setFileName(fileName);
-        bundle.read();
-        return parse(fileName, bundle.xml(), &bundle);
+    m_damagedBodies.clear();
+    if (isBareXml(fileName))
+        return parse(fileName, readBareXml(fileName), nullptr);
+    const ProjectBundle bundle = readBundle(fileName);
+    auto project = parse(fileName, bundle.xml(), &bundle);
+    for (Body *body : project->bodies().all()) {
+        body->paintedNormalMap().refuseDamagedBytes();
+        if (body->paintedNormalMap().isDamaged())
+            m_damagedBodies.append(body->name().value());
     }
+    return project;
+}
+
+std::shared_ptr<Project> DataModelReader::readWithoutSurfaces(const QString &fileName) const
+{
+    const QByteArray xml = isBareXml(fileName) ? readBareXml(fileName) : readBundle(fileName).xml();
+    return parse(fileName, xml, nullptr);
+}
+
+QByteArray DataModelReader::readBareXml(const QString &fileName)
+{
     QFile file(fileName);
     if (!QFileInfo(fileName).isFile() || !file.open(QIODevice::ReadOnly))
         throw Error(tr("Failed to open file '%1'").arg(fileName));
     // More than the longest text that is accepted need not be read to be refused.
     constexpr qint64 enough = qint64(65) << 20;
-    return parse(fileName, file.read(enough), nullptr);
+    return file.read(enough);
+}
+
+ProjectBundle DataModelReader::readBundle(const QString &fileName) const
+{
+    ProjectBundle bundle(m_bundleExtension, m_xmlExtension);
+    bundle.setFileName(fileName);
+    bundle.read();
+    return bundle;
 }
 
 std::shared_ptr<Project>
@@ -54,11 +84,5 @@ DataModelReader::parse(const QString &fileName, const QByteArray &xml, const Dat
     PropertyXMLReader(GFileName(fileName).canonicalFolder(), dataFiles).read(*project, root);
     // The file may have been renamed since it was saved.
     project->filename().setValue(GFileName(fileName));
-    m_damagedBodies.clear();
-    for (Body *body : project->bodies().all()) {
-        body->paintedNormalMap().refuseDamagedBytes();
-        if (body->paintedNormalMap().isDamaged())
-            m_damagedBodies.append(body->name().value());
-    }
     return project;
 }

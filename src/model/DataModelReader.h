@@ -7,6 +7,7 @@
 
 class DataFiles;
 class Project;
+class ProjectBundle;
 
 /// Loads projects: bundles, and bare XML documents (".vex") of older versions.
 class DataModelReader
@@ -21,12 +22,17 @@ public:
     /// the file is no project that can be read.
     std::shared_ptr<Project> read(const QString &fileName);
 
+    /// The same with all surfaces left out, which take most of the time.
+    std::shared_ptr<Project> readWithoutSurfaces(const QString &fileName) const;
+
     /// The names of the bodies whose surface the last read file had lost. They count as not
     /// painted; what is left of their data files is saved again untouched.
     const QStringList &damagedBodies() const { return m_damagedBodies; }
 
 private:
-    std::shared_ptr<Project>
+    static QByteArray readBareXml(const QString &fileName);
+    ProjectBundle readBundle(const QString &fileName) const;
+    static std::shared_ptr<Project>
     parse(const QString &fileName, const QByteArray &xml, const DataFiles *dataFiles);
 
     QString m_bundleExtension;

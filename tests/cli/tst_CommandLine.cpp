@@ -119,35 +119,18 @@ void TestCommandLine::mainJob()
 void TestCommandLine::endings_data()
 {
     QTest::addColumn<int>("code");
-    for (const char *line : {"--help",
-                             "--version",
-                             "export --help",
-                             "export --version",
-                             "info p.vep -vvv",
-                             "-vv --quiet info p.vep"})
-        QTest::newRow(line) << 0;
-    for (const char *line : {"create p.vep s",
-                             "remove p.vep b",
-                             "remove p.vep #4",
-                             "remove p.vep a c",
-                             "create n.vep absent",
-                             "create absent/n.vep s",
-                             "add p.vep absent.png",
-                             "import p.vep --body a s/b.png",
-                             "import p.vep --body a absent.png"})
-        QTest::newRow(line) << 1;
-    for (const char *line : {"",
-                             "paint p.vep",
-                             "create p.vep",
-                             "export p.vep --jobs 0",
-                             "create p.zip s",
-                             "set p.vep light_height=1025",
-                             "set p.vep light_height=12x",
-                             "set p.vep light_color=red",
-                             "set p.vep light_height=9 light_brightness=9",
-                             "set p.vep bodies=1",
-                             "set p.vep light_height"})
-        QTest::newRow(line) << 2;
+    const auto all = [](int code, const char *lines) {
+        for (const QByteArray &line : QByteArray(lines).split('|'))
+            QTest::newRow(line.constData()) << code;
+    };
+    all(0,
+        "--help|--version|export --help|export --version|info p.vep -vvv|-vv --quiet info p.vep");
+    all(1, "create p.vep s|create n.vep absent|create absent/n.vep s|add p.vep absent.png");
+    all(1, "remove p.vep b|remove p.vep #4|remove p.vep a c");
+    all(1, "import p.vep --body a s/b.png|import p.vep --body a absent.png");
+    all(2, "|paint p.vep|create p.vep|create p.zip s|export p.vep --jobs 0|set p.vep light_height");
+    all(2, "set p.vep light_height=1025|set p.vep light_height=12x|set p.vep light_color=red");
+    all(2, "set p.vep light_height=9 light_brightness=9|set p.vep bodies=1");
 }
 
 void TestCommandLine::endings()

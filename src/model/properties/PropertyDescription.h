@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/GFileName.h"
+#include "model/properties/PropertyDescriptionVisitor.h"
 #include "model/properties/PropertyEnumElement.h"
 
 #include <QColor>
@@ -11,8 +12,6 @@
 #include <limits>
 #include <memory>
 #include <vector>
-
-class PropertyDescriptionVisitor;
 
 /// What is known of all properties of one key: the label beside its editor and the tool tip.
 class PropertyDescription
@@ -80,63 +79,77 @@ private:
     T m_maximum;
 };
 
-class PropertyDescriptionInt : public PropertyDescriptionNumber<int>
+/// A description that visitors see as @p Derived.
+template <class Derived, class Base>
+class VisitedDescription : public Base
 {
 public:
-    using PropertyDescriptionNumber::PropertyDescriptionNumber;
-    void accept(PropertyDescriptionVisitor &visitor) const override;
+    using Base::Base;
+
+    void accept(PropertyDescriptionVisitor &visitor) const override
+    {
+        visitor.visit(static_cast<const Derived &>(*this));
+    }
 };
 
-class PropertyDescriptionUnsignedInt : public PropertyDescriptionNumber<unsigned int>
+class PropertyDescriptionInt
+    : public VisitedDescription<PropertyDescriptionInt, PropertyDescriptionNumber<int>>
 {
 public:
-    using PropertyDescriptionNumber::PropertyDescriptionNumber;
-    void accept(PropertyDescriptionVisitor &visitor) const override;
+    using VisitedDescription::VisitedDescription;
 };
 
-class PropertyDescriptionDouble : public PropertyDescriptionNumber<double>
+class PropertyDescriptionUnsignedInt
+    : public VisitedDescription<PropertyDescriptionUnsignedInt,
+                                PropertyDescriptionNumber<unsigned int>>
 {
 public:
-    using PropertyDescriptionNumber::PropertyDescriptionNumber;
-    void accept(PropertyDescriptionVisitor &visitor) const override;
+    using VisitedDescription::VisitedDescription;
 };
 
-class PropertyDescriptionBool : public PropertyDescriptionT<bool>
+class PropertyDescriptionDouble
+    : public VisitedDescription<PropertyDescriptionDouble, PropertyDescriptionNumber<double>>
 {
 public:
-    using PropertyDescriptionT::PropertyDescriptionT;
-    void accept(PropertyDescriptionVisitor &visitor) const override;
+    using VisitedDescription::VisitedDescription;
 };
 
-class PropertyDescriptionString : public PropertyDescriptionT<QString>
+class PropertyDescriptionBool
+    : public VisitedDescription<PropertyDescriptionBool, PropertyDescriptionT<bool>>
 {
 public:
-    using PropertyDescriptionT::PropertyDescriptionT;
-    void accept(PropertyDescriptionVisitor &visitor) const override;
+    using VisitedDescription::VisitedDescription;
 };
 
-class PropertyDescriptionColor : public PropertyDescriptionT<QColor>
+class PropertyDescriptionString
+    : public VisitedDescription<PropertyDescriptionString, PropertyDescriptionT<QString>>
 {
 public:
-    using PropertyDescriptionT::PropertyDescriptionT;
-    void accept(PropertyDescriptionVisitor &visitor) const override;
+    using VisitedDescription::VisitedDescription;
 };
 
-class PropertyDescriptionVector3D : public PropertyDescriptionT<QVector3D>
+class PropertyDescriptionColor
+    : public VisitedDescription<PropertyDescriptionColor, PropertyDescriptionT<QColor>>
 {
 public:
-    using PropertyDescriptionT::PropertyDescriptionT;
-    void accept(PropertyDescriptionVisitor &visitor) const override;
+    using VisitedDescription::VisitedDescription;
 };
 
-class PropertyDescriptionFilename : public PropertyDescriptionT<GFileName>
+class PropertyDescriptionVector3D
+    : public VisitedDescription<PropertyDescriptionVector3D, PropertyDescriptionT<QVector3D>>
+{
+public:
+    using VisitedDescription::VisitedDescription;
+};
+
+class PropertyDescriptionFilename
+    : public VisitedDescription<PropertyDescriptionFilename, PropertyDescriptionT<GFileName>>
 {
 public:
     PropertyDescriptionFilename(const QString &key,
                                 const QString &label,
                                 const QString &text,
                                 bool namesFolder);
-    void accept(PropertyDescriptionVisitor &visitor) const override;
 
     bool namesFolder() const { return m_namesFolder; }
 
@@ -145,14 +158,14 @@ private:
 };
 
 /// The first element is the value of a new property.
-class PropertyDescriptionEnum : public PropertyDescriptionT<PropertyEnumElement>
+class PropertyDescriptionEnum
+    : public VisitedDescription<PropertyDescriptionEnum, PropertyDescriptionT<PropertyEnumElement>>
 {
 public:
     PropertyDescriptionEnum(const QString &key,
                             const QString &label,
                             const QString &text,
                             const QVector<PropertyEnumElement> &elements);
-    void accept(PropertyDescriptionVisitor &visitor) const override;
 
     const QVector<PropertyEnumElement> &elements() const { return m_elements; }
 
@@ -161,14 +174,14 @@ private:
 };
 
 /// Names the type of the presets that the reference may point at.
-class PropertyDescriptionReference : public PropertyDescription
+class PropertyDescriptionReference
+    : public VisitedDescription<PropertyDescriptionReference, PropertyDescription>
 {
 public:
     PropertyDescriptionReference(const QString &key,
                                  const QString &label,
                                  const QString &text,
                                  const QString &presetType);
-    void accept(PropertyDescriptionVisitor &visitor) const override;
 
     const QString &presetType() const { return m_presetType; }
 
