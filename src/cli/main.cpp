@@ -1,4 +1,5 @@
 #include "base/GLogger.h"
+#include "base/Resources.h"
 #include "cli/Commands.h"
 
 #include <QCoreApplication>
@@ -252,6 +253,7 @@ int main(int argc, char **argv)
     useUtf8();
     const QCoreApplication application(argc, argv);
     GLogger::install();
+    initialiseResources();
     try {
         return CommandLine().run(argc, argv);
     } catch (const std::bad_alloc &) {
