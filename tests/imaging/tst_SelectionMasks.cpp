@@ -1,0 +1,225 @@
+#include "imaging/FloatPainter.h"
+#include "imaging/SelectionMasks.h"
+#include "support/Pictures.h"
+
+#include <QImage>
+#include <QTest>
+
+#include <cmath>
+
+namespace {
+
+// Pixels that differ little, so that chains of similar neighbours lead away from a seed.
+QImage randomTexture(const QSize &size, std::mt19937 &random)
+{
+    QImage image(size, QImage::Format_ARGB32);
+    const auto level = [&random] { return 40 * randomInt(0, 2, random); };
+    for (int y = 0; y < size.height(); ++y)
+        for (int x = 0; x < size.width(); ++x)
+            image.setPixel(x, y, qRgba(level(), 200, level(), 100 * randomInt(0, 2, random)));
+    return image;
+}
+
+bool isSimilar(QRgb a, QRgb b, int tolerance)
+{
+    return std::abs(qRed(a) - qRed(b)) <= tolerance &&
+           std::abs(qGreen(a) - qGreen(b)) <= tolerance &&
+           std::abs(qBlue(a) - qBlue(b)) <= tolerance;
+}
+
+FloatImage plainFill(const QImage &image, const QPoint &seed, int tolerance)
+{
+    FloatImage mask(image.width(), image.height());
+    QVector<QPoint> waiting{seed};
+    while (!waiting.isEmpty()) {
+        const QPoint at = waiting.takeFirst();
+        if (!image.valid(at) || mask.row(at.y())[at.x()] == 1.0F ||
+            !isSimilar(image.pixel(at), image.pixel(seed), tolerance))
+            continue;
+        mask.row(at.y())[at.x()] = 1.0F;
+        for (const QPoint step : {QPoint(1, 0), QPoint(-1, 0), QPoint(0, 1), QPoint(0, -1)})
+            waiting.append(at + step);
+    }
+    return mask;
+}
+
+enum class Side { Inside, Outside, OnEdge };
+
+// By the edges that a ray to the right crosses.
+Side sideOf(const QPolygon &polygon, const QPointF &at)
+{
+    bool isInside = false;
+    for (int i = 0; i < polygon.size(); ++i) {
+        const QPointF a = polygon[i];
+        const QPointF edge = polygon[(i + 1) % polygon.size()] - a;
+        const double length = std::max(QPointF::dotProduct(edge, edge), 1e-9);
+        const double along = std::clamp(QPointF::dotProduct(at - a, edge) / length, 0.0, 1.0);
+        const QPointF apart = at - (a + edge * along);
+        if (QPointF::dotProduct(apart, apart) < 0.001)
+            return Side::OnEdge;
+        const bool crosses = (a.y() > at.y()) != (a.y() + edge.y() > at.y());
+        if (crosses && at.x() < a.x() + edge.x() * (at.y() - a.y()) / edge.y())
+            isInside = !isInside;
+    }
+    return isInside ? Side::Inside : Side::Outside;
+}
+
+// Cell by cell over the whole target; @p valueAt tells what lands there, if anything does.
+template <class ValueAt>
+QRect plainPaint(FloatImage &target, const FloatImage &mask, ValueAt valueAt)
+{
+    QRect painted;
+    for (int i = 0; i < target.width() * target.height(); ++i) {
+        const QPoint at(i % target.width(), i / target.width());
+        const std::optional<float> value = valueAt(at);
+        if (!value || !(mask.isNull() || mask.rect().contains(at)))
+            continue;
+        painted |= QRect(at, QSize(1, 1));
+        const float weight = mask.isNull() ? 1.0F : mask.row(at.y())[at.x()];
+        float &cell = target.row(0)[i];
+        if (weight != 0.0F)
+            cell = mask.isNull() ? *value : cell * (1.0F - weight) + *value * weight;
+    }
+    return painted;
+}
+
+} // namespace
+
+class TestSelectionMasks : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void painterAnyRectangleAnywhere()
+    {
+        std::mt19937 random(1);
+        for (int round = 0; round < 2000; ++round) {
+            const FloatImage before = randomFloats(randomSize(9, 6, random), -2, 2, random);
+            const FloatImage source = randomFloats(randomSize(9, 6, random), -2, 2, random);
+            const QSize size = round % 3 == 1 ? before.size() : QSize(4, 3);
+            const FloatImage mask = round % 3 == 0 ? FloatImage() : randomMask(size, random);
+            const QRect rect = round % 4 == 0 ? QRect() : randomRect(source.size(), random);
+            const QPoint position = randomRect(before.size(), random).topLeft();
+            FloatImage target = before;
+            FloatImage expected = before;
+            FloatPainter painter(target);
+            painter.setMask(mask);
+            const auto pasted = [&](const QPoint &at) -> std::optional<float> {
+                const QRect wanted = rect.isNull() ? source.rect() : rect;
+                const QPoint from = at - position + wanted.topLeft();
+                if (!wanted.contains(from) || !source.rect().contains(from))
+                    return std::nullopt;
+                return source.row(from.y())[from.x()];
+            };
+            const auto filled = [&](const QPoint &at) -> std::optional<float> {
+                return rect.isNull() || rect.contains(at) ? std::optional(0.3F) : std::nullopt;
+            };
+            QCOMPARE(painter.paste(position, source, rect), plainPaint(expected, mask, pasted));
+            QCOMPARE(target, expected);
+            QCOMPARE(painter.fill(0.3F, rect), plainPaint(expected, mask, filled));
+            QCOMPARE(target, expected);
+        }
+        FloatImage shifted = floats({{1, 2, 3}});
+        FloatPainter(shifted).paste({1, 0}, shifted);
+        QCOMPARE(shifted, floats({{1, 1, 2}}));
+    }
+
+    void fillReachesSimilarColours()
+    {
+        std::mt19937 random(2);
+        for (int round = 0; round < 2000; ++round) {
+            const QSize size = randomSize(11, 7, random);
+            const auto format = round % 2 == 0 ? QImage::Format_ARGB32 : QImage::Format_Indexed8;
+            const QImage texture = randomTexture(size, random).convertToFormat(format);
+            const QPoint seed(randomInt(0, size.width() - 1, random),
+                              randomInt(0, size.height() - 1, random));
+            const int tolerance = QVector<int>{0, 39, 40, 79, 80, 255}.at(round % 6);
+            QCOMPARE(colorFill(texture, seed, tolerance), plainFill(texture, seed, tolerance));
+        }
+    }
+
+    void fillComparesWithTheSeed()
+    {
+        QImage ramp(6, 1, QImage::Format_RGB32);
+        for (int x = 0; x < 6; ++x)
+            ramp.setPixel(x, 0, qRgb(10 * x, 10 * x, 10 * x));
+        QCOMPARE(colorFill(ramp, {1, 0}, 20), floats({{1, 1, 1, 1, 0, 0}}));
+        QCOMPARE(colorFill(ramp, {1, 0}, -1), floats({{0, 1, 0, 0, 0, 0}}));
+        QVERIFY(colorFill(ramp, {1, 1}, 20).isNull());
+        QVERIFY(colorFill(ramp, {-1, 0}, 20).isNull());
+        QVERIFY(colorFill({}, {0, 0}, 20).isNull());
+    }
+
+    void combine()
+    {
+        const FloatImage selection = floats({{0, 0.5F, 0.5F, 1}});
+        const FloatImage mask = floats({{1, 0, 1, 0}});
+        const FloatImage other = floats({{1, 1}});
+        using enum SelectionMode;
+        QCOMPARE(combined(selection, mask, Replace), mask);
+        QCOMPARE(combined(selection, mask, Add), floats({{1, 0.5F, 1, 1}}));
+        QCOMPARE(combined(selection, mask, Subtract), floats({{0, 0.5F, 0, 1}}));
+        for (const FloatImage &none : {FloatImage(), other}) {
+            QCOMPARE(combined(none, mask, Replace), mask);
+            QCOMPARE(combined(none, mask, Add), mask);
+            QCOMPARE(combined(none, mask, Subtract), FloatImage());
+        }
+        QCOMPARE(combined(selection, {}, Add), selection);
+        QCOMPARE(combined(selection, {}, Subtract), selection);
+        QCOMPARE(combined(mask, mask, Subtract), FloatImage());
+        for (const SelectionMode mode : {Replace, Add, Subtract})
+            QCOMPARE(combined(floats({{0, 0}}), floats({{0, 0}}), mode), FloatImage());
+    }
+
+    void polygonCoversItsInside()
+    {
+        std::mt19937 random(3);
+        int decided = 0;
+        for (int round = 0; round < 1000; ++round) {
+            const QSize size = randomSize(14, 9, random);
+            QPolygon polygon;
+            for (int i = randomInt(3, 7, random); i > 0; --i)
+                polygon << QPoint(randomInt(-5, 19, random), randomInt(-5, 14, random));
+            const FloatImage before = randomFloats(size, 0.1F, 0.9F, random);
+            const bool subtract = round % 2 == 0;
+            const FloatImage after = combinedWithPolygon(before, polygon, size, subtract);
+            for (int i = 0; i < size.width() * size.height(); ++i) {
+                const QPoint at(i % size.width(), i / size.width());
+                const Side side = sideOf(polygon, QPointF(at) + QPointF(0.5, 0.5));
+                if (side == Side::OnEdge)
+                    continue;
+                const float kept = before.row(at.y())[at.x()];
+                const float covered = subtract ? 0.0F : 1.0F;
+                const float weight = after.isNull() ? 0.0F : after.row(at.y())[at.x()];
+                QCOMPARE(weight, side == Side::Inside ? covered : kept);
+                ++decided;
+            }
+        }
+        QVERIFY(decided > 20000);
+    }
+
+    void polygonEnds()
+    {
+        const QPolygon square(QVector<QPoint>{{1, 0}, {3, 0}, {3, 1}, {1, 1}});
+        const QPolygon line(QVector<QPoint>{{0, 0}, {3, 2}});
+        const FloatImage drawn = floats({{0, 1, 1, 0}, {0, 0, 0, 0}});
+        QCOMPARE(combinedWithPolygon({}, square, {4, 2}, false), drawn);
+        QCOMPARE(combinedWithPolygon(floats({{1, 1}}), square, {4, 2}, false), drawn);
+        QCOMPARE(combinedWithPolygon(drawn, line, {4, 2}, false), drawn);
+        QCOMPARE(combinedWithPolygon(drawn, square, {4, 2}, true), FloatImage());
+        QCOMPARE(combinedWithPolygon({}, line, {4, 2}, false), FloatImage());
+        QCOMPARE(combinedWithPolygon({}, square, {4, 2}, true), FloatImage());
+        QCOMPARE(combinedWithPolygon({}, square, {}, false), FloatImage());
+    }
+
+    void inverting()
+    {
+        QCOMPARE(inverted(floats({{0, 0.25F}, {1, 0}})), floats({{1, 0.75F}, {0, 1}}));
+        QCOMPARE(inverted(fullSelection({3, 2})), FloatImage());
+        QCOMPARE(inverted({}), FloatImage());
+    }
+};
+
+QTEST_GUILESS_MAIN(TestSelectionMasks)
+
+#include "tst_SelectionMasks.moc"
