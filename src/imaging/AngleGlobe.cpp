@@ -27,7 +27,7 @@ AngleImage::Pixel slopeAt(const QPoint &offset, int radius)
     return {storedSlope(offset.x(), depthSquared), storedSlope(offset.y(), depthSquared)};
 }
 
-// Counted from +Y towards +X, the nearest one; halfway the next one.
+// Counted from +Y towards +X, the nearest one, 12 for the first again; halfway the next one.
 int nearestDirection(const QPoint &offset)
 {
     const double steepness = std::abs(double(offset.x()) / offset.y());
@@ -36,7 +36,7 @@ int nearestDirection(const QPoint &offset)
         angle = offset.y() >= 0 ? angle : 180.0 - angle;
     else
         angle = offset.y() >= 0 ? 360.0 - angle : angle + 180.0;
-    return int(std::floor(angle / degreesPerDirection + 0.5)) % directions;
+    return int(std::floor(angle / degreesPerDirection + 0.5));
 }
 
 // Exact where the library's sine of a multiple of π is off by a trifle, which truncation would make

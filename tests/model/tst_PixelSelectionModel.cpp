@@ -134,8 +134,12 @@ void TestPixelSelectionModel::currentBodyLast()
 void TestPixelSelectionModel::invertingAndSelecting()
 {
     select(m_bodies[1], floats({{0.25F, 1}}));
+    m_seen.clear();
     m_model->invert(m_bodies);
-    QCOMPARE(now(), Seen(m_bodies[1], floats({{0.75F, 0}})));
+    QCOMPARE(m_seen,
+             QVector<Seen>({{m_bodies[0], FloatImage()},
+                            {m_bodies[2], FloatImage()},
+                            {m_bodies[1], floats({{0.75F, 0}})}}));
     QCOMPARE(stack().undoText(), QStringLiteral("invert pixel selection"));
     m_model->selectAll({m_bodies[1]});
     m_model->invert({m_bodies[1]});
