@@ -25,7 +25,8 @@ QVector3D normalOf(QRgb pixel)
 
 int byteOf(float value, float most)
 {
-    return int(std::clamp(value, 0.0F, most) * 255.0F + 0.5F);
+    const float above = std::clamp(value, 0.0F, most) * 255.0F + 0.5F;
+    return int(above);
 }
 
 /// The light in the formula's own terms.

@@ -26,6 +26,12 @@ QImage withPlainColours(const QImage &image)
     return isPlain ? image : image.convertToFormat(QImage::Format_ARGB32);
 }
 
+int scaledLength(int length, double scale)
+{
+    const double above = length * scale + 0.5;
+    return std::max(1, int(above));
+}
+
 int wrapped(int position, int length)
 {
     const int rest = position % length;
@@ -118,8 +124,7 @@ void copyPixels(const QImage &source, const QRect &rect, QImage &target, const Q
 
 PatternPlane::PatternPlane(const QImage &pattern, double scale, int side, qint64 pixelLimit)
     : m_pattern(withPlainColours(pattern))
-    , m_scaledSize(std::max(1, int(pattern.width() * scale + 0.5)),
-                   std::max(1, int(pattern.height() * scale + 0.5)))
+    , m_scaledSize(scaledLength(pattern.width(), scale), scaledLength(pattern.height(), scale))
     , m_pixelLimit(pixelLimit)
 {
     const QSize size = m_pattern.size();
@@ -148,7 +153,8 @@ QImage PatternPlane::scaledPart(const QRect &area) const
 {
     const Axis columns{m_pattern.width(), m_scaledSize.width()};
     const Axis rows{m_pattern.height(), m_scaledSize.height()};
-    // Neither the blocks nor what they are made from are large.
+    // Neither the blocks nor what they are made from are large. What a block sees beyond a border
+    // of the pattern is always the pattern's other end.
     const int side = blockSide(m_pixelLimit);
     const QSize blockSize(std::max(1, int(side * columns.shrinking())),
                           std::max(1, int(side * rows.shrinking())));

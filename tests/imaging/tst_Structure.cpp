@@ -68,8 +68,10 @@ QImage plainTiling(const QImage &pattern, double scale, double rotation, const Q
     const int side = int(std::max(size.width(), size.height()) * 1.5);
     QImage tile = opaqueColours(pattern);
     if (scale != 1.0) {
-        const QSize scaled(std::max(1, int(tile.width() * scale + 0.5)),
-                           std::max(1, int(tile.height() * scale + 0.5)));
+        const auto scaledLength = [scale](int length) {
+            return std::max(1, int(std::floor(length * scale + 0.5)));
+        };
+        const QSize scaled(scaledLength(tile.width()), scaledLength(tile.height()));
         const bool isLarge = scaled.width() >= side && scaled.height() >= side;
         const QImage mosaic = isLarge ? tile : grid(tile, tile.size() * 3);
         tile = mosaic.scaled(
@@ -165,6 +167,18 @@ private Q_SLOTS:
             }
         }
         QVERIFY(exact >= 600); // all but the smallest bodies
+    }
+
+    // The turned square itself leaves corners of the smallest bodies out.
+    void everyCornerIsCovered()
+    {
+        const QImage white = uniform({3, 2}, 0x00FFFFFFU);
+        for (int i = 0; i < 400; ++i) {
+            const QSize size(1 + i % 20, 1 + i / 20);
+            for (const double rotation : {7.0, 45.0, 120.0})
+                QCOMPARE(tiledPattern(white, 1.0, rotation, size),
+                         uniform(size, 0xFFFFFFFFU).convertToFormat(QImage::Format_RGB32));
+        }
     }
 
     // A low limit sends small images the way of huge ones, in many blocks.
