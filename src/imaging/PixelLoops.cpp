@@ -1,7 +1,13 @@
 #include "imaging/PixelLoops.h"
 
+#include "imaging/Capsule2D.h"
+#include "imaging/CircularProfile.h"
+#include "imaging/EdgeDistance.h"
+
+#include <algorithm>
 #include <cmath>
 #include <cstring>
+#include <numbers>
 
 // A loop is written once and inlined into a function for each kind of processor, so that the
 // compiler makes vectors of that kind's width. (Clones by attribute would crash under the thread
@@ -86,6 +92,125 @@ VESPERINE_INLINE void mixRow(Pixel *target, const Pixel *source, const float *we
     }
 }
 
+VESPERINE_INLINE void blendRow(Pixel *target, Pixel slope, const float *weights, int count)
+{
+    for (int i = 0; i < count; ++i) {
+        const float weight = weights[i];
+        const qint32 before = loaded(target + i);
+        const qint32 mixed =
+            cellOf(mean(slopeX(before), slope.sx, weight), mean(slopeY(before), slope.sy, weight));
+        store(weight == 0.0F ? before : mixed, target + i);
+    }
+}
+
+VESPERINE_INLINE qint32 limitedSum(qint32 a, qint32 b)
+{
+    return std::clamp(a + b, -128 * 256, 127 * 256);
+}
+
+VESPERINE_INLINE void addRow(Pixel *target, const Pixel *source, int count)
+{
+    for (int i = 0; i < count; ++i) {
+        const qint32 before = loaded(target + i);
+        const qint32 added = loaded(source + i);
+        const qint32 x = limitedSum(slopeX(before), slopeX(added));
+        const qint32 y = limitedSum(slopeY(before), slopeY(added));
+        store(qint32((quint32(x) & 0xFFFFU) | quint32(y) << 16U), target + i);
+    }
+}
+
+VESPERINE_INLINE float weightedSum(qint32 before, qint32 added, float weight)
+{
+    return float(added) / 256.0F * weight + float(before) / 256.0F;
+}
+
+VESPERINE_INLINE void
+addWeightedRow(Pixel *target, const Pixel *source, const float *weights, int count)
+{
+    for (int i = 0; i < count; ++i) {
+        const float weight = weights[i];
+        const qint32 before = loaded(target + i);
+        const qint32 added = loaded(source + i);
+        const qint32 sum = cellOf(weightedSum(slopeX(before), slopeX(added), weight),
+                                  weightedSum(slopeY(before), slopeY(added), weight));
+        store(weight == 0.0F ? before : sum, target + i);
+    }
+}
+
+VESPERINE_INLINE void floatsOfRow(const Pixel *cells, float *slopes, int count)
+{
+    for (int i = 0; i < count; ++i) {
+        const qint32 cell = loaded(cells + i);
+        slopes[2 * i] = float(slopeX(cell)) / 256.0F;
+        slopes[2 * i + 1] = float(slopeY(cell)) / 256.0F;
+    }
+}
+
+VESPERINE_INLINE void cellsOfRow(const float *slopes, Pixel *cells, int count)
+{
+    for (int i = 0; i < count; ++i)
+        store(cellOf(slopes[2 * i], slopes[2 * i + 1]), cells + i);
+}
+
+VESPERINE_INLINE void lumaRow(const QRgb *pixels, float *heights, int count, double height)
+{
+    for (int i = 0; i < count; ++i) {
+        const int red = int(pixels[i] >> 16U & 0xFFU);
+        const int green = int(pixels[i] >> 8U & 0xFFU);
+        const int blue = int(pixels[i] & 0xFFU);
+        // Rec. 709, over 256.
+        const double luma = green * 0.00279375 + red * 0.00083046875 + blue * 0.00028203125;
+        heights[i] = float(luma * height);
+    }
+}
+
+VESPERINE_INLINE void ownEdgesOfRow(
+    const double *above, const double *middle, const double *below, double *distances, int count)
+{
+    constexpr double side = std::numbers::sqrt2;
+    for (int i = 0; i < count; ++i) {
+        const double gx = above[i + 1] + side * middle[i + 1] + below[i + 1] - above[i - 1] -
+                          side * middle[i - 1] - below[i - 1];
+        const double gy = below[i - 1] + side * below[i] + below[i + 1] - above[i - 1] -
+                          side * above[i] - above[i + 1];
+        const double distance = edgeDistance(gx, gy, middle[i]);
+        distances[i] = middle[i] > 0.0 && middle[i] < 1.0 ? distance : distances[i];
+    }
+}
+
+VESPERINE_INLINE void offersOfRow(const double *coverage,
+                                  const qint32 *dx,
+                                  const qint32 *dy,
+                                  int moveX,
+                                  int moveY,
+                                  double *distances,
+                                  int count)
+{
+    for (int i = 0; i < count; ++i)
+        distances[i] = distanceToEdge(dx[i] + moveX, dy[i] + moveY, coverage[i]);
+}
+
+template <class RimFunction, bool raises>
+VESPERINE_INLINE void paintRow(const Capsule2D &shared,
+                               const CircularProfile &sharedProfile,
+                               int x,
+                               int y,
+                               float *cells,
+                               int count)
+{
+    // Copies, which no write to the cells can change.
+    const Capsule2D segment = shared;
+    const CircularProfile profile = sharedProfile;
+    const float reach = profile.radius * profile.radius;
+    for (int i = 0; i < count; ++i) {
+        const float q = segment.distanceSquared(float(x + i), float(y));
+        const float value = circularValue<RimFunction>(profile, std::sqrt(q));
+        const float before = cells[i];
+        const bool isTaken = q <= reach && (raises ? value > before : value < before);
+        cells[i] = isTaken ? value : before;
+    }
+}
+
 // The loops for one kind; the attributes that name its instructions can't be a template's argument.
 #define VESPERINE_LOOPS(kind, ...)                                                                 \
     struct kind                                                                                    \
@@ -104,7 +229,77 @@ VESPERINE_INLINE void mixRow(Pixel *target, const Pixel *source, const float *we
         {                                                                                          \
             mixRow(target, source, weights, count);                                                \
         }                                                                                          \
-        static constexpr PixelLoops loops{encode, derive, mix};                                    \
+        __VA_ARGS__ static void blend(Pixel *target, Pixel slope, const float *weights, int count) \
+        {                                                                                          \
+            blendRow(target, slope, weights, count);                                               \
+        }                                                                                          \
+        __VA_ARGS__ static void add(Pixel *target, const Pixel *source, int count)                 \
+        {                                                                                          \
+            addRow(target, source, count);                                                         \
+        }                                                                                          \
+        __VA_ARGS__ static void                                                                    \
+        addWeighted(Pixel *target, const Pixel *source, const float *weights, int count)           \
+        {                                                                                          \
+            addWeightedRow(target, source, weights, count);                                        \
+        }                                                                                          \
+        __VA_ARGS__ static void toFloats(const Pixel *cells, float *slopes, int count)             \
+        {                                                                                          \
+            floatsOfRow(cells, slopes, count);                                                     \
+        }                                                                                          \
+        __VA_ARGS__ static void fromFloats(const float *slopes, Pixel *cells, int count)           \
+        {                                                                                          \
+            cellsOfRow(slopes, cells, count);                                                      \
+        }                                                                                          \
+        __VA_ARGS__ static void                                                                    \
+        lumaHeights(const QRgb *pixels, float *heights, int count, double height)                  \
+        {                                                                                          \
+            lumaRow(pixels, heights, count, height);                                               \
+        }                                                                                          \
+        __VA_ARGS__ static void ownEdges(const double *above,                                      \
+                                         const double *middle,                                     \
+                                         const double *below,                                      \
+                                         double *distances,                                        \
+                                         int count)                                                \
+        {                                                                                          \
+            ownEdgesOfRow(above, middle, below, distances, count);                                 \
+        }                                                                                          \
+        __VA_ARGS__ static void edgeOffers(const double *coverage,                                 \
+                                           const qint32 *dx,                                       \
+                                           const qint32 *dy,                                       \
+                                           int moveX,                                              \
+                                           int moveY,                                              \
+                                           double *distances,                                      \
+                                           int count)                                              \
+        {                                                                                          \
+            offersOfRow(coverage, dx, dy, moveX, moveY, distances, count);                         \
+        }                                                                                          \
+        template <class RimFunction, bool raises>                                                  \
+        __VA_ARGS__ static void paint(const Capsule2D &segment,                                    \
+                                      const CircularProfile &profile,                              \
+                                      int x,                                                       \
+                                      int y,                                                       \
+                                      float *cells,                                                \
+                                      int count)                                                   \
+        {                                                                                          \
+            paintRow<RimFunction, raises>(segment, profile, x, y, cells, count);                   \
+        }                                                                                          \
+        static constexpr PixelLoops loops{encode,                                                  \
+                                          derive,                                                  \
+                                          mix,                                                     \
+                                          blend,                                                   \
+                                          add,                                                     \
+                                          addWeighted,                                             \
+                                          toFloats,                                                \
+                                          fromFloats,                                              \
+                                          lumaHeights,                                             \
+                                          ownEdges,                                                \
+                                          edgeOffers,                                              \
+                                          {paint<RimFunctionCos, true>,                            \
+                                           paint<RimFunctionRamp, true>,                           \
+                                           paint<RimFunctionCircle, true>},                        \
+                                          {paint<RimFunctionCos, false>,                           \
+                                           paint<RimFunctionRamp, false>,                          \
+                                           paint<RimFunctionCircle, false>}};                      \
     }
 
 VESPERINE_LOOPS(Plain, );
