@@ -4,26 +4,22 @@
 
 QRect FloatPainter::paste(const QPoint &position, const FloatImage &source, const QRect &sourceRect)
 {
-    const QRect wanted = sourceRect.isNull() ? source.rect() : sourceRect;
-    const QPoint shift = position - wanted.topLeft();
-    const QRect area = paintable(clipped(wanted, source.rect()).translated(shift));
+    const auto [area, shift] =
+        placed(m_target.rect(), m_mask.rect(), position, source.rect(), sourceRect);
+    const QPoint at = shift;
     // Held, so that a raster pasted into itself is read as it was.
     const FloatImage held = source; // NOLINT(performance-unnecessary-copy-initialization)
-    mix(area, [&](int x, int y) { return held.row(y - shift.y())[x - shift.x()]; });
+    mix(area, [&](int x, int y) { return held.row(y - at.y())[x - at.x()]; });
     return area;
 }
 
 QRect FloatPainter::fill(float value, const QRect &rect)
 {
-    const QRect area = paintable(rect.isNull() ? m_target.rect() : rect);
+    const QRect wanted = rect.isNull() ? m_target.rect() : rect;
+    const QRect area =
+        placed(m_target.rect(), m_mask.rect(), wanted.topLeft(), wanted, wanted).area;
     mix(area, [value](int, int) { return value; });
     return area;
-}
-
-QRect FloatPainter::paintable(const QRect &area) const
-{
-    const QRect inTarget = clipped(area, m_target.rect());
-    return m_mask.isNull() ? inTarget : clipped(inTarget, m_mask.rect());
 }
 
 template <class ValueAt>

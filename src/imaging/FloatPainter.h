@@ -30,7 +30,6 @@ public:
     QRect fill(float value, const QRect &rect = {});
 
 private:
-    QRect paintable(const QRect &area) const;
     /// @p valueAt gives the new value of the cell in column x of row y.
     template <class ValueAt>
     void mix(const QRect &area, ValueAt valueAt);

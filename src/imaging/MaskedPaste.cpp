@@ -11,11 +11,8 @@ QRect pasteMasked(AngleImage &target,
                   const AngleImage &source,
                   const QRect &sourceRect)
 {
-    const QRect wanted = sourceRect.isNull() ? source.rect() : sourceRect;
-    const QPoint shift = position - wanted.topLeft();
-    QRect area = clipped(clipped(wanted, source.rect()).translated(shift), target.rect());
-    if (!mask.isNull())
-        area = clipped(area, mask.rect());
+    const auto [area, shift] =
+        placed(target.rect(), mask.rect(), position, source.rect(), sourceRect);
     if (area.isEmpty())
         return {};
 
