@@ -1,0 +1,212 @@
+#include "imaging/Clipping.h"
+#include "imaging/HeightsToAngles.h"
+#include "imaging/MaskedPaste.h"
+#include "imaging/PixelLoops.h"
+#include "imaging/SlopeArithmetic.h"
+#include "imaging/StrokeResults.h"
+#include "support/Pictures.h"
+
+#include <QTest>
+
+#include <limits>
+
+namespace {
+
+using Pixel = AngleImage::Pixel;
+
+// Exact in double precision but for the single products.
+qint16 stored(float slope)
+{
+    if (std::isnan(slope))
+        return 0;
+    return qint16(std::lround(std::clamp(double(slope), -128.0, 127.0) * 256.0));
+}
+
+qint16 plainSum(qint16 before, qint16 added, float weight)
+{
+    const float share = float(added) / 256.0F * weight;
+    return stored(share + float(before) / 256.0F);
+}
+
+qint16 plainBlend(qint16 before, qint16 after, float weight)
+{
+    const float kept = float(before) / 256.0F * (1.0F - weight);
+    const float taken = float(after) / 256.0F * weight;
+    return stored(kept + taken);
+}
+
+/// One cell's new value from its old one, the source's and the weight.
+using Rule = qint16 (*)(qint16 before, qint16 source, float weight);
+
+// Cell by cell; the cells of source lie at an offset. No weights count as 1.
+QRect plainly(Rule rule,
+              AngleImage &target,
+              const FloatImage &weights,
+              const QPoint &offset,
+              const AngleImage &source,
+              const QRect &rect)
+{
+    QRect changed;
+    for (int i = 0; i < target.width() * target.height(); ++i) {
+        const QPoint at(i % target.width(), i / target.width());
+        const QPoint from = at - offset;
+        if (!rect.contains(from) || !source.rect().contains(from) ||
+            !(weights.isNull() || weights.rect().contains(at)))
+            continue;
+        changed |= QRect(at, QSize(1, 1));
+        const float weight = weights.isNull() ? 1.0F : weights.row(at.y())[at.x()];
+        const Pixel added = source.row(from.y())[from.x()];
+        Pixel &cell = target.row(0)[i];
+        if (weight != 0.0F)
+            cell = {rule(cell.sx, added.sx, weight), rule(cell.sy, added.sy, weight)};
+    }
+    return changed;
+}
+
+} // namespace
+
+class TestSlopeArithmetic : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void anyRectangleAnywhere()
+    {
+        std::mt19937 random(11);
+        for (int round = 0; round < 2000; ++round) {
+            const AngleImage before = randomAngles(randomSize(40, 6, random), random);
+            const AngleImage source = randomAngles(randomSize(40, 6, random), random);
+            FloatImage weights = round % 3 == 0 ? FloatImage() : randomMask({19, 4}, random);
+            if (round % 3 == 1)
+                weights.row(1)[0] = std::numeric_limits<float>::quiet_NaN();
+            const QRect rect = round % 4 == 0 ? QRect() : randomRect(source.size(), random);
+            const QRect wanted = rect.isNull() ? source.rect() : rect;
+            const QPoint position = randomRect(before.size(), random).topLeft();
+            AngleImage target = before;
+            AngleImage expected = before;
+            QRect changed =
+                plainly(plainSum, expected, weights, position - wanted.topLeft(), source, wanted);
+            QCOMPARE(addSlopes(target, weights, position, source, rect), changed);
+            QCOMPARE(target, expected);
+            QCOMPARE(target.sharesCellsWith(before), changed.isEmpty());
+
+            const Pixel slope{qint16(random()), qint16(random())};
+            AngleImage even(before.width(), before.height());
+            std::fill_n(even.row(0), even.width() * even.height(), slope);
+            const QRect all = rect.isNull() ? before.rect() : rect;
+            target = expected = before;
+            changed = weights.isNull() ? copyRegion(expected, {}, even, all)
+                                       : plainly(plainBlend, expected, weights, {}, even, all);
+            QCOMPARE(blendSlope(target, weights, slope, rect), changed);
+            QCOMPARE(target, expected);
+        }
+    }
+
+    void everyLoopGivesTheSameCells()
+    {
+        std::mt19937 random(12);
+        for (int width = 1; width < 80; ++width) {
+            const AngleImage before = randomAngles(width, 1, random);
+            const AngleImage source = randomAngles(width, 1, random);
+            const FloatImage weights = randomMask(before.size(), random);
+            const FloatImage slopes = randomFloats({2 * width, 1}, -200.0F, 200.0F, random);
+            const Plain expected = results(pixelLoops().front(), before, source, weights, slopes);
+            for (const PixelLoops &loops : pixelLoops())
+                QCOMPARE(results(loops, before, source, weights, slopes), expected);
+            for (int i = 0; i < width; ++i) {
+                QCOMPARE(expected.floats[2 * i + 1], float(before.row(0)[i].sy) / 256.0F);
+                QCOMPARE(expected.cells.row(0)[i].sx, stored(slopes.row(0)[2 * i]));
+            }
+        }
+    }
+
+    void strokesReachAsFarAsTheirHeightsShow()
+    {
+        std::mt19937 random(13);
+        for (int round = 0; round < 300; ++round) {
+            AngleImage start = randomAngles(randomSize(30, 12, random), random);
+            // Only slopes that a sum can give.
+            addSlopes(start, {}, {}, AngleImage(start.width(), start.height()));
+            FloatImage heights(start.width(), start.height());
+            AngleImage current = start;
+            QRect reached;
+            for (int step = 0; step < 3; ++step) {
+                const QRect dab = clipped(randomRect(start.size(), random), start.rect());
+                for (int y = dab.top(); y <= dab.bottom(); ++y)
+                    for (int x = dab.left(); x <= dab.right(); ++x)
+                        heights.row(y)[x] = float(randomInt(-40, 40, random));
+                reached |= applyHeights(current, start, heights, dab);
+            }
+            AngleImage slopes;
+            heightsToAngles(heights, slopes);
+            AngleImage expected = start;
+            addSlopes(expected, {}, reached.topLeft(), slopes, reached);
+            QCOMPARE(current, reached.isEmpty() ? start : expected);
+        }
+    }
+
+    void coverageStartsFromTheStroke()
+    {
+        std::mt19937 random(14);
+        const QSize size(23, 9);
+        const AngleImage start = randomAngles(size, random);
+        const AngleImage other = randomAngles(size, random);
+        const FloatImage coverage = randomMask(size, random);
+        const Pixel slope{300, -70};
+        for (const QRect area : {QRect(3, 2, 11, 5), QRect(-4, -4, 99, 99)}) {
+            const QRect inside = area.intersected(start.rect());
+            // What an earlier step of the stroke left there does not count.
+            AngleImage current = start;
+            blendSlope(current, {}, {1, 2}, inside);
+            AngleImage expected = start;
+            blendSlope(expected, coverage, slope, inside);
+            QCOMPARE(applySlope(current, start, coverage, area, slope), inside);
+            QCOMPARE(current, expected);
+            expected = start;
+            copyRegion(expected, coverage, other, inside);
+            QCOMPARE(applySmoothened(current, start, coverage, area, other), inside);
+            QCOMPARE(current, expected);
+            expected = start;
+            addSlopes(expected, coverage, inside.topLeft(), other, inside);
+            QCOMPARE(applyStructure(current, start, coverage, area, other), inside);
+            QCOMPARE(current, expected);
+            for (const QRect &nothing : {QRect(), QRect(50, 0, 5, 5), QRect(3, 3, 0, 4)})
+                QVERIFY(applySlope(current, start, coverage, nothing, slope).isEmpty());
+            QVERIFY(applySmoothened(current, start, coverage, area, {}).isEmpty());
+            QVERIFY(applyStructure(current, start, coverage, area, {}).isEmpty());
+            QCOMPARE(current, expected);
+        }
+    }
+
+private:
+    struct Plain
+    {
+        AngleImage added;
+        AngleImage addedPartly;
+        AngleImage blended;
+        AngleImage cells;
+        std::vector<float> floats;
+
+        bool operator==(const Plain &) const = default;
+    };
+
+    static Plain results(const PixelLoops &loops,
+                         const AngleImage &before,
+                         const AngleImage &source,
+                         const FloatImage &weights,
+                         const FloatImage &slopes)
+    {
+        const int width = before.width();
+        Plain result{before, before, before, before, std::vector<float>(std::size_t(2 * width))};
+        loops.add(result.added.row(0), source.row(0), width);
+        loops.addWeighted(result.addedPartly.row(0), source.row(0), weights.row(0), width);
+        loops.blend(result.blended.row(0), {-1000, 20000}, weights.row(0), width);
+        loops.fromFloats(slopes.row(0), result.cells.row(0), width);
+        loops.toFloats(before.row(0), result.floats.data(), width);
+        return result;
+    }
+};
+
+QTEST_GUILESS_MAIN(TestSlopeArithmetic)
+
+#include "tst_SlopeArithmetic.moc"

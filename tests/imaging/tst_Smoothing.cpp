@@ -1,0 +1,70 @@
+#include "imaging/PaintToolBlurJob.h"
+#include "imaging/Smoothing.h"
+#include "support/Pictures.h"
+
+#include <QTest>
+
+#include <opencv2/imgproc.hpp>
+
+class TestSmoothing : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void kernel()
+    {
+        const std::pair<double, int> sides[] = {
+            {0.1, 3}, {0.5, 3}, {1.0, 3}, {1.74, 3}, {1.75, 5}, {2.0, 5}, {3.0, 7}, {9.0, 19}};
+        for (const auto &[radius, side] : sides)
+            QCOMPARE(smoothingKernel(radius), side);
+    }
+
+    // Bands of the image give what the whole does, blurred as floats and rounded once.
+    void slopesAreThoseOfTheWholeImage()
+    {
+        std::mt19937 random(21);
+        for (const QSize size : {QSize(1, 1), QSize(1, 90), QSize(53, 1), QSize(37, 300)}) {
+            for (const double radius : {0.5, 3.0, 40.0}) {
+                const AngleImage surface = randomAngles(size, random);
+                cv::Mat slopes(size.height(), size.width(), CV_32FC2);
+                for (int i = 0; i < size.width() * size.height(); ++i) {
+                    const AngleImage::Pixel cell = surface.row(0)[i];
+                    slopes.ptr<cv::Vec2f>()[i] = {float(cell.sx) / 256.0F, float(cell.sy) / 256.0F};
+                }
+                const cv::Size kernel(smoothingKernel(radius), smoothingKernel(radius));
+                cv::GaussianBlur(
+                    slopes, slopes, kernel, radius / 2, radius / 2, cv::BORDER_REPLICATE);
+                const AngleImage result = PaintToolBlurJob().compute({surface, radius});
+                for (int i = 0; i < size.width() * size.height(); ++i) {
+                    const cv::Vec2f blurred = slopes.ptr<cv::Vec2f>()[i];
+                    const AngleImage::Pixel expected{toStoredSlope(blurred[0]),
+                                                     toStoredSlope(blurred[1])};
+                    QCOMPARE(result.row(0)[i], expected);
+                }
+            }
+        }
+    }
+
+    void whatIsEvenStaysEven()
+    {
+        const AngleImage even(90, 70, 0xFF000123);
+        QCOMPARE(smoothened(even, 7.0), even);
+        std::mt19937 random(22);
+        const AngleImage surface = randomAngles(9, 9, random);
+        QVERIFY(smoothened(surface, 0.0).sharesCellsWith(surface));
+        FloatImage heights(3, 3, 2.5F);
+        smoothen(heights, 2.0);
+        for (int i = 0; i < 9; ++i)
+            QVERIFY(std::abs(heights.row(0)[i] - 2.5F) < 1e-5F);
+        heights = floats({{0, 0, 8, 0, 0}});
+        smoothen(heights, 0.0);
+        QCOMPARE(heights, floats({{0, 0, 8, 0, 0}}));
+        smoothen(heights, 1.0);
+        QVERIFY(heights.row(0)[1] > 0.0F && heights.row(0)[0] == 0.0F); // three wide
+        QVERIFY(smoothened({}, 3.0).isNull());
+    }
+};
+
+QTEST_GUILESS_MAIN(TestSmoothing)
+
+#include "tst_Smoothing.moc"
