@@ -5,13 +5,18 @@
 #include "imaging/PixelLoops.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <limits>
+#include <utility>
 #include <vector>
 
 namespace {
 
 constexpr double leastGain = 1e-3;
+/// Cells that are looked at together: where none can gain, none is looked at by itself.
+constexpr int blockLength = 32;
+constexpr int smallBlock = 16;
 
 template <class Cell>
 using Raster = std::vector<Cell, LargePageAllocator<Cell>>;
@@ -80,7 +85,6 @@ public:
         , m_dx(m_distances.size(), 0)
         , m_dy(m_distances.size(), 0)
         , m_news(std::size_t(m_height))
-        , m_offers(4 * std::size_t(m_width))
     {
         for (int y = 0; y < m_height; ++y)
             coverage(y, m_coverage.data() + start(y));
@@ -121,20 +125,24 @@ private:
     {
         const double *coverage = m_coverage.data() + start(y);
         double *distances = m_distances.data() + start(y);
-        Span covered;
-        for (int x = 0; x < m_width; ++x) {
+        for (int x = 0; x < m_width; ++x)
             distances[x] = coverage[x] > 0.0 ? 0.0 : farAway;
-            if (coverage[x] > 0.0)
-                covered.include(x);
-        }
-        m_news[std::size_t(y)].include(covered);
-        // Most pixels are no edges.
-        constexpr int block = 16;
-        for (int x = std::max(0, covered.first); x <= covered.last; x += block) {
-            const int end = std::min(x + block, covered.last + 1);
-            if (std::any_of(coverage + x, coverage + end, isPartly))
+        // Most pixels are no edges, and none need be looked at by itself.
+        Span covered;
+        for (int x = 0; x < m_width; x += smallBlock) {
+            const int end = std::min(x + smallBlock, m_width);
+            int isCovered = 0;
+            int isPartlyCovered = 0;
+            for (int i = x; i < end; ++i) {
+                isCovered |= coverage[i] > 0.0 ? 1 : 0;
+                isPartlyCovered |= isPartly(coverage[i]) ? 1 : 0;
+            }
+            if (isCovered != 0)
+                covered.include({x, end - 1});
+            if (isPartlyCovered != 0)
                 beginEdges(y, x, end);
         }
+        m_news[std::size_t(y)].include(covered);
         addRuns(y);
     }
 
@@ -169,19 +177,20 @@ private:
             beginOutermost(m_width - 1);
     }
 
-    // Covered cells never take an offer. Small gaps between those that do are not worth a new run.
+    // Covered cells never take an offer.
     void addRuns(int y)
     {
-        constexpr int smallestGap = 16;
         const double *distances = m_distances.data() + start(y);
-        for (int x = 0; x < m_width; ++x) {
-            if (distances[x] <= 0.0)
+        for (int x = 0; x < m_width; x += smallBlock) {
+            const int end = std::min(x + smallBlock, m_width);
+            int isOpen = 0;
+            for (int i = x; i < end; ++i)
+                isOpen |= distances[i] > 0.0 ? 1 : 0;
+            if (isOpen == 0)
                 continue;
-            const bool isNear =
-                m_runs.size() > m_firstRuns.back() && x - m_runs.back().last < smallestGap;
-            if (!isNear)
-                m_runs.push_back({x, x});
-            m_runs.back().last = x;
+            if (m_runs.size() == m_firstRuns.back() || m_runs.back().last < x - 1)
+                m_runs.push_back({x, end - 1});
+            m_runs.back().last = end - 1;
         }
         m_firstRuns.push_back(m_runs.size());
     }
@@ -227,40 +236,70 @@ private:
     template <int direction>
     void passRun(int y, const Span &run, Span receivers, const Span &offered, Span &changed)
     {
-        if (receivers.isEmpty())
-            return;
-        makeOffers(0, y, -direction, 0, receivers);
-        for (int i = 1; i < 4; ++i)
-            makeOffers(i, y, (i - 2) * direction, -direction, offered);
         bool isNew = false; // what the cell before offers
-        for (int x = direction > 0 ? receivers.first : receivers.last; receivers.contains(x);
-             x += direction) {
-            const std::size_t cell = start(y) + std::size_t(x);
-            if (isNew)
-                offers(0)[x] = offerOf(cell - std::size_t(qptrdiff(direction)), direction);
-            isNew = takeOffers<direction>(cell, x, offered.contains(x) ? 4 : 1);
-            if (isNew) {
-                changed.include(x);
-                receivers.include(std::clamp(x + direction, run.first, run.last));
-            }
+        for (int x = direction > 0 ? receivers.first : receivers.last; receivers.contains(x);) {
+            const int end = x + direction * (blockLength - 1);
+            const Span block = Span{std::min(x, end), std::max(x, end)}.within(run);
+            const int kinds = offered.within(block).isEmpty() ? 1 : 4;
+            makeOffers<direction>(y, block, kinds);
+            x = direction > 0 ? block.last + 1 : block.first - 1;
+            if (!isNew && !hasGain(y, block, kinds))
+                continue;
+            isNew = takeInBlock<direction>(y, block, kinds, isNew, changed);
+            if (isNew && run.contains(x))
+                receivers.include(x);
         }
     }
 
-    double *offers(int kind) { return m_offers.data() + std::size_t(kind) * std::size_t(m_width); }
-
-    // The offers of the neighbours at a step from the cells of @p receivers.
-    void makeOffers(int kind, int y, int stepX, int stepY, const Span &receivers)
+    // What the cell beside offers to each cell of @p block, then what the row before offers.
+    template <int direction>
+    void makeOffers(int y, const Span &block, int kinds)
     {
-        if (receivers.isEmpty())
-            return;
-        const std::size_t first = start(y + stepY) + std::size_t(receivers.first + stepX);
-        fastestPixelLoops().edgeOffers(m_coverage.data() + first,
-                                       m_dx.data() + first,
-                                       m_dy.data() + first,
-                                       -stepX,
-                                       -stepY,
-                                       offers(kind) + receivers.first,
-                                       receivers.count());
+        for (int i = 0; i < kinds; ++i) {
+            const auto [stepX, stepY] = stepTo<direction>(i);
+            const std::size_t first = start(y + stepY) + std::size_t(block.first + stepX);
+            fastestPixelLoops().edgeOffers(m_coverage.data() + first,
+                                           m_dx.data() + first,
+                                           m_dy.data() + first,
+                                           -stepX,
+                                           -stepY,
+                                           m_offers[std::size_t(i)].data(),
+                                           block.count());
+        }
+    }
+
+    bool hasGain(int y, const Span &block, int kinds) const
+    {
+        const double *distances = m_distances.data() + start(y) + block.first;
+        const auto isGain = [&](const auto &offers) {
+            return fastestPixelLoops().isAnyBelow(
+                offers.data(), distances, leastGain, block.count());
+        };
+        return std::any_of(m_offers.begin(), m_offers.begin() + kinds, isGain);
+    }
+
+    // True when the last cell has taken.
+    template <int direction>
+    bool takeInBlock(int y, const Span &block, int kinds, bool isNew, Span &changed)
+    {
+        for (int i = 0; i < block.count(); ++i) {
+            const int place = direction > 0 ? i : block.count() - 1 - i;
+            const std::size_t cell = start(y) + std::size_t(block.first + place);
+            if (isNew)
+                m_offers[0][std::size_t(place)] =
+                    offerOf(cell - std::size_t(qptrdiff(direction)), direction);
+            isNew = takeOffers<direction>(cell, std::size_t(place), kinds);
+            if (isNew)
+                changed.include(block.first + place);
+        }
+        return isNew;
+    }
+
+    // To the neighbour that makes an offer of this kind.
+    template <int direction>
+    static std::pair<int, int> stepTo(int kind)
+    {
+        return kind == 0 ? std::pair(-direction, 0) : std::pair((kind - 2) * direction, -direction);
     }
 
     double offerOf(std::size_t cell, int moveX) const
@@ -269,23 +308,21 @@ private:
     }
 
     template <int direction>
-    bool takeOffers(std::size_t cell, int x, int kinds)
+    bool takeOffers(std::size_t cell, std::size_t place, int kinds)
     {
-        const double before = m_distances[cell];
-        double distance = before;
+        double distance = m_distances[cell];
         if (distance <= 0.0)
             return false;
         int taken = -1;
         for (int i = 0; i < kinds; ++i) {
-            const double offer = offers(i)[x];
+            const double offer = m_offers[std::size_t(i)][place];
             const bool isTaken = offer < distance - leastGain;
             distance = isTaken ? offer : distance;
             taken = isTaken ? i : taken;
         }
         if (taken < 0)
             return false;
-        const int stepX = taken == 0 ? -direction : (taken - 2) * direction;
-        const int stepY = taken == 0 ? 0 : -direction;
+        const auto [stepX, stepY] = stepTo<direction>(taken);
         const std::size_t neighbour =
             cell + std::size_t(qptrdiff(stepY) * qptrdiff(m_stride) + stepX);
         m_distances[cell] = distance;
@@ -305,7 +342,7 @@ private:
     std::vector<News> m_news;
     std::vector<Span> m_runs; // of cells that take, row after row
     std::vector<std::size_t> m_firstRuns{0};
-    std::vector<double> m_offers; // to a row, by kind of neighbour
+    std::array<std::array<double, blockLength>, 4> m_offers; // to a block, by kind
     bool m_hasChanged = false;
 };
 

@@ -190,6 +190,15 @@ VESPERINE_INLINE void offersOfRow(const double *coverage,
         distances[i] = distanceToEdge(dx[i] + moveX, dy[i] + moveY, coverage[i]);
 }
 
+VESPERINE_INLINE bool
+isAnyBelowInRow(const double *values, const double *limits, double margin, int count)
+{
+    qint64 below = 0;
+    for (int i = 0; i < count; ++i)
+        below |= values[i] < limits[i] - margin ? 1 : 0;
+    return below != 0;
+}
+
 template <class RimFunction, bool raises>
 VESPERINE_INLINE void paintRow(const Capsule2D &shared,
                                const CircularProfile &sharedProfile,
@@ -273,6 +282,11 @@ VESPERINE_INLINE void paintRow(const Capsule2D &shared,
         {                                                                                          \
             offersOfRow(coverage, dx, dy, moveX, moveY, distances, count);                         \
         }                                                                                          \
+        __VA_ARGS__ static bool                                                                    \
+        isAnyBelow(const double *values, const double *limits, double margin, int count)           \
+        {                                                                                          \
+            return isAnyBelowInRow(values, limits, margin, count);                                 \
+        }                                                                                          \
         template <class RimFunction, bool raises>                                                  \
         __VA_ARGS__ static void paint(const Capsule2D &segment,                                    \
                                       const CircularProfile &profile,                              \
@@ -294,6 +308,7 @@ VESPERINE_INLINE void paintRow(const Capsule2D &shared,
                                           lumaHeights,                                             \
                                           ownEdges,                                                \
                                           edgeOffers,                                              \
+                                          isAnyBelow,                                              \
                                           {paint<RimFunctionCos, true>,                            \
                                            paint<RimFunctionRamp, true>,                           \
                                            paint<RimFunctionCircle, true>},                        \

@@ -55,6 +55,8 @@ struct PixelLoops
                        int moveY,
                        double *distances,
                        int count);
+    /// True when a value is smaller than its limit by more than @p margin.
+    bool (*isAnyBelow)(const double *values, const double *limits, double margin, int count);
     /// Raises or lowers cells to a round brush's values, by contour.
     std::array<PaintRow, 3> raise;
     std::array<PaintRow, 3> lower;
