@@ -139,7 +139,7 @@ addWeightedRow(Pixel *target, const Pixel *source, const float *weights, int cou
 
 VESPERINE_INLINE void floatsOfRow(const Pixel *cells, float *slopes, int count)
 {
-    for (int i = 0; i < count; ++i) {
+    for (qptrdiff i = 0; i < count; ++i) {
         const qint32 cell = loaded(cells + i);
         slopes[2 * i] = float(slopeX(cell)) / 256.0F;
         slopes[2 * i + 1] = float(slopeY(cell)) / 256.0F;
@@ -148,7 +148,7 @@ VESPERINE_INLINE void floatsOfRow(const Pixel *cells, float *slopes, int count)
 
 VESPERINE_INLINE void cellsOfRow(const float *slopes, Pixel *cells, int count)
 {
-    for (int i = 0; i < count; ++i)
+    for (qptrdiff i = 0; i < count; ++i)
         store(cellOf(slopes[2 * i], slopes[2 * i + 1]), cells + i);
 }
 

@@ -20,7 +20,9 @@ void blur(cv::Mat &values, double radius)
 
 int smoothingKernel(double radius)
 {
-    return std::max(3, int(2.0 * radius + 0.5) | 1);
+    // Cut off, as halves are rounded up.
+    const double side = 2.0 * radius + 0.5;
+    return std::max(3, int(side) | 1);
 }
 
 void smoothen(FloatImage &heights, double radius)

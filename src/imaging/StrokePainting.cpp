@@ -16,8 +16,8 @@ int limited(float coordinate, int side)
 // Inverted where the segment misses the image.
 QRect touchedPixels(const QSizeF &size, const QVector2D &a, const QVector2D &b, const QSize &image)
 {
-    const float rx = float(size.width() / 2.0);
-    const float ry = float(size.height() / 2.0);
+    const auto rx = float(size.width() / 2.0);
+    const auto ry = float(size.height() / 2.0);
     const int left = limited(std::floor(std::min(a.x(), b.x()) - rx), image.width());
     const int top = limited(std::floor(std::min(a.y(), b.y()) - ry), image.height());
     const int right = limited(std::ceil(std::max(a.x(), b.x()) + rx), image.width());

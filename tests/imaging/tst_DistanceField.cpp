@@ -126,15 +126,16 @@ private Q_SLOTS:
         for (int y = 0; y < 64; ++y)
             for (int x = 0; x < 64; ++x)
                 QVERIFY(std::abs(field.row(y)[x] - std::max(0.0, distance(x, y))) < 0.17);
-        Coverage pixel(64 * 64);
+        constexpr std::size_t cells = 4096;
+        Coverage pixel(cells);
         pixel[20 * 64 + 10] = 1.0;
         const FloatImage around = fieldOf(pixel, size);
         QCOMPARE(around.row(20)[10], 0.0F);
         QCOMPARE(around.row(20)[40], 29.5F); // from its side
         QCOMPARE(around.row(50)[10], 29.5F);
         QVERIFY(std::abs(around.row(40)[30] - 19.5F * std::numbers::sqrt2_v<float>) < 1e-4F);
-        QCOMPARE(fieldOf(Coverage(64 * 64, 0.0), size), FloatImage(64, 64, float(farAway)));
-        QCOMPARE(fieldOf(Coverage(64 * 64, 1.0), size), FloatImage(64, 64));
+        QCOMPARE(fieldOf(Coverage(cells, 0.0), size), FloatImage(64, 64, float(farAway)));
+        QCOMPARE(fieldOf(Coverage(cells, 1.0), size), FloatImage(64, 64));
         QVERIFY(fieldOf({}, {0, 5}).isNull());
     }
 

@@ -113,8 +113,9 @@ private Q_SLOTS:
             const Plain expected = results(pixelLoops().front(), before, source, weights, slopes);
             for (const PixelLoops &loops : pixelLoops())
                 QCOMPARE(results(loops, before, source, weights, slopes), expected);
-            for (int i = 0; i < width; ++i) {
-                QCOMPARE(expected.floats[2 * i + 1], float(before.row(0)[i].sy) / 256.0F);
+            for (qptrdiff i = 0; i < width; ++i) {
+                QCOMPARE(expected.floats[std::size_t(2 * i + 1)],
+                         float(before.row(0)[i].sy) / 256.0F);
                 QCOMPARE(expected.cells.row(0)[i].sx, stored(slopes.row(0)[2 * i]));
             }
         }

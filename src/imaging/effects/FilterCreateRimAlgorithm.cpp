@@ -122,9 +122,9 @@ AngleImage FilterCreateRimAlgorithm::compute(const RimParams &params)
     for (int y = 0; y < field.height(); ++y)
         profile.writeRow(field.row(y), heights.row(y), field.width());
     smoothen(heights, params.smoothness);
-    AngleImage surface = baseSurface(params.base, params.sprite);
-    addRelief(surface, heights, heights.rect().adjusted(margin, margin, -margin, -margin));
-    return surface;
+    AngleImage result = baseSurface(params.base, params.sprite);
+    addRelief(result, heights, heights.rect().adjusted(margin, margin, -margin, -margin));
+    return result;
 }
 
 const FloatImage &FilterCreateRimAlgorithm::distances(const RimParams &params)

@@ -29,13 +29,13 @@ FloatImage reliefOf(const QImage &pixels, int first, int count, double height)
 AngleImage FilterEmbossAlgorithm::compute(const EmbossParams &params)
 {
     const QImage pixels = plainPixels(params.sprite);
-    AngleImage surface = baseSurface(params.base, pixels);
+    AngleImage result = baseSurface(params.base, pixels);
     const double height = params.up ? params.height : -params.height;
     if (params.smoothness > 0) {
         FloatImage heights = reliefOf(pixels, 0, pixels.height(), height);
         smoothen(heights, params.smoothness);
-        addRelief(surface, heights, heights.rect());
-        return surface;
+        addRelief(result, heights, heights.rect());
+        return result;
     }
     // A few rows at a time, which stay in the processor's cache, with a neighbour above and below.
     constexpr int rows = 32;
@@ -45,7 +45,7 @@ AngleImage FilterEmbossAlgorithm::compute(const EmbossParams &params)
         const int end = std::min(y + rows + 1, pixels.height());
         const QRect band(0, y - first, pixels.width(), std::min(rows, pixels.height() - y));
         heightsToAngles(reliefOf(pixels, first, end - first, height), slopes, band);
-        addSlopes(surface, {}, {0, y}, slopes);
+        addSlopes(result, {}, {0, y}, slopes);
     }
-    return surface;
+    return result;
 }

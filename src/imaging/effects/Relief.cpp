@@ -13,7 +13,7 @@ AngleImage baseSurface(const AngleImage &base, const QImage &sprite)
     return base.isNull() ? AngleImage(sprite.width(), sprite.height()) : base;
 }
 
-void addRelief(AngleImage &surface, const FloatImage &heights, const QRect &part)
+void addRelief(AngleImage &target, const FloatImage &heights, const QRect &part)
 {
     // The slopes of a few rows at a time stay in the processor's cache.
     constexpr int rows = 32;
@@ -21,6 +21,6 @@ void addRelief(AngleImage &surface, const FloatImage &heights, const QRect &part
     for (int y = 0; y < part.height(); y += rows) {
         const QRect band = QRect(part.left(), part.top() + y, part.width(), rows).intersected(part);
         heightsToAngles(heights, slopes, band);
-        addSlopes(surface, {}, {0, y}, slopes);
+        addSlopes(target, {}, {0, y}, slopes);
     }
 }

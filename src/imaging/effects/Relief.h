@@ -14,6 +14,6 @@ QImage plainPixels(const QImage &sprite);
 /// The surface that an effect on @p sprite adds to: @p base, or a flat one of the sprite's size.
 AngleImage baseSurface(const AngleImage &base, const QImage &sprite);
 
-/// Adds the slopes of the heights inside @p part to @p surface, from its top left on. Borders
+/// Adds the slopes of the heights inside @p part to @p target, from its top left on. Borders
 /// repeat only where the heights themselves end.
-void addRelief(AngleImage &surface, const FloatImage &heights, const QRect &part);
+void addRelief(AngleImage &target, const FloatImage &heights, const QRect &part);

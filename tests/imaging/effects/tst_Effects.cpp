@@ -123,8 +123,8 @@ bool isNegated(const AngleImage &a, const AngleImage &b)
     const auto isOpposite = [](const AngleImage::Pixel &p, const AngleImage::Pixel &q) {
         return p.sx == -q.sx && p.sy == -q.sy;
     };
-    return a.size() == b.size() &&
-           std::equal(a.row(0), a.row(0) + a.width() * a.height(), b.row(0), isOpposite);
+    const qptrdiff count = qptrdiff(a.width()) * a.height();
+    return a.size() == b.size() && std::equal(a.row(0), a.row(0) + count, b.row(0), isOpposite);
 }
 
 } // namespace
