@@ -30,7 +30,7 @@ const bool row = addRatio("export, 100 sprites of 256x256 / PNG encoding", 1 / 0
                            QBuffer buffer;
                            buffer.open(QIODevice::WriteOnly);
                            QImageWriter writer(&buffer, QByteArrayLiteral("png"));
-                           writer.setQuality(NormalMapExport::pngQuality);
+                           writer.setQuality(normalMapPngQuality);
                            writer.write(map);
                        }
                    }};

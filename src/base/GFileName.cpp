@@ -23,10 +23,9 @@ QString GFileName::canonicalPath() const
     QString canonical = QFileInfo(m_path).canonicalFilePath();
     if (!canonical.isEmpty() || m_path.isEmpty())
         return canonical;
-    // The file is still to be made: its folder may stand behind a link all the same.
-    const QFileInfo folder(QFileInfo(m_path).path());
-    const QString canonicalFolder = folder.canonicalFilePath();
-    return canonicalFolder.isEmpty() ? m_path : QDir(canonicalFolder).filePath(fileName());
+    // The file is still to be made, perhaps with folders: what is there may stand behind a link.
+    const GFileName folder(QFileInfo(m_path).path());
+    return QDir(folder.canonicalPath()).filePath(fileName());
 }
 
 QString GFileName::canonicalFolder() const

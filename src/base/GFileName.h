@@ -17,7 +17,7 @@ public:
     const QString &path() const { return m_path; }
     /// The file's name without its folders.
     QString fileName() const;
-    /// The path without links where the file exists, else the path itself: equal for equal files.
+    /// The path without links, as far as files and folders exist: equal for equal files.
     QString canonicalPath() const;
     /// The folder of the file itself, behind all links: what relative paths in it count from.
     QString canonicalFolder() const;

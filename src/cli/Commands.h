@@ -2,6 +2,7 @@
 
 #include "cli/Console.h"
 
+#include <QMap>
 #include <QString>
 #include <QStringList>
 
@@ -54,6 +55,30 @@ struct InfoOptions
     bool json = false;
 };
 
+/// For commands that change the surfaces in a project.
+struct SurfaceOptions
+{
+    QString project;
+    QString outputProject;
+    QStringList bodies;            ///< none for all
+    QMap<QString, QString> values; ///< as they were typed, under their options' names
+    bool isDown = false;
+    bool isTile = false;
+};
+
+struct GenerateOptions
+{
+    QStringList sprites;
+    std::optional<QString> bevel; ///< each the option's values with commas between them
+    std::optional<QString> emboss;
+    std::optional<QString> structure;
+    bool isDown = false;
+    bool isTile = false;
+    QString output;
+    QString suffix;
+    int jobs = 0; ///< 0 for one a processor
+};
+
 ExitCode runCreate(const CreateOptions &options, Console &console);
 ExitCode runAdd(const ChangeOptions &options, Console &console);
 ExitCode runRemove(const ChangeOptions &options, Console &console);
@@ -64,3 +89,11 @@ ExitCode runExport(const ExportOptions &options, Console &console);
 ExitCode runInfo(const InfoOptions &options, Console &console);
 /// Names every body with trouble.
 ExitCode runCheck(const QStringList &projects, Console &console);
+ExitCode runBevel(const SurfaceOptions &options, Console &console);
+ExitCode runEmboss(const SurfaceOptions &options, Console &console);
+ExitCode runSmooth(const SurfaceOptions &options, Console &console);
+ExitCode runStructure(const SurfaceOptions &options, Console &console);
+ExitCode runErase(const SurfaceOptions &options, Console &console);
+ExitCode runFill(const SurfaceOptions &options, Console &console);
+ExitCode runGenerate(const GenerateOptions &options, Console &console);
+ExitCode runPatterns(bool json, Console &console);

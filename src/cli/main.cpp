@@ -1,6 +1,10 @@
+#include "base/ApplicationName.h"
 #include "base/GLogger.h"
 #include "base/Resources.h"
 #include "cli/Commands.h"
+#include "cli/SurfaceCommandLine.h"
+#include "cli/Words.h"
+#include "imaging/LibraryThreads.h"
 
 #include <QCoreApplication>
 
@@ -11,29 +15,6 @@
 #include <langinfo.h>
 
 namespace {
-// The parser takes a word in brackets for a list of its own; here it is a name. Marked so, it
-// passes.
-constexpr char nameMark = '\x01';
-
-std::string marked(const std::string &word)
-{
-    return !word.empty() && word.front() == '[' ? nameMark + word : word;
-}
-
-QString text(const std::string &bytes)
-{
-    const bool isMarked = !bytes.empty() && bytes.front() == nameMark;
-    return QString::fromStdString(isMarked ? bytes.substr(1) : bytes);
-}
-
-QStringList texts(const std::vector<std::string> &all)
-{
-    QStringList result;
-    for (const auto &bytes : all)
-        result.append(text(bytes));
-    return result;
-}
-
 // Pipelines often run in the C locale, in which the toolkit can't name a file with an umlaut.
 void useUtf8()
 {
@@ -59,6 +40,7 @@ public:
         addChanges();
         addRepair();
         addImport();
+        m_surfaces.addTo(m_app);
         addReports();
         addExport();
     }
@@ -182,7 +164,7 @@ private:
                     {text(m_project), text(m_outputProject), text(m_body), text(m_image)}, console);
             };
         });
-    } // namespace
+    }
 
     void addReports()
     {
@@ -229,6 +211,7 @@ private:
 
     CLI::App m_app{"Gives sprites a surface and writes their normal maps.", "vesperine-cli"};
     std::function<ExitCode(Console &)> m_command;
+    SurfaceCommandLine m_surfaces{m_command};
     int m_verbosity = 0;
     bool m_quiet = false;
     std::string m_project;
@@ -254,10 +237,14 @@ int main(int argc, char **argv)
     const QCoreApplication application(argc, argv);
     GLogger::install();
     initialiseResources();
+    nameApplication();
+    forbidLibraryThreads();
     try {
         return CommandLine().run(argc, argv);
     } catch (const std::bad_alloc &) {
         Console(false).complain(QStringLiteral("There is not enough memory"));
-        return int(ExitCode::Failed);
+    } catch (const std::exception &error) {
+        Console(false).complain(QString::fromLocal8Bit(error.what()));
     }
+    return int(ExitCode::Failed);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/GFileName.h"
+#include "model/NormalMapFile.h"
 
 #include <QSet>
 #include <QString>
@@ -15,12 +16,6 @@ class Project;
 /// Where the normal maps of an export go, and what happens when one fails.
 struct NormalMapExport
 {
-    /// Of the PNG writer. Measured on the sample project's maps and one of 1024×1024 with grain,
-    /// against the writer's default: 50 gives the same size in 0.4 of the time, 60 a tenth more
-    /// bytes in 0.3, 80 14 % more in 0.2, 90 and above twice as many; 20 and below gain half a
-    /// percent in twice the time.
-    static constexpr int pngQuality = 50;
-
     GFileName directory; ///< beside each sprite when empty
     QString suffix;
     bool goesOn = false; ///< after a body that fails, else the first failure ends the export
@@ -33,13 +28,6 @@ struct NormalMapExport
     std::function<bool(int done)> progress;
 };
 
-/// What an export leaves behind.
-struct NormalMapExportResult
-{
-    QStringList failures; ///< a message each, in list order
-    bool cancelled = false;
-};
-
 /// The sprites of a project, without links: no normal map may take their place.
 QSet<QString> spritePaths(const Project &project);
 
@@ -50,9 +38,9 @@ QString normalMapPath(const Body &body, const NormalMapExport &settings);
 /// Maps are computed and encoded side by side on the global thread pool, a few at a time; files
 /// appear in list order, each whole. Throws Error, before anything is written, when two maps would
 /// go to one file or one to a sprite of @p project.
-NormalMapExportResult exportNormalMaps(const Project &project,
-                                       const QVector<Body *> &bodies,
-                                       const NormalMapExport &settings);
+NormalMapResult exportNormalMaps(const Project &project,
+                                 const QVector<Body *> &bodies,
+                                 const NormalMapExport &settings);
 
 /// Writes @p image to @p path in the format that the extension names, in one move. False when that
 /// fails; an older file is then untouched.

@@ -29,7 +29,7 @@ private Q_SLOTS:
 };
 
 namespace {
-NormalMapExportResult exportAll(const Project &project, const NormalMapExport &settings)
+NormalMapResult exportAll(const Project &project, const NormalMapExport &settings)
 {
     return exportNormalMaps(project, project.bodies().all(), settings);
 }

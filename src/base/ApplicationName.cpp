@@ -1,0 +1,9 @@
+#include "base/ApplicationName.h"
+
+#include <QCoreApplication>
+
+void nameApplication()
+{
+    QCoreApplication::setOrganizationName(QStringLiteral("Vesperine"));
+    QCoreApplication::setApplicationName(QStringLiteral("Vesperine"));
+}

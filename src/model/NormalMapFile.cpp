@@ -1,0 +1,148 @@
+#include "model/NormalMapFile.h"
+
+#include "base/Error.h"
+#include "base/GFileName.h"
+#include "imaging/NormalEncoding.h"
+#include "imaging/PoolTask.h"
+#include "model/SaveDevice.h"
+
+#include <QBuffer>
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QImageWriter>
+
+#include <deque>
+
+namespace {
+QString tr(const char *text)
+{
+    return QCoreApplication::translate("NormalMapExport", text);
+}
+
+// In the PNG's text, which picture editors keep or drop but never make up.
+QString markKey()
+{
+    return QStringLiteral("Vesperine");
+}
+
+QString markText()
+{
+    return QStringLiteral("normal map");
+}
+
+// An empty text, or why the map was not written.
+QString writeMap(const QString &path, const EncodedNormalMap &map)
+{
+    if (!map.failure.isEmpty())
+        return map.failure;
+    const QString folder = QFileInfo(path).path();
+    if (!QDir().mkpath(folder))
+        return tr(QT_TRANSLATE_NOOP("NormalMapExport", "Cannot create directory '%1'")).arg(folder);
+    SaveDevice device(path, SaveDevice::Sync::Later);
+    const bool done = !map.png.isEmpty() && device.open(QIODevice::WriteOnly) &&
+                      device.write(map.png) == map.png.size() && device.commit();
+    return done ? QString() : normalMapFailure(path);
+}
+
+// Makes maps a few ahead of the one that is asked for.
+class NormalMapQueue
+{
+public:
+    explicit NormalMapQueue(const NormalMapFiles &files)
+        : m_files(files)
+    {
+        const int processors = QThreadPool::globalInstance()->maxThreadCount();
+        // One more than is worked on waits, so that no processor idles while a file is written.
+        m_ahead = std::size_t(files.jobs > 0 ? files.jobs : processors) + 1;
+    }
+
+    EncodedNormalMap next()
+    {
+        for (; m_tasks.size() < m_ahead && m_started < m_files.paths.size(); ++m_started)
+            m_tasks.emplace_back(m_files.work(m_started));
+        auto task = std::move(m_tasks.front());
+        m_tasks.pop_front();
+        return task.take();
+    }
+
+private:
+    const NormalMapFiles &m_files;
+    std::size_t m_ahead;
+    int m_started = 0;
+    std::deque<PoolTask<EncodedNormalMap>> m_tasks;
+};
+} // namespace
+
+QByteArray encodedNormalMap(const AngleImage &surface, const QImage &sprite)
+{
+    QImage normalMap = flatNormalMap(surface.size());
+    toNormalMap(surface, normalMap);
+    flattenTransparent(sprite, normalMap);
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    QImageWriter writer(&buffer, QByteArrayLiteral("png"));
+    writer.setQuality(normalMapPngQuality);
+    writer.setText(markKey(), markText());
+    return writer.write(normalMap) ? buffer.data() : QByteArray();
+}
+
+bool isNormalMap(const QImage &image)
+{
+    return image.text(markKey()) == markText();
+}
+
+bool isNormalMapFile(const QString &path)
+{
+    // The writer puts its text before the pixels.
+    constexpr int start = 1024;
+    const QByteArray mark = "tEXt" + markKey().toLatin1() + '\0' + markText().toLatin1();
+    QFile file(path);
+    return QFileInfo(path).isFile() && file.open(QIODevice::ReadOnly) &&
+           file.read(start).contains(mark);
+}
+
+NormalMapResult writeNormalMaps(const NormalMapFiles &files)
+{
+    NormalMapResult result;
+    QSet<QString> folders;
+    NormalMapQueue queue(files);
+    for (int i = 0; i < files.paths.size() && !result.cancelled; ++i) {
+        const QString &path = files.paths[i];
+        const EncodedNormalMap map = queue.next();
+        if (!map.skipped.isEmpty()) {
+            if (files.skipped)
+                files.skipped(map.skipped);
+        } else if (const QString failure = writeMap(path, map); failure.isEmpty()) {
+            folders.insert(QFileInfo(path).path());
+            if (files.written)
+                files.written(path);
+        } else {
+            result.failures.append(failure);
+            if (!files.goesOn)
+                break;
+        }
+        result.cancelled = files.progress && !files.progress(i + 1);
+    }
+    if (!syncFolders(folders.values()))
+        result.failures.append(normalMapFailure(folders.values().join(QStringLiteral(", "))));
+    return result;
+}
+
+QString normalMapFailure(const QString &path)
+{
+    return tr(QT_TRANSLATE_NOOP("NormalMapExport", "Failed to save normal map '%1'")).arg(path);
+}
+
+void refuseClashes(const QStringList &paths, QSet<QString> taken)
+{
+    for (const QString &path : paths) {
+        if (path.isEmpty())
+            continue;
+        const QString canonical = GFileName(path).canonicalPath();
+        if (taken.contains(canonical))
+            throw Error(normalMapFailure(path));
+        taken.insert(canonical);
+    }
+}
