@@ -1,12 +1,33 @@
 #include "cli/Words.h"
 
+#include <algorithm>
+
 namespace {
 constexpr char nameMark = '\x01';
-}
 
-std::string marked(const std::string &word)
+bool isOptionWithoutValue(const std::string &word)
 {
-    return !word.empty() && word.front() == '[' ? nameMark + word : word;
+    return word.rfind("--", 0) == 0 && word.find('=') == word.size() - 1;
+}
+} // namespace
+
+std::vector<std::string> parserWords(int argc, char **argv)
+{
+    std::vector<std::string> words;
+    bool hasOptions = true;
+    for (int i = 1; i < argc; ++i) {
+        const std::string word = argv[i];
+        hasOptions = hasOptions && word != "--";
+        if (hasOptions && isOptionWithoutValue(word)) {
+            // The parser would take the next word for the value, be it an option.
+            words.push_back(word.substr(0, word.size() - 1));
+            words.emplace_back();
+        } else {
+            words.push_back(!word.empty() && word.front() == '[' ? nameMark + word : word);
+        }
+    }
+    std::reverse(words.begin(), words.end());
+    return words;
 }
 
 QString text(const std::string &word)

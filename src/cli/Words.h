@@ -7,7 +7,9 @@
 
 // The parser takes a word in brackets for a list of its own; here it is a name. Marked, it passes.
 
-std::string marked(const std::string &word);
+/// The words of a command line but the program's name, as the parser expects them: marked, and from
+/// the last to the first.
+std::vector<std::string> parserWords(int argc, char **argv);
 
 /// The text of a word that may be marked.
 QString text(const std::string &word);

@@ -48,11 +48,7 @@ public:
     int run(int argc, char **argv)
     {
         try {
-            // Expected from the last to the first.
-            std::vector<std::string> words;
-            for (int i = argc - 1; i > 0; --i)
-                words.push_back(marked(argv[i]));
-            m_app.parse(std::move(words));
+            m_app.parse(parserWords(argc, argv));
         } catch (const CLI::Success &success) {
             return m_app.exit(success);
         } catch (const CLI::ParseError &error) {
