@@ -1,4 +1,5 @@
 #include "support/Documents.h"
+#include "support/Program.h"
 
 #include <QDir>
 #include <QFile>
@@ -50,21 +51,18 @@ private:
     Folder m_folder;
     QString m_output;
     QString m_words;
-    QProcessEnvironment m_environment = QProcessEnvironment::systemEnvironment();
+    QProcessEnvironment m_environment; // beside the test's own
 };
 
 int TestCommandLine::run(const char *line)
 {
-    QProcess process;
-    process.setProcessEnvironment(m_environment);
-    process.setWorkingDirectory(path(""));
-    process.start(QStringLiteral(CLI_PROGRAM),
-                  QString::fromUtf8(line).split(QLatin1Char(' '), Qt::SkipEmptyParts));
-    if (!process.waitForFinished(60000) || process.exitStatus() != QProcess::NormalExit)
-        return -1;
-    m_output = QString::fromUtf8(process.readAllStandardOutput());
-    m_words = QString::fromUtf8(process.readAllStandardError());
-    return process.exitCode();
+    Program program(QStringLiteral(CLI_PROGRAM), path(""));
+    for (const QString &key : m_environment.keys())
+        program.environment.insert(key, m_environment.value(key));
+    const int code = program.run(line);
+    m_output = program.output;
+    m_words = program.words;
+    return code;
 }
 
 QJsonObject TestCommandLine::info(const char *project)

@@ -1,0 +1,23 @@
+#include "support/Program.h"
+
+#include <QProcess>
+
+Program::Program(const QString &path, const QString &folder)
+    : m_path(path)
+    , m_folder(folder)
+{
+    environment.insert(QStringLiteral("XDG_CONFIG_HOME"), folder + QStringLiteral("/config"));
+}
+
+int Program::run(const char *line)
+{
+    QProcess process;
+    process.setProcessEnvironment(environment);
+    process.setWorkingDirectory(m_folder);
+    process.start(m_path, QString::fromUtf8(line).split(QLatin1Char(' '), Qt::SkipEmptyParts));
+    if (!process.waitForFinished(60000) || process.exitStatus() != QProcess::NormalExit)
+        return -1;
+    output = QString::fromUtf8(process.readAllStandardOutput());
+    words = QString::fromUtf8(process.readAllStandardError());
+    return process.exitCode();
+}
