@@ -174,25 +174,27 @@ private:
         };
         for (const QString &file : found.skipped) {
             if (isResult(file))
-                passOver(file);
+                ++m_inOutput;
             else
                 m_console.tell(
                     QStringLiteral("Skipped '%1': it is the normal map of another sprite")
                         .arg(file));
+            protect(file);
         }
         for (const QString &file : found.files) {
-            if (isResult(file))
-                passOver(file);
-            else
+            if (isResult(file)) {
+                ++m_inOutput;
+                protect(file);
+            } else {
                 add({file, false}, QFileInfo(folder.relativeFilePath(file)).path());
+            }
         }
     }
 
-    // The output folder lies in a folder of sprites. A picture in it that was not written here may
-    // be somebody's work all the same.
-    void passOver(const QString &file)
+    // A picture that is no source for its name or place. When it was not written here, it may be
+    // somebody's work all the same: "_n" can stand for north.
+    void protect(const QString &file)
     {
-        ++m_inOutput;
         if (!isNormalMapFile(file))
             m_protected.insert(GFileName(file).canonicalPath());
     }

@@ -11,8 +11,8 @@ namespace CLI {
 class App;
 }
 
-/// The commands that give sprites a surface, with the places that the parser writes to. Outlives
-/// the parser.
+/// The commands that give sprites a surface, with the places that the parser writes to. Owned
+/// by whoever parses.
 class SurfaceCommandLine
 {
 public:

@@ -301,8 +301,10 @@ void TestEffectCommands::sourcesAreSafe_data()
     all(1, "s --output s --suffix=|s --output link --suffix=|link --output s --suffix=");
     all(1, "s --output @/s --suffix=|@/s --output s/../s --suffix=|s/a.png --output s --suffix=");
     all(1, "s/t/b.png s --output link/t --suffix=|s s/t/b.png --output absent/../s/t --suffix=");
-    // Somebody's picture in the output folder, and two maps of one name.
-    all(1, "s --output s/u --suffix=|s/a.png s/u/a.png --output out|s s/u --output out");
+    // Somebody's pictures that are no sources, and two maps of one name.
+    all(1,
+        "s --output s --suffix _north|s --output s/u --suffix=|s/a.png s/u/a.png --output out|s "
+        "s/u --output out");
     all(0, "s s/a.png s --output out --suffix=|s --output link/new/deep|s --output s/t");
 }
 
@@ -310,6 +312,7 @@ void TestEffectCommands::sourcesAreSafe()
 {
     QFETCH(int, code);
     writeNoise("s/u/a.png", {5, 5});
+    writeNoise("s/u/a_north.png", {5, 5});
     QVERIFY(QFile::link(path("s"), path("link")));
     const auto before = files();
     const QByteArray line = QByteArray("generate --bevel 3 ") + QTest::currentDataTag();
