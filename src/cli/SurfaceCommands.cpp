@@ -67,6 +67,7 @@ void changeSurfaces(const QVector<Body *> &bodies, const SurfaceChange &change, 
         const AngleImage surface = tasks.front().take();
         tasks.pop_front();
         bodies[i]->paintedNormalMap().setAngleImage(surface, change.undoText);
+        bodies[i]->paintedNormalMap().dataFile(); // made anew, which lets go of the loaded one
         console.showProgress(i + 1, bodies.size());
     }
 }
