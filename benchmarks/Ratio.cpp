@@ -49,10 +49,34 @@ void measure(benchmark::State &state, double goal, const std::function<Contest()
     state.counters["milliseconds"] = 1000.0 * median(times);
 }
 
+void spend(benchmark::State &state,
+           double budget,
+           const std::function<std::function<double()>()> &prepare)
+{
+    constexpr int rounds = 5;
+    const auto measured = prepare();
+    std::vector<double> values;
+    for ([[maybe_unused]] auto once : state) {
+        for (int round = 0; round < rounds; ++round)
+            values.push_back(measured());
+    }
+    state.counters["milliseconds"] = median(values);
+    state.counters["ratio"] = budget / median(values);
+    state.counters["goal"] = 1.0;
+}
+
 } // namespace
 
 bool addRatio(const std::string &name, double goal, const std::function<Contest()> &prepare)
 {
     benchmark::RegisterBenchmark(name.c_str(), measure, goal, prepare)->Iterations(1);
+    return true;
+}
+
+bool addBudget(const std::string &name,
+               double budget,
+               const std::function<std::function<double()>()> &prepare)
+{
+    benchmark::RegisterBenchmark(name.c_str(), spend, budget, prepare)->Iterations(1);
     return true;
 }

@@ -18,3 +18,9 @@ struct Contest
 /// of the rounds' ratios: a machine that slows down for a while slows both. Returns true, for a
 /// constant at file level: const bool row = addRatio("...", 2.0, [] { return Contest{...}; });
 bool addRatio(const std::string &name, double goal, const std::function<Contest()> &prepare);
+
+/// Adds a row for what has an absolute limit: the share of @p budget to the median of some
+/// measurements, which shall be 1 or more. @p prepare makes what measures, in the budget's unit.
+bool addBudget(const std::string &name,
+               double budget,
+               const std::function<std::function<double()>()> &prepare);
