@@ -86,7 +86,9 @@ QPoint globePixel(const QPointF &position, int globeSize)
 {
     const int centre = globeSize / 2;
     const int last = std::max(globeSize - 1, 0);
-    const auto pixel = [=](double offset) { return std::clamp(qRound(offset + centre), 0, last); };
+    const auto pixel = [=](double offset) {
+        return qRound(std::clamp(offset + centre, 0.0, double(last)));
+    };
     return {pixel(position.x()), pixel(position.y())};
 }
 

@@ -19,7 +19,9 @@ public:
     paintRowMin(const Capsule2D &segment, int x, int y, float *cells, int count) const override;
 
 private:
-    CircularProfile m_profile;
+    CircularProfile profile() const;
+
+    CircularProfile m_derived;
     float m_outerSquared = 0.0F;
     float m_coreSquared = 0.0F;
 };

@@ -5,7 +5,7 @@
 struct Capsule2D;
 
 /// The shape of a brush: a value for each distance from a stroke's centre line. Call update() after
-/// a change of the public values.
+/// a change of size or softness.
 class FloatBrush
 {
 public:
@@ -14,7 +14,7 @@ public:
     virtual float value(float distance) const = 0;
     /// The value at an offset from the brush's centre, in pixels.
     virtual float value(float dx, float dy) const = 0;
-    /// Derives what depends on the values below.
+    /// Derives what depends on size and softness.
     virtual void update() {}
 
     /// The brush's diameter in pixels, −1 until it is set: circular brushes take their radius from
@@ -31,6 +31,9 @@ protected:
 class FloatBrushFunc : public FloatBrush
 {
 public:
+    float value(float distance) const override = 0;
+    float value(float dx, float dy) const override = 0;
+    void update() override = 0;
     /// What the button of this contour shows.
     virtual QIcon icon() const = 0;
 

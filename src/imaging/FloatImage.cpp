@@ -2,9 +2,12 @@
 
 #include "imaging/AngleImage.h"
 
+#include <algorithm>
+
 FloatImage::FloatImage(int width, int height, float fill)
 {
-    if (!AngleImage::isPossibleSize(width, height))
+    if (width < 0 || height < 0 ||
+        !AngleImage::isPossibleSize(std::max(0, width - 2), std::max(0, height - 2)))
         return;
     m_width = width;
     m_height = height;

@@ -12,8 +12,8 @@ class FloatImage
 {
 public:
     FloatImage() = default;
-    /// width × height cells that all hold @p fill. The limits of AngleImage hold; anything else
-    /// gives a null image.
+    /// width × height cells that all hold @p fill. The limits of AngleImage hold, with room for a
+    /// margin of one cell on every side; anything else gives a null image.
     FloatImage(int width, int height, float fill = 0.0F);
 
     int width() const { return m_width; }

@@ -2,6 +2,8 @@
 
 #include "imaging/Clipping.h"
 
+#include <utility>
+
 QRect FloatPainter::paste(const QPoint &position, const FloatImage &source, const QRect &sourceRect)
 {
     const auto [area, shift] =
@@ -26,7 +28,7 @@ template <class ValueAt>
 void FloatPainter::mix(const QRect &area, ValueAt valueAt)
 {
     for (int y = area.top(); y <= area.bottom(); ++y) {
-        const float *weights = m_mask.isNull() ? nullptr : m_mask.row(y);
+        const float *weights = m_mask.isNull() ? nullptr : std::as_const(m_mask).row(y);
         float *cells = m_target.row(y);
         for (int x = area.left(); x <= area.right(); ++x) {
             if (!weights)

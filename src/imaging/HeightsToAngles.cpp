@@ -61,7 +61,7 @@ void fetch(const Cell *cells, int count)
 QRect heightsToAngles(const FloatImage &heights, AngleImage &surface, const QRect &rect)
 {
     const QRect area = rect.isNull() ? heights.rect() : clipped(rect, heights.rect());
-    if (area.isEmpty())
+    if (area.isEmpty() || !AngleImage::isPossibleSize(area.width(), area.height()))
         return {};
     if (surface.size() != area.size())
         surface = AngleImage(area.width(), area.height());

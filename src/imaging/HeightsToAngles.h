@@ -9,5 +9,6 @@
 ///
 /// @p surface becomes the slopes of @p rect alone, clipped to the field, in that rectangle's size;
 /// the empty rectangle means the whole field. Neighbours come from the whole field; only its own
-/// borders repeat. Returns the clipped rectangle; when nothing is left of it, nothing changes.
+/// borders repeat. Returns the clipped rectangle; when nothing is left of it, or more than a
+/// surface can hold, nothing changes.
 QRect heightsToAngles(const FloatImage &heights, AngleImage &surface, const QRect &rect = {});

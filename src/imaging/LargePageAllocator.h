@@ -1,14 +1,14 @@
 #pragma once
 
-#include <cstdlib>
+#include <cstddef>
 #include <new>
 
 #ifdef __linux__
 #include <sys/mman.h>
 #endif
 
-/// Asks the system for large pages where there is much to store: the first touch of small ones
-/// costs as much as simple work on what they hold.
+/// The allocator of containers that ask the system for large pages where there is much to store:
+/// the first touch of small ones costs as much as simple work on what they hold.
 template <class T>
 class LargePageAllocator
 {
@@ -24,27 +24,33 @@ public:
 
     T *allocate(std::size_t count)
     {
-        constexpr std::size_t page = std::size_t(2) << 20U;
-        const std::size_t bytes = count * sizeof(T);
-        const bool isLarge = bytes >= 2 * page;
-        const std::size_t rounded = isLarge ? (bytes + page - 1) / page * page : bytes;
-        void *memory = isLarge ? std::aligned_alloc(page, rounded) : std::malloc(rounded);
-        if (!memory)
-            throw std::bad_alloc();
+        if (!isLarge(count))
+            return static_cast<T *>(::operator new(count * sizeof(T)));
+        void *memory = ::operator new(count * sizeof(T), std::align_val_t(page));
 #ifdef __linux__
-        if (isLarge)
-            madvise(memory, rounded, MADV_HUGEPAGE); // a refusal costs only time
+        madvise(memory, count * sizeof(T), MADV_HUGEPAGE); // a refusal costs only time
 #endif
         return static_cast<T *>(memory);
     }
 
-    void deallocate(T *memory, std::size_t /*count*/)
+    void deallocate(T *memory, std::size_t count)
     {
-        std::free(memory);
+        if (isLarge(count))
+            ::operator delete(memory, std::align_val_t(page));
+        else
+            ::operator delete(memory);
     }
 
     bool operator==(const LargePageAllocator &) const
     {
         return true;
+    }
+
+private:
+    static constexpr std::size_t page = std::size_t(2) << 20U;
+
+    static bool isLarge(std::size_t count)
+    {
+        return count * sizeof(T) >= 2 * page;
     }
 };

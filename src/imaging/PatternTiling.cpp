@@ -74,7 +74,7 @@ QImage paintedInBlocks(const PatternPlane &plane, const Placing &placing, int si
 QImage tiledPattern(
     const QImage &pattern, double scale, double rotation, const QSize &size, qint64 pixelLimit)
 {
-    if (pattern.isNull() || size.isEmpty() ||
+    if (pattern.isNull() || size.isEmpty() || !std::isfinite(scale) || !std::isfinite(rotation) ||
         !AngleImage::isPossibleSize(size.width(), size.height()))
         return {};
     const Placing placing(std::fmod(rotation, 360.0), size);

@@ -169,10 +169,11 @@ VESPERINE_INLINE void ownEdgesOfRow(
 {
     constexpr double side = std::numbers::sqrt2;
     for (int i = 0; i < count; ++i) {
-        const double gx = above[i + 1] + side * middle[i + 1] + below[i + 1] - above[i - 1] -
-                          side * middle[i - 1] - below[i - 1];
-        const double gy = below[i - 1] + side * below[i] + below[i + 1] - above[i - 1] -
-                          side * above[i] - above[i + 1];
+        // In pairs, so that what is even has no gradient, not one of rounding.
+        const double gx = (above[i + 1] - above[i - 1]) + side * (middle[i + 1] - middle[i - 1]) +
+                          (below[i + 1] - below[i - 1]);
+        const double gy = (below[i - 1] - above[i - 1]) + side * (below[i] - above[i]) +
+                          (below[i + 1] - above[i + 1]);
         const double distance = edgeDistance(gx, gy, middle[i]);
         distances[i] = middle[i] > 0.0 && middle[i] < 1.0 ? distance : distances[i];
     }

@@ -1,6 +1,8 @@
 #include "imaging/SelectionMasks.h"
 
+#include "imaging/Clipping.h"
 #include "imaging/FloatPainter.h"
+#include "imaging/PixelBlocks.h"
 
 #include <QImage>
 #include <QPainter>
@@ -27,15 +29,35 @@ FloatImage mixed(const FloatImage &a, const FloatImage &b, float (*weight)(float
     return result;
 }
 
-// Weight 1 for each pixel that is not black.
-FloatImage coverage(const QImage &image)
+QImage paintedPolygon(const QPolygon &polygon, const QRect &area)
 {
-    FloatImage mask(image.width(), image.height());
-    for (int y = 0; y < mask.height(); ++y) {
-        const auto *pixels = reinterpret_cast<const QRgb *>(image.constScanLine(y));
-        const auto weight = [](QRgb pixel) { return (pixel & RGB_MASK) != 0 ? 1.0F : 0.0F; };
-        std::transform(pixels, pixels + mask.width(), mask.row(y), weight);
-    }
+    QImage image(area.size(), QImage::Format_RGB32);
+    image.fill(Qt::black);
+    QPainter painter(&image);
+    // A pen would cover the pixels beside the edge too.
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(Qt::white);
+    painter.translate(-area.topLeft());
+    painter.drawPolygon(polygon, Qt::OddEvenFill);
+    return image;
+}
+
+// Weight 1 for each pixel that the polygon covers.
+FloatImage coverage(const QPolygon &polygon, const QSize &size)
+{
+    FloatImage mask(size.width(), size.height());
+    // In blocks, since the painter reaches neither far columns nor far rows.
+    constexpr int side = 4096;
+    const QRect touched = clipped(polygon.boundingRect(), mask.rect());
+    forEachBlock(touched, {side, side}, [&](const QRect &block) {
+        const QImage image = paintedPolygon(polygon, block);
+        for (int y = 0; y < block.height(); ++y) {
+            const auto *pixels = reinterpret_cast<const QRgb *>(image.constScanLine(y));
+            const auto weight = [](QRgb pixel) { return (pixel & RGB_MASK) != 0 ? 1.0F : 0.0F; };
+            std::transform(
+                pixels, pixels + block.width(), mask.row(block.top() + y) + block.left(), weight);
+        }
+    });
     return mask;
 }
 
@@ -56,17 +78,27 @@ FloatImage fullSelection(const QSize &size)
     return {size.width(), size.height(), 1.0F};
 }
 
+QImage fillColors(const QImage &texture)
+{
+    if (texture.format() == QImage::Format_RGB888)
+        return texture;
+    // As they are stored, also below alpha; the fill refuses a fourth channel.
+    return texture.convertToFormat(QImage::Format_ARGB32).convertToFormat(QImage::Format_RGB888);
+}
+
 FloatImage colorFill(const QImage &texture, const QPoint &seed, int tolerance)
 {
     FloatImage selection(texture.width(), texture.height());
     if (!selection.rect().contains(seed))
         return {};
-    // Colours as they are stored, also below alpha; the fill refuses a fourth channel.
-    QImage colors = texture.convertToFormat(QImage::Format_ARGB32);
-    colors = std::move(colors).convertToFormat(QImage::Format_RGB888);
-    cv::Mat pixels(
-        colors.height(), colors.width(), CV_8UC3, colors.bits(), size_t(colors.bytesPerLine()));
-    cv::Mat filled = cv::Mat::zeros(pixels.rows + 2, pixels.cols + 2, CV_8UC1);
+    const QImage colors = fillColors(texture);
+    // Only the mask is written.
+    cv::Mat pixels(colors.height(),
+                   colors.width(),
+                   CV_8UC3,
+                   const_cast<uchar *>(colors.constBits()),
+                   size_t(colors.bytesPerLine()));
+    cv::Mat filled(pixels.rows + 2, pixels.cols + 2, CV_8UC1, cv::Scalar(0));
     constexpr int connectivity = 4;
     constexpr int mark = 1 << 8;
     cv::floodFill(pixels,
@@ -102,21 +134,12 @@ FloatImage combinedWithPolygon(const FloatImage &selection,
                                const QSize &size,
                                bool subtract)
 {
-    QImage image(size, QImage::Format_RGB32);
     FloatImage result =
         selection.size() == size ? selection : FloatImage(size.width(), size.height());
-    if (image.isNull() || result.isNull())
+    if (result.isNull())
         return {};
-    image.fill(Qt::black);
-    QPainter painter(&image);
-    // A pen would cover the pixels beside the edge too.
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(Qt::white);
-    painter.drawPolygon(polygon, Qt::OddEvenFill);
-    painter.end();
-
     FloatPainter weights(result);
-    weights.setMask(coverage(image));
+    weights.setMask(coverage(polygon, size));
     weights.fill(subtract ? 0.0F : 1.0F);
     return withoutEmpty(result);
 }

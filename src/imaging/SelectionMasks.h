@@ -22,6 +22,10 @@ FloatImage withoutEmpty(const FloatImage &selection);
 /// Each pixel with weight 1.
 FloatImage fullSelection(const QSize &size);
 
+/// The colours of @p texture as colorFill() reads them, without alpha: who fills again and again,
+/// as while the pointer is dragged, makes them once and passes them as the texture.
+QImage fillColors(const QImage &texture);
+
 /// Weight 1 for each pixel that hangs together with @p seed, by its four sides, over pixels that
 /// differ from the seed's own by at most @p tolerance (0…255) in red, in green and in blue. Alpha
 /// does not count. Null when the seed lies outside the texture.

@@ -20,8 +20,8 @@ void blur(cv::Mat &values, double radius)
 
 int smoothingKernel(double radius)
 {
-    // Cut off, as halves are rounded up.
-    const double side = 2.0 * radius + 0.5;
+    // Cut off, as halves are rounded up; no kernel need be larger than any image.
+    const double side = 2.0 * std::min(radius, double(AngleImage::maximumSide)) + 0.5;
     return std::max(3, int(side) | 1);
 }
 

@@ -8,7 +8,7 @@
 int smoothingKernel(double radius);
 
 /// Blurs heights in place by a Gaussian of sigma @p radius / 2; borders repeat. A radius of 0 or
-/// less does nothing.
+/// less does nothing. Kinds of processor may differ in a float's last bit, as OpenCV's filter does.
 void smoothen(FloatImage &heights, double radius);
 
 /// The slopes of @p surface blurred alike, each for itself.

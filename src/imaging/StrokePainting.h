@@ -7,9 +7,9 @@
 #include <QSizeF>
 #include <QVector2D>
 
-/// The pixels that a segment from @p a to @p b may touch with a brush of @p size, within an image
+/// The pixels of an image of @p imageSize that a segment from @p a to @p b may touch with a brush
 /// of
-/// @p imageSize. The whole image when the segment misses it.
+/// @p size. The whole image when the segment misses it.
 QRect strokeBounds(const QSizeF &size,
                    const QVector2D &a,
                    const QVector2D &b,

@@ -5,6 +5,18 @@
 #include "imaging/MaskedPaste.h"
 #include "imaging/SlopeArithmetic.h"
 
+namespace {
+
+void restore(AngleImage &current, const AngleImage &start, const QRect &area)
+{
+    if (start.isNull())
+        blendSlope(current, {}, {}, area);
+    else
+        copyRegion(current, {}, start, area);
+}
+
+} // namespace
+
 QRect applyHeights(AngleImage &current,
                    const AngleImage &start,
                    const FloatImage &heights,
@@ -17,7 +29,7 @@ QRect applyHeights(AngleImage &current,
     const QRect area = clipped(inside.adjusted(-reach, -reach, reach, reach), current.rect());
     AngleImage slopes;
     heightsToAngles(heights, slopes, area);
-    copyRegion(current, {}, start, area);
+    restore(current, start, area);
     return addSlopes(current, {}, area.topLeft(), slopes);
 }
 
@@ -30,7 +42,7 @@ QRect applySlope(AngleImage &current,
     const QRect area = clipped(changed, current.rect());
     if (area.isEmpty())
         return {};
-    copyRegion(current, {}, start, area);
+    restore(current, start, area);
     return blendSlope(current, coverage, slope, area);
 }
 
@@ -43,7 +55,7 @@ QRect applySmoothened(AngleImage &current,
     const QRect area = clipped(changed, current.rect());
     if (area.isEmpty() || smoothened.isNull())
         return {};
-    copyRegion(current, {}, start, area);
+    restore(current, start, area);
     return copyRegion(current, coverage, smoothened, area);
 }
 
@@ -56,6 +68,6 @@ QRect applyStructure(AngleImage &current,
     const QRect area = clipped(changed, current.rect());
     if (area.isEmpty() || structure.isNull())
         return {};
-    copyRegion(current, {}, start, area);
+    restore(current, start, area);
     return addSlopes(current, coverage, area.topLeft(), structure, area);
 }

@@ -7,8 +7,9 @@
 
 // What a stroke makes of a surface: each writes the cells of a rectangle of current anew, from
 // those that start had when the stroke began and from what the stroke's layer holds there. So a
-// stroke may pass a place as often as it likes. All rasters have one size. Each returns the
-// rectangle that it wrote, clipped to the surface; a rectangle that is empty changes nothing.
+// stroke may pass a place as often as it likes. All rasters have one size; a null start is a flat
+// one. Each returns the rectangle that it wrote, clipped to the surface; a rectangle that is empty
+// changes nothing.
 
 /// The layer's heights raise the surface, their slopes are added. Reaches two pixels beyond
 /// @p changed, as far as changed heights show in slopes.

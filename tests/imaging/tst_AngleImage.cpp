@@ -47,9 +47,13 @@ private Q_SLOTS:
         for (const QSize size :
              {QSize(-1, 4), QSize(4, -1), QSize(32769, 1), QSize(32768, 32768)}) {
             QCOMPARE(AngleImage(size.width(), size.height()).size(), QSize(0, 0));
-            QCOMPARE(FloatImage(size.width(), size.height()).size(), QSize(0, 0));
+            const QSize larger = size + QSize(2, 2);
+            QCOMPARE(FloatImage(larger.width(), larger.height()).size(),
+                     size.isValid() ? QSize(0, 0) : larger);
         }
         QCOMPARE(AngleImage(32768, 1).size(), QSize(32768, 1));
+        QCOMPARE(FloatImage(32770, 3).size(), QSize(32770, 3));
+        QCOMPARE(FloatImage(-1, 3).size(), QSize(0, 0));
     }
 
     void damagedBytesAreRefused()

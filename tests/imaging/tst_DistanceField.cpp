@@ -159,6 +159,10 @@ private Q_SLOTS:
                 if (expected.front() == 5.0 && expected.back() == 5.0)
                     expected = distances;
                 QCOMPARE(distances, expected);
+                Coverage limits(rows.begin(), rows.begin() + count);
+                QVERIFY(!loops.isAnyBelow(rows.data(), limits.data(), 0.001, count));
+                limits[std::size_t(count / 2)] += 0.002;
+                QVERIFY(loops.isAnyBelow(rows.data(), limits.data(), 0.001, count));
             }
         }
     }

@@ -136,7 +136,11 @@ private Q_SLOTS:
                 for (int y = dab.top(); y <= dab.bottom(); ++y)
                     for (int x = dab.left(); x <= dab.right(); ++x)
                         heights.row(y)[x] = float(randomInt(-40, 40, random));
-                reached |= applyHeights(current, start, heights, dab);
+                const QRect written = applyHeights(current, start, heights, dab);
+                QCOMPARE(written,
+                         dab.isEmpty() ? QRect()
+                                       : clipped(dab.adjusted(-2, -2, 2, 2), start.rect()));
+                reached |= written;
             }
             AngleImage slopes;
             heightsToAngles(heights, slopes);
@@ -171,10 +175,21 @@ private Q_SLOTS:
             addSlopes(expected, coverage, inside.topLeft(), other, inside);
             QCOMPARE(applyStructure(current, start, coverage, area, other), inside);
             QCOMPARE(current, expected);
-            for (const QRect &nothing : {QRect(), QRect(50, 0, 5, 5), QRect(3, 3, 0, 4)})
+            for (const QRect &nothing :
+                 {QRect(), QRect(50, 0, 5, 5), QRect(3, 3, 0, 4), QRect(9, 3, -5, 4)}) {
                 QVERIFY(applySlope(current, start, coverage, nothing, slope).isEmpty());
+                QVERIFY(applyHeights(current, start, coverage, nothing).isEmpty());
+                QVERIFY(applySmoothened(current, start, coverage, nothing, other).isEmpty());
+                QVERIFY(applyStructure(current, start, coverage, nothing, other).isEmpty());
+            }
             QVERIFY(applySmoothened(current, start, coverage, area, {}).isEmpty());
             QVERIFY(applyStructure(current, start, coverage, area, {}).isEmpty());
+            QCOMPARE(current, expected);
+            // An unpainted body is flat.
+            expected = AngleImage(size.width(), size.height());
+            current = start;
+            applySlope(current, {}, coverage, start.rect(), slope);
+            applySlope(expected, expected, coverage, start.rect(), slope);
             QCOMPARE(current, expected);
         }
     }
@@ -187,6 +202,7 @@ private:
         AngleImage blended;
         AngleImage cells;
         std::vector<float> floats;
+        FloatImage lumas;
 
         bool operator==(const Plain &) const = default;
     };
@@ -198,12 +214,16 @@ private:
                          const FloatImage &slopes)
     {
         const int width = before.width();
-        Plain result{before, before, before, before, std::vector<float>(std::size_t(2 * width))};
+        const std::vector<float> floats(std::size_t(2) * std::size_t(width));
+        Plain result{before, before, before, before, floats, weights};
         loops.add(result.added.row(0), source.row(0), width);
         loops.addWeighted(result.addedPartly.row(0), source.row(0), weights.row(0), width);
         loops.blend(result.blended.row(0), {-1000, 20000}, weights.row(0), width);
         loops.fromFloats(slopes.row(0), result.cells.row(0), width);
         loops.toFloats(before.row(0), result.floats.data(), width);
+        // Any pixels do.
+        const auto *pixels = reinterpret_cast<const QRgb *>(source.row(0));
+        loops.lumaHeights(pixels, result.lumas.row(0), width, 3.5);
         return result;
     }
 };

@@ -118,12 +118,26 @@ private Q_SLOTS:
             const QRect area = paint(*brush, a, b, painted);
             // A pixel that lies just at the radius may go either way.
             QVERIFY(largestDifference(painted, expected) < 2e-5F);
-            QVERIFY(!area.isEmpty() || painted == before);
+            QCOMPARE(area.isEmpty() ? before : painted, painted);
+            const QRect bounds = strokeBounds({brush->sizeX, brush->sizeY}, a, b, size);
+            QVERIFY(area == bounds || (area.isEmpty() && bounds == painted.rect()));
             FloatImage again = painted;
             paint(*brush, a, b, again);
             QCOMPARE(again, painted);
             everyLoopAgrees(plain, *brush, {a, b}, before);
         }
+    }
+
+    // Pointers and sizes are whole pixels, so that many lie there.
+    void whatLiesAtTheRadiusIsPainted()
+    {
+        const auto brush = brushOf({PlainBrush::Ramp, 5.0F, 0.7F, 0.0F});
+        FloatImage layer(20, 3);
+        QCOMPARE(paintSegmentMax(*brush, {8, 1}, {10, 1}, layer), QRect(3, 0, 13, 3));
+        QCOMPARE(layer.row(1)[2], 0.0F);
+        QCOMPARE(layer.row(1)[3], 0.7F);
+        QCOMPARE(layer.row(1)[15], 0.7F);
+        QCOMPARE(layer.row(1)[16], 0.0F);
     }
 
     void heightIsAPercentageOfTheRadius()
@@ -145,6 +159,8 @@ private:
                 std::sqrt(segment.distanceSquared(QVector2D(float(x - 3), 2.0F)));
             QVERIFY(distance > plain.radius || expected.row(0)[x] >= brush.value(distance));
         }
+        FloatImage lowered = before;
+        brush.paintRowMin(segment, -3, 2, lowered.row(0), before.width());
         const CircularProfile profile{
             plain.radius,
             plain.softness > 0.0F
@@ -157,6 +173,9 @@ private:
             FloatImage painted = before;
             loops.raise[plain.contour](segment, profile, -3, 2, painted.row(0), before.width());
             QCOMPARE(painted, expected);
+            painted = before;
+            loops.lower[plain.contour](segment, profile, -3, 2, painted.row(0), before.width());
+            QCOMPARE(painted, lowered);
         }
     }
 };

@@ -80,9 +80,9 @@ private:
         const auto c = [&](int dx, int dy) { return m_coverage[at(x + dx, y + dy)]; };
         const double side = std::sqrt(2.0);
         const double gx =
-            c(1, -1) + side * c(1, 0) + c(1, 1) - c(-1, -1) - side * c(-1, 0) - c(-1, 1);
+            (c(1, -1) - c(-1, -1)) + side * (c(1, 0) - c(-1, 0)) + (c(1, 1) - c(-1, 1));
         const double gy =
-            c(-1, 1) + side * c(0, 1) + c(1, 1) - c(-1, -1) - side * c(0, -1) - c(1, -1);
+            (c(-1, 1) - c(-1, -1)) + side * (c(0, 1) - c(0, -1)) + (c(1, 1) - c(1, -1));
         return edgeDistance(gx, gy, a);
     }
 

@@ -28,6 +28,8 @@ FloatImage reliefOf(const QImage &pixels, int first, int count, double height)
 
 AngleImage FilterEmbossAlgorithm::compute(const EmbossParams &params)
 {
+    if (!AngleImage::isPossibleSize(params.sprite.width(), params.sprite.height()))
+        return params.base;
     const QImage pixels = plainPixels(params.sprite);
     AngleImage result = baseSurface(params.base, pixels);
     const double height = params.up ? params.height : -params.height;

@@ -169,6 +169,40 @@ private Q_SLOTS:
         }
     }
 
+    // All formats are read as they look without being multiplied by alpha.
+    void spritesOfAnyFormat()
+    {
+        std::mt19937 random(45);
+        RimParams rim = randomRim(random);
+        rim.selection = {};
+        const QImage sprite = randomSprite({31, 17}, random);
+        rim.base = {};
+        for (const auto format : {QImage::Format_ARGB32_Premultiplied,
+                                  QImage::Format_RGB32,
+                                  QImage::Format_Indexed8,
+                                  QImage::Format_Grayscale8,
+                                  QImage::Format_RGBA64}) {
+            EmbossParams emboss;
+            emboss.sprite = rim.sprite = sprite.convertToFormat(format);
+            const AngleImage embossed = FilterEmbossAlgorithm().compute(emboss);
+            const AngleImage beveled = FilterCreateRimAlgorithm().compute(rim);
+            emboss.sprite = rim.sprite = rim.sprite.convertToFormat(QImage::Format_ARGB32);
+            QCOMPARE(FilterEmbossAlgorithm().compute(emboss), embossed);
+            QCOMPARE(FilterCreateRimAlgorithm().compute(rim), beveled);
+        }
+    }
+
+    void longestSprites()
+    {
+        RimParams params;
+        params.sprite = QImage(AngleImage::maximumSide, 3, QImage::Format_ARGB32);
+        params.sprite.fill(Qt::white);
+        params.sprite.setPixelColor(32700, 1, Qt::transparent);
+        const AngleImage beveled = FilterCreateRimAlgorithm().compute(params);
+        QCOMPARE(beveled.size(), params.sprite.size());
+        QVERIFY(beveled.row(1)[32703].sx != 0 && beveled.row(1)[32600].sx == 0);
+    }
+
     void whatNeedsNoRim()
     {
         std::mt19937 random(43);
