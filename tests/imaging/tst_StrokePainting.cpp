@@ -64,6 +64,9 @@ private Q_SLOTS:
             QCOMPARE(hard->value(50.00005F), 0.0F);
             QCOMPARE(hard->value(50.00005F, 0.0F), 0.8F);
             QCOMPARE(hard->value(50.001F, 0.0F), 0.0F);
+            hard->amplitude = 0.3F; // not derived, so that it counts at once
+            QCOMPARE(hard->value(9.0F), 0.3F);
+            QCOMPARE(hard->value(0.0F, 9.0F), 0.3F);
         }
     }
 
