@@ -16,8 +16,11 @@ constexpr qint64 ordinaryTilingPixels = qint64(1) << 24;
 /// pixels show the colour they hold. A null pattern and an empty size give a null image.
 ///
 /// No image much larger than the body is ever made: where the way through the square would need
-/// more than @p pixelLimit pixels, the result is put together from blocks, and may differ from that
-/// of the straight way by what smoothing rounds.
+/// more than @p pixelLimit pixels, the result is put together from blocks. Smoothing counts in
+/// sixteenths of a pixel and begins anew in each of them, so that the result shows the tiling
+/// within a sixteenth of a pixel of where the straight way has it, across and down: a component
+/// differs by at most a sixteenth of the sum of its steepest steps in both directions, and by what
+/// rounds.
 QImage tiledPattern(const QImage &pattern,
                     double scale,
                     double rotation,
