@@ -23,43 +23,8 @@
 #include <QJsonObject>
 #include <QTest>
 
-/// The commands that give surfaces, run as the real program.
-class TestEffectCommands : public QObject
-{
-    Q_OBJECT
-
-private Q_SLOTS:
-    void initTestCase() { initialiseResources(); }
-    // Each test has the sprites s/a.png, s/t/b.png and s/c.png, and a project of them in which all
-    // but b are painted.
-    void init();
-    void surfacesAreThoseOfTheFunctions();
-    void onlyNamedBodies();
-    void refusals_data();
-    void refusals();
-    void bodiesInTrouble();
-    void generatingIsCreatingAndExporting();
-    void sourcesAreSafe_data();
-    void sourcesAreSafe();
-    void resultsAreNoSources();
-    void picturesInTrouble();
-    void patterns();
-
-private:
-    int run(const QByteArray &line) { return m_program->run(line.constData()); }
-    QString path(const char *name) const { return m_folder.path(QString::fromUtf8(name)); }
-    void writeNoise(const char *name, const QSize &size);
-    /// The surface of each body.
-    QVector<AngleImage> surfaces(const char *project) const;
-    /// What the files below the test's folder hold.
-    QMap<QString, QByteArray> files() const;
-
-    Folder m_folder;
-    std::unique_ptr<Program> m_program;
-    std::mt19937 m_random{11};
-};
-
 namespace {
+
 using Effect = std::function<AngleImage(const AngleImage &, const QImage &)>;
 
 QImage noise(const QSize &size, std::mt19937 &random)
@@ -74,331 +39,322 @@ QImage noise(const QSize &size, std::mt19937 &random)
 
 AngleImage beveled(const AngleImage &surface, const QImage &sprite)
 {
-    RimParams params;
-    params.sprite = sprite;
-    params.base = surface;
-    params.rimWidth = 5;
-    params.rimHeight = 150;
-    params.smoothness = 3;
-    params.tileMode = true;
-    params.up = false;
-    return FilterCreateRimAlgorithm().compute(params);
+    return FilterCreateRimAlgorithm().compute({sprite, surface, {}, 5, 150, 3, true, false});
 }
 
 AngleImage embossed(const AngleImage &surface, const QImage &sprite)
 {
-    EmbossParams params;
-    params.sprite = sprite;
-    params.base = surface;
-    params.height = 2.5F;
-    params.up = false;
-    params.smoothness = 2;
-    return FilterEmbossAlgorithm().compute(params);
+    return FilterEmbossAlgorithm().compute({sprite, surface, 2.5F, false, 2});
 }
 
 AngleImage structured(AngleImage surface, const QImage &)
 {
-    PaintToolStructureParams params;
-    params.pattern = readImageFile(builtInPatterns() + QStringLiteral("/brick.png")).image;
-    params.intensity = 2.5;
-    params.scale = 0.5;
-    params.rotation = 30.0;
-    params.size = surface.size();
-    addSlopes(surface, {}, {0, 0}, structureSurface(params));
+    const QImage brick(builtInPatterns() + QStringLiteral("/brick.png"));
+    addSlopes(surface, {}, {0, 0}, structureSurface({brick, 2.5, 0.5, 30.0, surface.size()}));
     return surface;
 }
 
-AngleImage blended(AngleImage surface, float weight, AngleImage::Pixel slope)
+Effect blended(float weight, AngleImage::Pixel slope)
 {
-    blendSlope(surface, FloatImage(surface.width(), surface.height(), weight), slope);
-    return surface;
+    return [=](AngleImage surface, const QImage &) {
+        blendSlope(surface, FloatImage(surface.width(), surface.height(), weight), slope);
+        return surface;
+    };
 }
+
+// A row for each line that '|' separates.
+void addRows(const QByteArray &lines, const std::function<void(QTestData &)> &add)
+{
+    for (const QByteArray &line : lines.split('|'))
+        add(QTest::newRow(line.constData()));
+}
+
 } // namespace
 
-void TestEffectCommands::writeNoise(const char *name, const QSize &size)
+/// The commands that give surfaces, run as the real program.
+class TestEffectCommands : public QObject
 {
-    m_folder.write(QString::fromUtf8(name), {});
-    QVERIFY(noise(size, m_random).save(path(name), "png"));
-}
+    Q_OBJECT
 
-void TestEffectCommands::init()
-{
-    m_folder = Folder();
-    m_program = std::make_unique<Program>(QStringLiteral(CLI_PROGRAM), path(""));
-    writeNoise("s/a.png", {40, 31});
-    writeNoise("s/t/b.png", {17, 22});
-    writeNoise("s/c.png", {40, 31});
-    Project project;
-    for (const char *name : {"s/a.png", "s/t/b.png", "s/c.png"}) {
-        Body &body = addBody(project, QFileInfo(path(name)).baseName(), path(name));
-        if (body.name().value() != QLatin1String("b"))
-            body.paintedNormalMap().setValue(encode(randomAngles(40, 31, m_random)));
+    int run(const QByteArray &line) { return m_program->run(line.constData()); }
+    QString path(const char *name) const { return m_folder.path(QString::fromUtf8(name)); }
+    int lines() const { return m_program->output.count(QLatin1Char('\n')); }
+
+    void writeNoise(const char *name, const QSize &size)
+    {
+        m_folder.write(QString::fromUtf8(name), {});
+        QVERIFY(noise(size, m_random).save(path(name), "png"));
     }
-    project.filename().setValue(GFileName(path("p.vep")));
-    DataModelWriter(project).write();
-}
 
-QVector<AngleImage> TestEffectCommands::surfaces(const char *project) const
-{
-    DataModelReader reader(QStringLiteral(".vep"), QStringLiteral(".vexml"));
-    const auto read = reader.read(path(project));
-    QVector<AngleImage> all;
-    for (const Body *body : read->bodies().all()) {
-        body->loadSprite();
-        all.append(body->surface());
+    /// The surface of each body.
+    QVector<AngleImage> surfaces(const char *project) const
+    {
+        DataModelReader reader(QStringLiteral(".vep"), QStringLiteral(".vexml"));
+        const auto read = reader.read(path(project));
+        QVector<AngleImage> all;
+        for (const Body *body : read->bodies().all()) {
+            body->loadSprite();
+            all.append(body->surface());
+        }
+        return all;
     }
-    return all;
-}
 
-QMap<QString, QByteArray> TestEffectCommands::files() const
-{
-    QMap<QString, QByteArray> all;
-    const QDir folder(path(""));
-    QDirIterator walk(folder.path(), QDir::Files, QDirIterator::Subdirectories);
-    while (walk.hasNext()) {
-        const QString file = walk.next();
-        all.insert(folder.relativeFilePath(file), contentOf(file));
+    /// What the files below the test's folder hold.
+    QMap<QString, QByteArray> files() const
+    {
+        QMap<QString, QByteArray> all;
+        QDirIterator walk(path(""), QDir::Files, QDirIterator::Subdirectories);
+        while (walk.hasNext()) {
+            const QString file = walk.next();
+            all.insert(file, contentOf(file));
+        }
+        return all;
     }
-    return all;
-}
 
-void TestEffectCommands::surfacesAreThoseOfTheFunctions()
-{
-    const AngleImage::Pixel slope{-384, 128};
-    const std::vector<std::pair<const char *, Effect>> commands{
-        {"bevel --width 5 --height 150 --smoothness 3 --down --tile", beveled},
-        {"emboss --height 2.5 --smoothness 2 --down", embossed},
-        {"smooth --radius 2.5", [](const auto &s, const auto &) { return smoothened(s, 2.5); }},
-        {"structure --pattern Brick --intensity 2.5 --scale 50 --rotation 30", structured},
-        {"erase", [](const auto &s, const auto &) { return AngleImage(s.width(), s.height()); }},
-        {"erase --opacity 40", [](const auto &s, const auto &) { return blended(s, 0.4F, {}); }},
-        {"fill --slope -1.5,0.5 --opacity 25",
-         [slope](const auto &s, const auto &) { return blended(s, 0.25F, slope); }},
-    };
-    const auto before = surfaces("p.vep");
-    const QStringList sprites{path("s/a.png"), path("s/t/b.png"), path("s/c.png")};
-    for (const auto &[line, effect] : commands) {
-        QVERIFY2(run(QByteArray(line) + " p.vep --output-project o.vep") == 0, line);
-        const auto after = surfaces("o.vep");
-        for (int i = 0; i < 3; ++i)
-            QVERIFY2(after[i] == effect(before[i], readImageFile(sprites[i]).image), line);
+    Folder m_folder;
+    std::unique_ptr<Program> m_program;
+    std::mt19937 m_random{11};
+
+private Q_SLOTS:
+    void initTestCase() { initialiseResources(); }
+
+    // Each test has the sprites s/a.png, s/t/b.png and s/c.png, and a project of them in which all
+    // but b are painted.
+    void init()
+    {
+        m_folder = Folder();
+        m_program = std::make_unique<Program>(QStringLiteral(CLI_PROGRAM), path(""));
+        Project project;
+        for (const char *name : {"s/a.png", "s/t/b.png", "s/c.png"}) {
+            const bool isPainted = QByteArray(name) != "s/t/b.png";
+            writeNoise(name, isPainted ? QSize(40, 31) : QSize(17, 22));
+            Body &body = addBody(project, QFileInfo(path(name)).baseName(), path(name));
+            if (isPainted)
+                body.paintedNormalMap().setValue(encode(randomAngles(40, 31, m_random)));
+        }
+        project.filename().setValue(GFileName(path("p.vep")));
+        DataModelWriter(project).write();
+    }
+
+    void surfacesAreThoseOfTheFunctions()
+    {
+        const std::vector<std::pair<const char *, Effect>> commands{
+            {"bevel --width 5 --height 150 --smoothness 3 --down --tile", beveled},
+            {"emboss --height 2.5 --smoothness 2 --down", embossed},
+            {"smooth --radius 2.5", [](const auto &s, const auto &) { return smoothened(s, 2.5); }},
+            {"structure --pattern Brick --intensity 2.5 --scale 50 --rotation 30", structured},
+            {"erase", blended(1.0F, {})},
+            {"fill --slope -1.5,0.5 --opacity 25", blended(0.25F, {-384, 128})},
+        };
+        const auto before = surfaces("p.vep");
+        const QStringList sprites{path("s/a.png"), path("s/t/b.png"), path("s/c.png")};
+        for (const auto &[line, effect] : commands) {
+            QVERIFY2(run(QByteArray(line) + " p.vep --output-project o.vep") == 0, line);
+            const auto after = surfaces("o.vep");
+            for (int i = 0; i < 3; ++i)
+                QVERIFY2(after[i] == effect(before[i], readImageFile(sprites[i]).image), line);
+        }
         QCOMPARE(surfaces("p.vep"), before);
+        QCOMPARE(run("erase --body #3 --body b --body c p.vep"), 0);
+        const QVector<AngleImage> erased{before[0], AngleImage(17, 22), AngleImage(40, 31)};
+        QCOMPARE(surfaces("p.vep"), erased);
+        QCOMPARE(run("erase p.vep --body a --body absent"), 1);
+        QCOMPARE(surfaces("p.vep"), erased);
     }
-}
 
-void TestEffectCommands::onlyNamedBodies()
-{
-    const auto before = surfaces("p.vep");
-    QCOMPARE(run("erase --body #3 --body b --body c p.vep"), 0);
-    const auto after = surfaces("p.vep");
-    QCOMPARE(after[0], before[0]);
-    QCOMPARE(after[2], AngleImage(40, 31));
-    QCOMPARE(run("erase p.vep --body a --body absent"), 1);
-    QCOMPARE(surfaces("p.vep"), after);
-}
-
-void TestEffectCommands::refusals_data()
-{
-    QTest::addColumn<QByteArray>("words");
-    const auto all = [](const char *command, const char *values, const char *words) {
-        for (const QByteArray &value : QByteArray(values).split(' '))
-            QTest::newRow((QByteArray(command) + value).constData()) << QByteArray(words);
-    };
-    all("bevel p.vep --width=",
-        "-1 256 60x 2.5 nan  1,2",
-        "--width: it takes a whole number from 0");
-    all("bevel p.vep --width=9 --height=", "24 401 inf", "a whole number from 25 to 400");
-    all("bevel p.vep --width=9 --smoothness=", "-1 256", "from 0 to 255");
-    all("emboss p.vep --height=", "0.09 10.1 nan inf -inf 1e999 ", "a number from 0.1 to 10");
-    all("emboss p.vep --height=1 --smoothness=", "0 10 1.5", "from 1 to 9");
-    all("smooth p.vep --radius=", "0.49 50.1 nan", "from 0.5 to 50");
-    all("structure p.vep --pattern=brick --intensity=", "0 20.1", "from 0.1 to 20");
-    all("structure p.vep --pattern=brick --scale=", "9 401", "from 10 to 400");
-    all("structure p.vep --pattern=brick --rotation=", "-1 360", "from 0 to 359");
-    all("structure p.vep --pattern=", "brik p.vep.png s ", "bark, brick, ");
-    all("erase p.vep --opacity=", "0 101", "from 1 to 100");
-    all("fill p.vep --slope=", "1 1,2,3 ", "--slope: it takes X,Y");
-    all("fill p.vep --slope=",
-        "-129,0 0,127.5 , 1,nan",
-        "of --slope: it takes a number from -128 to");
-    all("generate s --output=out --bevel=", "256 60,,9 60,100,9x nan", "of --bevel: it takes");
-    all("generate s --output=out --bevel=", "60,100,10,5", "at most WIDTH,HEIGHT,SMOOTHNESS");
-    all("generate s --output=out --emboss=", "0 1,", "of --emboss: it takes");
-    all("generate s --output=out --structure=",
-        "brick,21 brick,4,nan brick,4,100,360",
-        "of --structure: it takes");
-    all("generate s --output=out --structure=", "brick,4x brick, brick,1,4,100,90 ", "bark, brick");
-    all("generate s --output=out --down", "", "--bevel, --emboss, --structure");
-    all("generate s --bevel=9 --output=", "", "it takes a folder");
-    all("generate s --bevel=9 --output=out --suffix=", "/../n", "--suffix: it takes");
-    all("bevel --width=9 --output-project=", "o.zip p.vex", "ends in .vep");
-}
-
-void TestEffectCommands::refusals()
-{
-    QFETCH(QByteArray, words);
-    const auto before = files();
-    const QByteArray line = QTest::currentDataTag();
-    QCOMPARE(run(line.startsWith("bevel --") ? line + " p.vep" : line), 2);
-    QVERIFY2(m_program->says(words.constData()), qUtf8Printable(m_program->words));
-    QCOMPARE(files(), before);
-}
-
-void TestEffectCommands::bodiesInTrouble()
-{
-    // a is of another size now, b is missing and not painted.
-    writeNoise("s/a.png", {3, 3});
-    QFile::remove(path("s/t/b.png"));
-    const auto before = files();
-    QCOMPARE(run("bevel p.vep --width 9 --body a --body b"), 1);
-    QVERIFY(m_program->says("'a' is left alone: its sprite has another size than its surface"));
-    QVERIFY(m_program->says("'b' is left alone: its sprite is missing"));
-    QCOMPARE(files(), before);
-    QCOMPARE(run("emboss p.vep --height 1"), 4);
-    QVERIFY(files() != before);
-    QCOMPARE(run("fill p.vep --slope 1,1"), 4);
-    QVERIFY(m_program->says("'b' is left alone") && !m_program->says("'a' is left alone"));
-    QCOMPARE(surfaces("p.vep")[0].row(0)->sx, qint16(256));
-
-    Project project;
-    addBody(project, QStringLiteral("d"), path("s/c.png"))
-        .paintedNormalMap()
-        .setValue("no surface");
-    project.filename().setValue(GFileName(path("d.vep")));
-    DataModelWriter(project).write();
-    QCOMPARE(run("erase d.vep"), 1);
-    QVERIFY(m_program->says("'d' is left alone: its surface is damaged"));
-}
-
-void TestEffectCommands::generatingIsCreatingAndExporting()
-{
-    QCOMPARE(run("create q.vep s"), 0);
-    QCOMPARE(run("bevel q.vep --width 5 --smoothness 0 --tile --down"), 0);
-    QCOMPARE(run("emboss q.vep --height 2 --down"), 0);
-    QCOMPARE(run("structure q.vep --pattern sand --intensity 3 --scale 80"), 0);
-    QCOMPARE(run("export q.vep --output flat --suffix _n"), 0);
-    QCOMPARE(run("generate s --output deep --bevel 5,100,0 --emboss 2 --structure sand,3,80 --tile "
-                 "--down --jobs 3"),
-             0);
-    const QStringList maps{path("deep/a_n.png"), path("deep/c_n.png"), path("deep/t/b_n.png")};
-    QCOMPARE(m_program->output.split(QLatin1Char('\n'), Qt::SkipEmptyParts), maps);
-    for (const QString &map : maps)
-        QCOMPARE(contentOf(map), contentOf(path("flat/") + QFileInfo(map).fileName()));
-    QVERIFY(contentOf(maps[0]) != contentOf(maps[1]));
-    // A file that is named has no place below anything.
-    QCOMPARE(run("generate s/t/b.png s --structure sand --output deep2"), 0);
-    QVERIFY(QFileInfo::exists(path("deep2/b_n.png")) && QFileInfo::exists(path("deep2/t/b_n.png")));
-}
-
-void TestEffectCommands::sourcesAreSafe_data()
-{
-    QTest::addColumn<int>("code");
-    const auto all = [](int code, const char *lines) {
-        for (const QByteArray &line : QByteArray(lines).split('|'))
-            QTest::newRow(line.constData()) << code;
-    };
-    // @ is the test's folder; link leads to s, new to a folder that does not exist in it.
-    all(1, "s --output s --suffix=|s --output link --suffix=|link --output s --suffix=");
-    all(1, "s --output @/s --suffix=|@/s --output s/../s --suffix=|s/a.png --output s --suffix=");
-    all(1, "s/t/b.png s --output link/t --suffix=|s s/t/b.png --output absent/../s/t --suffix=");
-    // Somebody's pictures that are no sources, and two maps of one name.
-    all(1,
-        "s --output s --suffix _north|s --output s/u --suffix=|s/a.png s/u/a.png --output out|s "
-        "s/u --output out");
-    all(0, "s s/a.png s --output out --suffix=|s --output link/new/deep|s --output s/t");
-}
-
-void TestEffectCommands::sourcesAreSafe()
-{
-    QFETCH(int, code);
-    writeNoise("s/u/a.png", {5, 5});
-    writeNoise("s/u/a_north.png", {5, 5});
-    QVERIFY(QFile::link(path("s"), path("link")));
-    const auto before = files();
-    const QByteArray line = QByteArray("generate --bevel 3 ") + QTest::currentDataTag();
-    QCOMPARE(run(QByteArray(line).replace("@", path("").toUtf8())), code);
-    auto after = files();
-    for (const QString &file : before.keys())
-        QCOMPARE(after.take(file), before[file]);
-    QCOMPARE(after.isEmpty(), code != 0);
-    QVERIFY(code == 0 || m_program->says("Nothing is written"));
-}
-
-void TestEffectCommands::resultsAreNoSources()
-{
-    // Wherever they lie, whatever their suffix was, a second run gives the same files.
-    for (const char *line : {"generate s --bevel 3 --output s",
-                             "generate s --bevel 3 --output s --suffix _other",
-                             "generate s --bevel 3 --output s/out",
-                             "generate s --bevel 3 --output s/bare --suffix="}) {
-        QCOMPARE(run(line), 0);
-        const int count = m_program->output.count(QLatin1Char('\n'));
-        QVERIFY(count == 3);
+    void refusals_data()
+    {
+        QTest::addColumn<QByteArray>("words");
+        const auto all = [](const QByteArray &command, const char *values, const char *words) {
+            addRows(command + QByteArray(values).replace("|", '|' + command),
+                    [words](QTestData &row) { row << QByteArray(words); });
+        };
+        all("bevel p.vep --width=",
+            "-1|256|60x|2.5||1,2",
+            "--width: it takes a whole number from 0");
+        all("bevel p.vep --width=9 --height=", "24|401", "a whole number from 25 to 400");
+        all("bevel p.vep --width=9 --smoothness=", "-1|256", "from 0 to 255");
+        all("emboss p.vep --height=", "0.09|10.1|nan|-inf|1e999|", "a number from 0.1 to 10");
+        all("emboss p.vep --height=1 --smoothness=", "0|10|1.5", "from 1 to 9");
+        all("smooth p.vep --radius=", "0.49|50.1", "from 0.5 to 50");
+        all("structure p.vep --pattern=brick --intensity=", "0|20.1", "from 0.1 to 20");
+        all("structure p.vep --pattern=brick --scale=", "9|401", "from 10 to 400");
+        all("structure p.vep --pattern=brick --rotation=", "-1|360", "from 0 to 359");
+        all("structure p.vep --pattern=", "brik|p.vep.png|s|", "bark, brick, ");
+        all("erase p.vep --opacity=", "0|101", "from 1 to 100");
+        all("fill p.vep --slope=", "1|1,2,3|", "--slope: it takes X,Y");
+        all("fill p.vep --slope=",
+            "-129,0|0,127.5|,",
+            "of --slope: it takes a number from -128 to");
+        all("generate s --output=out --bevel=", "256|60,,9|60,100,9x", "of --bevel: it takes");
+        all("generate s --output=out --bevel=", "1,100,10,5", "at most WIDTH,HEIGHT,SMOOTHNESS");
+        all("generate s --output=out --emboss=", "0|1,", "of --emboss: it takes");
+        all("generate s --output=out --structure=",
+            "brick,21|brick,4,nan|brick,4,100,360",
+            "of --structure: it takes");
+        all("generate s --output=out --structure=",
+            "brick,4x|brick,|brick,1,4,100,90|",
+            "bark, brick");
+        all("generate s --output=out --down", "", "--bevel, --emboss, --structure");
+        all("generate s --bevel=9 --output=", "", "it takes a folder");
+        all("generate s --bevel=9 --output=out --suffix=", "/../n", "--suffix: it takes");
+        all("bevel p.vep --width=9 --output-project=", "o.zip|p.vex", "ends in .vep");
+    }
+    void refusals()
+    {
+        QFETCH(QByteArray, words);
         const auto before = files();
-        QCOMPARE(run(line), 0);
-        QCOMPARE(m_program->output.count(QLatin1Char('\n')), count);
+        QCOMPARE(run(QTest::currentDataTag()), 2);
+        QVERIFY2(m_program->says(words.constData()), qUtf8Printable(m_program->words));
         QCOMPARE(files(), before);
     }
-    QFile::remove(path("s/a.png"));
-    QCOMPARE(run("generate s --bevel 3 --output fresh"), 0);
-    QVERIFY(m_program->says("Skipped '") && m_program->says("s/a_n.png': it is a normal map"));
-    QCOMPARE(m_program->output.count(QLatin1Char('\n')), 2);
-    // The maps of an export are known too.
-    QCOMPARE(run("export p.vep --output x"), 0);
-    QCOMPARE(run("generate x s/a_n.png --bevel 3 --output y"), 1);
-    QVERIFY(m_program->says("Failed to use '"));
-    QVERIFY(!QFileInfo::exists(path("y")));
-}
 
-void TestEffectCommands::picturesInTrouble()
-{
-    m_folder.write(QStringLiteral("s/bad.png"), "no picture");
-    QCOMPARE(run("generate s absent.png --bevel 3 --output out --jobs 1"), 4);
-    QVERIFY(m_program->says("s/bad.png") && m_program->says("absent.png"));
-    QCOMPARE(m_program->output.count(QLatin1Char('\n')), 3);
-    QCOMPARE(run("generate s/bad.png --bevel 3 --output out2"), 1);
-    QDir().mkpath(path("empty"));
-    QCOMPARE(run("generate empty --bevel 3 --output out2"), 1);
-    QVERIFY(m_program->says("No sprites found"));
-    QVERIFY(!QFileInfo::exists(path("out2")));
-}
-
-void TestEffectCommands::patterns()
-{
-    writeNoise("mine/my,own,7.png", {6, 5});
-    writeNoise("mine/brick.png", {7, 7});
-    m_folder.write(QStringLiteral("config/Vesperine/Vesperine.conf"),
-                   "[General]\npatterns=" + path("mine").toUtf8() + '\n');
-    QCOMPARE(run("patterns"), 0);
-    const auto names = m_program->output.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
-    QCOMPARE(names.size(), findPatterns({builtInPatterns()}).size() + 2);
-    QCOMPARE(names.first(), QStringLiteral("bark"));
-    QCOMPARE(names.mid(names.size() - 2).join(QLatin1Char(' ')), QStringLiteral("brick my,own,7"));
-    QCOMPARE(run("patterns --json"), 0);
-    const QByteArray last = m_program->output.toUtf8().trimmed().split('\n').last();
-    const QJsonObject expected{{QStringLiteral("name"), QStringLiteral("my,own,7")},
-                               {QStringLiteral("file"), path("mine/my,own,7.png")},
-                               {QStringLiteral("width"), 6},
-                               {QStringLiteral("height"), 5},
-                               {QStringLiteral("builtIn"), false}};
-    QCOMPARE(QJsonDocument::fromJson(last).object(), expected);
-
-    // By name, by file name and by path; the program's own comes before the user's of that name.
-    QByteArray maps[4];
-    const char *choices[] = {
-        "my,own,7.png,2,50", "mine/my,own,7.png,2,50", "brick,2,50", "mine/brick.png,2,50"};
-    for (int i = 0; i < 4; ++i) {
-        QCOMPARE(run(QByteArray("generate s/a.png --output out --structure ") + choices[i]), 0);
-        maps[i] = contentOf(path("out/a_n.png"));
+    void bodiesInTrouble()
+    {
+        // a is of another size now, b is missing and not painted, d has no surface.
+        writeNoise("s/a.png", {3, 3});
+        QFile::remove(path("s/t/b.png"));
+        Project project;
+        addBody(project, QStringLiteral("d")).paintedNormalMap().setValue("no surface");
+        project.filename().setValue(GFileName(path("d.vep")));
+        DataModelWriter(project).write();
+        const auto before = files();
+        QCOMPARE(run("bevel p.vep --width 9 --body a --body b"), 1);
+        QVERIFY(m_program->says("'a' is left alone: its sprite has another size than its surface"));
+        QVERIFY(m_program->says("'b' is left alone: its sprite is missing"));
+        QCOMPARE(run("erase d.vep"), 1);
+        QVERIFY(m_program->says("'d' is left alone: its surface is damaged"));
+        QCOMPARE(files(), before);
+        QCOMPARE(run("emboss p.vep --height 1"), 4);
+        QVERIFY(files() != before);
+        QCOMPARE(run("fill p.vep --slope 1,1"), 4);
+        QVERIFY(m_program->says("'b' is left alone") && !m_program->says("'a' is left alone"));
+        QCOMPARE(surfaces("p.vep")[0].row(0)->sx, qint16(256));
     }
-    QCOMPARE(maps[0], maps[1]);
-    QVERIFY(maps[1] != maps[2] && maps[2] != maps[3]);
-    const auto before = surfaces("p.vep");
-    QCOMPARE(run("structure p.vep --pattern My,Own,7 --output-project o.vep"), 0);
-    QCOMPARE(run("structure p.vep --pattern mine/my,own,7.png"), 0);
-    QCOMPARE(surfaces("p.vep"), surfaces("o.vep"));
-    QVERIFY(surfaces("p.vep") != before);
-}
+
+    void generatingIsCreatingAndExporting()
+    {
+        QCOMPARE(run("create q.vep s"), 0);
+        QCOMPARE(run("bevel q.vep --width 5 --smoothness 0 --tile --down"), 0);
+        QCOMPARE(run("emboss q.vep --height 2 --down"), 0);
+        QCOMPARE(run("structure q.vep --pattern sand --intensity 3 --scale 80"), 0);
+        QCOMPARE(run("export q.vep --output flat --suffix _n"), 0);
+        const QStringList maps{path("deep/a_n.png"), path("deep/c_n.png"), path("deep/t/b_n.png")};
+        for (const char *jobs : {"1", "3"}) {
+            QDir(path("deep")).removeRecursively();
+            QCOMPARE(
+                run(QByteArray("generate s --output deep --bevel 5,100,0 --emboss 2 --structure "
+                               "sand,3,80 --tile --down --jobs ") +
+                    jobs),
+                0);
+            QCOMPARE(m_program->output.split(QLatin1Char('\n'), Qt::SkipEmptyParts), maps);
+            for (const QString &map : maps)
+                QCOMPARE(contentOf(map), contentOf(path("flat/") + QFileInfo(map).fileName()));
+        }
+        // A file that is named has no place below anything.
+        QCOMPARE(run("generate s/t/b.png s --structure sand --output deep2"), 0);
+        QVERIFY(QFileInfo::exists(path("deep2/b_n.png")) &&
+                QFileInfo::exists(path("deep2/t/b_n.png")));
+    }
+
+    void sourcesAreSafe_data()
+    {
+        QTest::addColumn<int>("code");
+        const auto all = [](int code, const char *lines) {
+            addRows(lines, [code](QTestData &row) { row << code; });
+        };
+        // @ is the test's folder; link leads to s, new to a folder that does not exist in it.
+        all(1, "s --output s --suffix=|s --output link --suffix=|@/s --output s/../s --suffix=");
+        all(1,
+            "s/t/b.png s --output link/t --suffix=|s s/t/b.png --output absent/../s/t --suffix=");
+        // Somebody's pictures that are no sources, and two maps of one name.
+        all(1, "s --output s --suffix _north|s --output s/u --suffix=|s s/u --output out");
+        all(0, "s s/a.png s --output out --suffix=|s --output link/new/deep|s --output s/t");
+    }
+    void sourcesAreSafe()
+    {
+        QFETCH(int, code);
+        writeNoise("s/u/a.png", {5, 5});
+        writeNoise("s/u/a_north.png", {5, 5});
+        QVERIFY(QFile::link(path("s"), path("link")));
+        const auto before = files();
+        const QByteArray line = QByteArray("generate --bevel 3 ") + QTest::currentDataTag();
+        QCOMPARE(run(QByteArray(line).replace("@", path("").toUtf8())), code);
+        auto after = files();
+        for (const QString &file : before.keys())
+            QCOMPARE(after.take(file), before[file]);
+        QCOMPARE(after.isEmpty(), code != 0);
+        QVERIFY(code == 0 || m_program->says("Nothing is written"));
+    }
+
+    void resultsAreNoSources()
+    {
+        // Wherever they lie, whatever their suffix was, a second run gives the same files.
+        for (const char *line : {"generate s --bevel 3 --output s",
+                                 "generate s --bevel 3 --output s --suffix _other",
+                                 "generate s --bevel 3 --output s/bare --suffix="}) {
+            QMap<QString, QByteArray> first;
+            for (const bool isFirst : {true, false}) {
+                QCOMPARE(run(line), 0);
+                QCOMPARE(lines(), 3);
+                first = isFirst ? files() : first;
+                QCOMPARE(files(), first);
+            }
+        }
+        QFile::remove(path("s/a.png"));
+        QCOMPARE(run("generate s --bevel 3 --output fresh"), 0);
+        QVERIFY(m_program->says("Skipped '") && m_program->says("s/a_n.png': it is a normal map"));
+        QCOMPARE(lines(), 2);
+        // The maps of an export are known too.
+        QCOMPARE(run("export p.vep --output x"), 0);
+        QCOMPARE(run("generate x s/a_n.png --bevel 3 --output y"), 1);
+        QVERIFY(m_program->says("Failed to use '") && !QFileInfo::exists(path("y")));
+    }
+
+    void picturesInTrouble()
+    {
+        m_folder.write(QStringLiteral("s/bad.png"), "no picture");
+        QCOMPARE(run("generate s absent.png --bevel 3 --output out --jobs 1"), 4);
+        QVERIFY(m_program->says("s/bad.png") && m_program->says("absent.png"));
+        QCOMPARE(lines(), 3);
+        QCOMPARE(run("generate s/bad.png --bevel 3 --output out2"), 1);
+        QDir().mkpath(path("empty"));
+        QCOMPARE(run("generate empty --bevel 3 --output out2"), 1);
+        QVERIFY(m_program->says("No sprites found") && !QFileInfo::exists(path("out2")));
+    }
+
+    void patterns()
+    {
+        writeNoise("mine/my,own,7.png", {6, 5});
+        writeNoise("mine/brick.png", {7, 7});
+        m_folder.write(QStringLiteral("config/Vesperine/Vesperine.conf"),
+                       "[General]\npatterns=" + path("mine").toUtf8() + '\n');
+        QCOMPARE(run("patterns"), 0);
+        QVERIFY(m_program->output.startsWith(QLatin1String("bark\nbrick\n")));
+        QVERIFY(m_program->output.endsWith(QLatin1String("\nwoven-cloth\nbrick\nmy,own,7\n")));
+        QCOMPARE(run("patterns --json"), 0);
+        const QByteArray last = m_program->output.toUtf8().trimmed().split('\n').last();
+        const QJsonObject expected{{QStringLiteral("name"), QStringLiteral("my,own,7")},
+                                   {QStringLiteral("file"), path("mine/my,own,7.png")},
+                                   {QStringLiteral("width"), 6},
+                                   {QStringLiteral("height"), 5},
+                                   {QStringLiteral("builtIn"), false}};
+        QCOMPARE(QJsonDocument::fromJson(last).object(), expected);
+
+        // By name, by file name and by path; the program's own comes before the user's of that
+        // name.
+        QVector<QByteArray> maps;
+        for (const char *choice :
+             {"My,own,7", "my,own,7.png", "mine/my,own,7.png", "brick", "mine/brick.png"}) {
+            QCOMPARE(
+                run(QByteArray("generate s/a.png --output out --structure ") + choice + ",2,50,0"),
+                0);
+            maps.append(contentOf(path("out/a_n.png")));
+        }
+        QVERIFY(maps[0] == maps[1] && maps[1] == maps[2]);
+        QVERIFY(maps[2] != maps[3] && maps[3] != maps[4] && maps[4] != maps[2]);
+    }
+};
 
 QTEST_GUILESS_MAIN(TestEffectCommands)
 
