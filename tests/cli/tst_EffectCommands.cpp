@@ -19,8 +19,6 @@
 #include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
-#include <QJsonDocument>
-#include <QJsonObject>
 #include <QTest>
 
 namespace {
@@ -30,21 +28,10 @@ using Effect = std::function<AngleImage(const AngleImage &, const QImage &)>;
 QImage noise(const QSize &size, std::mt19937 &random)
 {
     QImage image(size, QImage::Format_ARGB32);
-    for (int y = 0; y < size.height(); ++y) {
+    for (int y = 0; y < size.height(); ++y)
         for (int x = 0; x < size.width(); ++x)
             image.setPixel(x, y, (x / 6 + y / 9) % 3 == 0 ? 0U : QRgb(random()) | 0xC0000000U);
-    }
     return image;
-}
-
-AngleImage beveled(const AngleImage &surface, const QImage &sprite)
-{
-    return FilterCreateRimAlgorithm().compute({sprite, surface, {}, 5, 150, 3, true, false});
-}
-
-AngleImage embossed(const AngleImage &surface, const QImage &sprite)
-{
-    return FilterEmbossAlgorithm().compute({sprite, surface, 2.5F, false, 2});
 }
 
 AngleImage structured(AngleImage surface, const QImage &)
@@ -139,8 +126,15 @@ private Q_SLOTS:
     void surfacesAreThoseOfTheFunctions()
     {
         const std::vector<std::pair<const char *, Effect>> commands{
-            {"bevel --width 5 --height 150 --smoothness 3 --down --tile", beveled},
-            {"emboss --height 2.5 --smoothness 2 --down", embossed},
+            {"bevel --width 5 --height 150 --smoothness 3 --down --tile",
+             [](const auto &surface, const auto &sprite) {
+                 return FilterCreateRimAlgorithm().compute(
+                     {sprite, surface, {}, 5, 150, 3, true, false});
+             }},
+            {"emboss --height 2.5 --smoothness 2 --down",
+             [](const auto &surface, const auto &sprite) {
+                 return FilterEmbossAlgorithm().compute({sprite, surface, 2.5F, false, 2});
+             }},
             {"smooth --radius 2.5", [](const auto &s, const auto &) { return smoothened(s, 2.5); }},
             {"structure --pattern Brick --intensity 2.5 --scale 50 --rotation 30", structured},
             {"erase", blended(1.0F, {})},
@@ -169,11 +163,10 @@ private Q_SLOTS:
             addRows(command + QByteArray(values).replace("|", '|' + command),
                     [words](QTestData &row) { row << QByteArray(words); });
         };
-        all("bevel p.vep --width=",
-            "-1|256|60x|2.5||1,2",
-            "--width: it takes a whole number from 0");
+        all("bevel p.vep --width=", "-1|256|60x|2.5||1,2", "--width: it takes a whole");
         all("bevel p.vep --width=9 --height=", "24|401", "a whole number from 25 to 400");
         all("bevel p.vep --width=9 --smoothness=", "-1|256", "from 0 to 255");
+        all("bevel p.vep --width=9 --output-project=", "o.zip|p.vex", "ends in .vep");
         all("emboss p.vep --height=", "0.09|10.1|nan|-inf|1e999|", "a number from 0.1 to 10");
         all("emboss p.vep --height=1 --smoothness=", "0|10|1.5", "from 1 to 9");
         all("smooth p.vep --radius=", "0.49|50.1", "from 0.5 to 50");
@@ -183,22 +176,15 @@ private Q_SLOTS:
         all("structure p.vep --pattern=", "brik|p.vep.png|s|", "bark, brick, ");
         all("erase p.vep --opacity=", "0|101", "from 1 to 100");
         all("fill p.vep --slope=", "1|1,2,3|", "--slope: it takes X,Y");
-        all("fill p.vep --slope=",
-            "-129,0|0,127.5|,",
-            "of --slope: it takes a number from -128 to");
-        all("generate s --output=out --bevel=", "256|60,,9|60,100,9x", "of --bevel: it takes");
-        all("generate s --output=out --bevel=", "1,100,10,5", "at most WIDTH,HEIGHT,SMOOTHNESS");
-        all("generate s --output=out --emboss=", "0|1,", "of --emboss: it takes");
-        all("generate s --output=out --structure=",
-            "brick,21|brick,4,nan|brick,4,100,360",
-            "of --structure: it takes");
-        all("generate s --output=out --structure=",
-            "brick,4x|brick,|brick,1,4,100,90|",
-            "bark, brick");
-        all("generate s --output=out --down", "", "--bevel, --emboss, --structure");
+        all("fill p.vep --slope=", "-129,0|0,127.5|,", "--slope: it takes a number from -128 to");
+        all("generate s --output=o --bevel=", "256|60,,9|60,100,9x", "of --bevel: it takes");
+        all("generate s --output=o --bevel=", "1,100,10,5", "at most WIDTH,HEIGHT,SMOOTHNESS");
+        all("generate s --output=o --emboss=", "0|1,", "of --emboss: it takes");
+        all("generate s --output=o --structure=", "sand,21|sand,4,100,360", "of --structure");
+        all("generate s --output=o --structure=", "sand,4x|sand,|sand,1,4,100,90|", "bark, brick");
+        all("generate s --output=o --down", "", "--bevel, --emboss, --structure");
         all("generate s --bevel=9 --output=", "", "it takes a folder");
         all("generate s --bevel=9 --output=out --suffix=", "/../n", "--suffix: it takes");
-        all("bevel p.vep --width=9 --output-project=", "o.zip|p.vex", "ends in .vep");
     }
     void refusals()
     {
@@ -293,13 +279,11 @@ private Q_SLOTS:
         for (const char *line : {"generate s --bevel 3 --output s",
                                  "generate s --bevel 3 --output s --suffix _other",
                                  "generate s --bevel 3 --output s/bare --suffix="}) {
-            QMap<QString, QByteArray> first;
-            for (const bool isFirst : {true, false}) {
-                QCOMPARE(run(line), 0);
-                QCOMPARE(lines(), 3);
-                first = isFirst ? files() : first;
-                QCOMPARE(files(), first);
-            }
+            QCOMPARE(run(line), 0);
+            const auto first = files();
+            QCOMPARE(run(line), 0);
+            QCOMPARE(lines(), 3);
+            QCOMPARE(files(), first);
         }
         QFile::remove(path("s/a.png"));
         QCOMPARE(run("generate s --bevel 3 --output fresh"), 0);
@@ -317,7 +301,6 @@ private Q_SLOTS:
         QCOMPARE(run("generate s absent.png --bevel 3 --output out --jobs 1"), 4);
         QVERIFY(m_program->says("s/bad.png") && m_program->says("absent.png"));
         QCOMPARE(lines(), 3);
-        QCOMPARE(run("generate s/bad.png --bevel 3 --output out2"), 1);
         QDir().mkpath(path("empty"));
         QCOMPARE(run("generate empty --bevel 3 --output out2"), 1);
         QVERIFY(m_program->says("No sprites found") && !QFileInfo::exists(path("out2")));
@@ -333,16 +316,11 @@ private Q_SLOTS:
         QVERIFY(m_program->output.startsWith(QLatin1String("bark\nbrick\n")));
         QVERIFY(m_program->output.endsWith(QLatin1String("\nwoven-cloth\nbrick\nmy,own,7\n")));
         QCOMPARE(run("patterns --json"), 0);
-        const QByteArray last = m_program->output.toUtf8().trimmed().split('\n').last();
-        const QJsonObject expected{{QStringLiteral("name"), QStringLiteral("my,own,7")},
-                                   {QStringLiteral("file"), path("mine/my,own,7.png")},
-                                   {QStringLiteral("width"), 6},
-                                   {QStringLiteral("height"), 5},
-                                   {QStringLiteral("builtIn"), false}};
-        QCOMPARE(QJsonDocument::fromJson(last).object(), expected);
-
-        // By name, by file name and by path; the program's own comes before the user's of that
-        // name.
+        const QString json = QStringLiteral(
+            R"({"builtIn":false,"file":"%1","height":5,"name":"my,own,7","width":6})");
+        QVERIFY(
+            m_program->output.endsWith(json.arg(path("mine/my,own,7.png")) + QLatin1Char('\n')));
+        // The program's own comes before the user's of that name.
         QVector<QByteArray> maps;
         for (const char *choice :
              {"My,own,7", "my,own,7.png", "mine/my,own,7.png", "brick", "mine/brick.png"}) {
