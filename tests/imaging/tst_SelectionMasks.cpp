@@ -101,8 +101,8 @@ private Q_SLOTS:
                      plainPaste(expected, mask, position, source, rect));
             QCOMPARE(target, expected);
             const FloatImage level(before.width(), before.height(), 0.3F);
-            QCOMPARE(painter.fill(0.3F, rect),
-                     plainPaste(expected, mask, rect.topLeft(), level, rect));
+            const QPoint corner = rect.isNull() ? QPoint() : rect.topLeft();
+            QCOMPARE(painter.fill(0.3F, rect), plainPaste(expected, mask, corner, level, rect));
             QCOMPARE(target, expected);
         }
         FloatImage shifted = floats({{1, 2, 3}});
