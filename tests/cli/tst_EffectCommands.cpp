@@ -91,10 +91,8 @@ class TestEffectCommands : public QObject
     {
         QMap<QString, QByteArray> all;
         QDirIterator walk(path(""), QDir::Files, QDirIterator::Subdirectories);
-        while (walk.hasNext()) {
-            const QString file = walk.next();
-            all.insert(file, contentOf(file));
-        }
+        while (!walk.next().isEmpty())
+            all.insert(walk.filePath(), contentOf(walk.filePath()));
         return all;
     }
 

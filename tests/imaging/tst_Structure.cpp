@@ -6,12 +6,10 @@
 #include "imaging/PatternTiling.h"
 #include "imaging/Patterns.h"
 #include "imaging/StructureSurface.h"
+#include "support/Documents.h"
 #include "support/Pictures.h"
 
-#include <QDir>
-#include <QFile>
 #include <QPainter>
-#include <QTemporaryDir>
 #include <QTest>
 
 #include <cmath>
@@ -86,13 +84,6 @@ int steepness(const QImage &image)
            difference(image.copy({{0, 1}, inner}), corner);
 }
 
-qint64 peakMegabytes()
-{
-    rusage usage{};
-    getrusage(RUSAGE_SELF, &usage);
-    return usage.ru_maxrss / 1024;
-}
-
 } // namespace
 
 class TestStructure : public QObject
@@ -139,6 +130,7 @@ private Q_SLOTS:
     void blocksGiveWhatTheWholeGives()
     {
         const QImage brick(builtInPatterns() + QStringLiteral("/brick.png"));
+        QVERIFY(!brick.isNull());
         for (const auto &[patternSize, scale, size] :
              {std::tuple(brick.size(), 0.5, QSize(120, 90)),
               {QSize(101, 64), 4.0, QSize(120, 90)}, // the tile is made in parts
@@ -160,10 +152,15 @@ private Q_SLOTS:
     void hugeImagesNeedNoHugeMemory()
     {
         const QImage pattern = uniform({6000, 6000}, 0xFF123456U);
-        const qint64 before = peakMegabytes();
+        const auto peakMegabytes = [] {
+            rusage usage{};
+            getrusage(RUSAGE_SELF, &usage);
+            return usage.ru_maxrss / 1024;
+        };
+        const auto before = peakMegabytes();
         for (const double scale : {0.1, 4.0})
             QCOMPARE(tiledPattern(pattern, scale, 45.0, {6000, 16}).size(), QSize(6000, 16));
-        const qint64 needed = peakMegabytes() - before;
+        const auto needed = peakMegabytes() - before;
 #if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
         QVERIFY2(needed < 150, qPrintable(QString::number(needed)));
 #endif
@@ -207,19 +204,24 @@ private Q_SLOTS:
 
     void patternsOfFolders()
     {
-        const QTemporaryDir folder;
-        const QDir root(folder.path());
-        QVERIFY(root.mkpath(QStringLiteral("a/folder.png")) && root.mkpath(QStringLiteral("b")));
-        for (const char *name :
-             {"b/1.png", "a/p10.png", "a/P2.PNG", "a/c.jpeg", "a/d.Jpg", "a/e.gif", "a/f.png.txt"})
-            QVERIFY(QFile(root.filePath(QLatin1String(name))).open(QIODevice::WriteOnly));
-        QStringList expected;
-        for (const char *name : {"b/1.png", "a/c.jpeg", "a/d.Jpg", "a/P2.PNG", "a/p10.png"})
-            expected.append(root.filePath(QLatin1String(name)));
-        QStringList folders{QString()};
-        for (const char *name : {"b", "none", "a"})
-            folders.append(root.filePath(QLatin1String(name)));
-        QCOMPARE(findPatterns(folders), expected);
+        const Folder folder;
+        const auto paths = [&folder](const char *names) {
+            QStringList all = QString::fromLatin1(names).split(QLatin1Char(' '));
+            for (QString &name : all)
+                name = folder.path(name);
+            return all;
+        };
+        for (const char *name : {"b/1.png",
+                                 "a/p10.png",
+                                 "a/P2.PNG",
+                                 "a/c.jpeg",
+                                 "a/d.Jpg",
+                                 "a/e.gif",
+                                 "a/f.png.txt",
+                                 "a/dir.png/e"})
+            folder.write(QLatin1String(name), {});
+        QCOMPARE(findPatterns(QStringList(QString()) + paths("b none a")),
+                 paths("b/1.png a/c.jpeg a/d.Jpg a/P2.PNG a/p10.png"));
         const QStringList builtIn = findPatterns({builtInPatterns()});
         QCOMPARE(builtIn.size(), 12);
         for (const QString &file : builtIn)
