@@ -13,13 +13,14 @@ QPoint plainSnap(const QPoint &offset, int size)
 {
     const double degrees = std::atan2(offset.x(), offset.y()) * 180 / M_PI;
     const double direction = std::floor((degrees + 15 + 1e-6) / 30) * M_PI / 6;
-    const double step = (size / 2) / 4.0;
+    const int centre = size / 2;
+    const double step = centre / 4.0;
     const double ring = std::floor(std::hypot(offset.x(), offset.y()) / step);
     const double radius = std::min(ring, 4.0) * step;
-    const auto pixel = [&](double part) { return int(part * radius + size / 2 + 1e-6); };
-    const QPoint last(size - 1, size - 1);
-    const QPoint found(pixel(std::sin(direction)), pixel(std::cos(direction)));
-    return {std::min(found.x(), last.x()), std::min(found.y(), last.y())};
+    const auto pixel = [&](double part) {
+        return std::min(int(part * radius + centre + 1e-6), size - 1);
+    };
+    return {pixel(std::sin(direction)), pixel(std::cos(direction))};
 }
 
 } // namespace

@@ -9,6 +9,7 @@
 #include "support/Documents.h"
 #include "support/Pictures.h"
 
+#include <QDir>
 #include <QPainter>
 #include <QTest>
 
@@ -220,6 +221,7 @@ private Q_SLOTS:
                                  "a/f.png.txt",
                                  "a/dir.png/e"})
             folder.write(QLatin1String(name), {});
+        QVERIFY(QDir::setCurrent(folder.path(QStringLiteral("a"))));
         QCOMPARE(findPatterns(QStringList(QString()) + paths("b none a")),
                  paths("b/1.png a/c.jpeg a/d.Jpg a/P2.PNG a/p10.png"));
         const QStringList builtIn = findPatterns({builtInPatterns()});
