@@ -20,12 +20,21 @@ QString GFileName::fileName() const
 
 QString GFileName::canonicalPath() const
 {
-    QString canonical = QFileInfo(m_path).canonicalFilePath();
-    if (!canonical.isEmpty() || m_path.isEmpty())
+    QString path = m_path;
+    // A link may lead to a file that is still to be made; as far as the system follows links.
+    constexpr int mostLinks = 40;
+    for (int link = 0; link < mostLinks && !QFileInfo::exists(path); ++link) {
+        const QString target = QFileInfo(path).symLinkTarget();
+        if (target.isEmpty())
+            break;
+        path = QDir::cleanPath(target);
+    }
+    QString canonical = QFileInfo(path).canonicalFilePath();
+    if (!canonical.isEmpty() || path.isEmpty())
         return canonical;
-    // The file is still to be made, perhaps with folders: what is there may stand behind a link.
-    const GFileName folder(QFileInfo(m_path).path());
-    return QDir(folder.canonicalPath()).filePath(fileName());
+    // So may a folder of it.
+    const QFileInfo file(path);
+    return QDir(GFileName(file.path()).canonicalPath()).filePath(file.fileName());
 }
 
 QString GFileName::canonicalFolder() const

@@ -11,10 +11,10 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QHash>
 #include <QPair>
 #include <QSet>
 #include <QThreadPool>
-#include <QVector>
 
 namespace {
 // What is done to each sprite, in this order.
@@ -25,19 +25,20 @@ struct EffectChain
     std::optional<PaintToolStructureParams> structure;
 };
 
-struct Source
-{
-    QString path;
-    bool isNamed = false; ///< by the user, not found in a folder
-};
-
 TypedValues valuesOf(const QString &option, const char *names, const QString &text)
 {
     return {
         option, QString::fromLatin1(names).split(QLatin1Char(',')), text.split(QLatin1Char(','))};
 }
 
-// A pattern's path may hold commas too: the numbers stand at the end.
+bool isNumber(const QString &text)
+{
+    bool isNumber = false;
+    text.toDouble(&isNumber);
+    return isNumber;
+}
+
+// A pattern's path may hold commas and numbers too: what names a pattern is one.
 PaintToolStructureParams structureOf(const QString &text)
 {
     const QString option = QStringLiteral("--structure");
@@ -45,13 +46,9 @@ PaintToolStructureParams structureOf(const QString &text)
         QStringLiteral("intensity"), QStringLiteral("scale"), QStringLiteral("rotation")};
     QStringList pattern = text.split(QLatin1Char(','));
     QStringList numbers;
-    bool isNumber = true;
-    while (pattern.size() > 1 && numbers.size() < names.size()) {
-        pattern.last().toDouble(&isNumber);
-        if (!isNumber)
-            break;
+    while (pattern.size() > 1 && isNumber(pattern.last()) &&
+           !isPattern(pattern.join(QLatin1Char(','))))
         numbers.prepend(pattern.takeLast());
-    }
     PaintToolStructureParams params = structureParams(TypedValues(option, names, numbers));
     params.pattern = patternPicture(pattern.join(QLatin1Char(',')), option);
     return params;
@@ -61,6 +58,10 @@ EffectChain chainOf(const GenerateOptions &options)
 {
     if (!options.bevel && !options.emboss && !options.structure)
         throw Error(QStringLiteral("Say at least one of --bevel, --emboss, --structure"));
+    if (options.isDown && !options.bevel && !options.emboss)
+        throw Error(QStringLiteral("--down is for --bevel and --emboss"));
+    if (options.isTile && !options.bevel)
+        throw Error(QStringLiteral("--tile is for --bevel"));
     EffectChain chain;
     if (options.bevel)
         chain.bevel = bevelParams(
@@ -88,18 +89,14 @@ void checkTarget(const GenerateOptions &options)
 }
 
 // On the pool.
-EncodedNormalMap mapOf(const Source &source, const EffectChain &chain)
+EncodedNormalMap mapOf(const QString &source, const EffectChain &chain)
 {
-    const ReadImage read = readImageFile(source.path);
+    const ReadImage read = readImageFile(source);
     const QImage &sprite = read.image;
     if (sprite.isNull())
-        return {{}, QStringLiteral("Failed to load '%1': %2").arg(source.path, read.problem), {}};
-    if (isNormalMap(sprite)) {
-        const auto reason = QStringLiteral("'%1': it is a normal map").arg(source.path);
-        if (source.isNamed)
-            return {{}, QStringLiteral("Failed to use ") + reason, {}};
-        return {{}, {}, QStringLiteral("Skipped ") + reason};
-    }
+        return {{}, QStringLiteral("Failed to load '%1': %2").arg(source, read.problem), {}};
+    if (isNormalMap(sprite))
+        return {{}, {}, QStringLiteral("Skipped '%1': it is a normal map").arg(source)};
     AngleImage surface;
     if (chain.bevel)
         surface = beveled(*chain.bevel, surface, sprite);
@@ -135,13 +132,10 @@ public:
         for (const QString &path : m_options.sprites)
             find(path);
         if (m_inOutput > 0)
-            m_console.tell(QStringLiteral("Skipped what lies in '%1'").arg(m_output.path()));
-        try {
-            refuseClashes(m_targets, m_protected);
-        } catch (const Error &error) {
-            m_console.complain(error.message());
-            m_console.complain(QStringLiteral("Nothing is written: a map would replace a sprite or "
-                                              "another map; choose another --suffix or --output"));
+            m_console.tell(QStringLiteral("Skipped the normal maps in '%1'").arg(m_output.path()));
+        if (!areTargetsFree()) {
+            m_console.complain(
+                QStringLiteral("Nothing is written; choose another --suffix or --output"));
             return ExitCode::Failed;
         }
         write(chain);
@@ -160,58 +154,73 @@ private:
         // Without a suffix every sprite would be the normal map of itself.
         const SpriteFiles found = findSpriteFiles(
             {path}, m_options.suffix.isEmpty() ? QStringLiteral("_n") : m_options.suffix);
-        for (const QString &folder : found.unreadable)
-            fail(QStringLiteral("Failed to read the folder '%1'").arg(folder));
+        for (const QString &unreadable : found.unreadable)
+            fail(QStringLiteral("Failed to read '%1'").arg(unreadable));
         if (!info.isDir()) {
-            add({found.files.first(), true}, QString());
+            add(found.files.first(), QString());
             return;
         }
         const QDir folder(info.absoluteFilePath());
         const QString output = m_output.canonicalPath();
         const bool isWithin = !isInside(folder.canonicalPath(), output);
-        const auto isResult = [&](const QString &file) {
+        const auto isInOutput = [&](const QString &file) {
             return isWithin && isInside(GFileName(file).canonicalPath(), output);
         };
-        for (const QString &file : found.skipped) {
-            if (isResult(file))
-                ++m_inOutput;
-            else
-                m_console.tell(
-                    QStringLiteral("Skipped '%1': it is the normal map of another sprite")
-                        .arg(file));
-            protect(file);
-        }
+        for (const QString &file : found.skipped)
+            skip(file, isInOutput(file), QStringLiteral("it is the normal map of another sprite"));
         for (const QString &file : found.files) {
-            if (isResult(file)) {
-                ++m_inOutput;
-                protect(file);
-            } else {
-                add({file, false}, QFileInfo(folder.relativeFilePath(file)).path());
-            }
+            if (isInOutput(file))
+                skip(file, true, QStringLiteral("it lies in the folder of the normal maps"));
+            else
+                add(file, QFileInfo(folder.relativeFilePath(file)).path());
         }
     }
 
-    // A picture that is no source for its name or place. When it was not written here, it may be
-    // somebody's work all the same: "_n" can stand for north.
-    void protect(const QString &file)
+    // What was written here before goes without saying.
+    void skip(const QString &file, bool isInOutput, const QString &reason)
     {
-        if (!isNormalMapFile(file))
-            m_protected.insert(GFileName(file).canonicalPath());
+        if (isInOutput && isNormalMapFile(file))
+            ++m_inOutput;
+        else
+            m_console.tell(QStringLiteral("Skipped '%1': %2").arg(file, reason));
     }
 
-    void add(const Source &source, const QString &place)
+    void add(const QString &source, const QString &place)
     {
-        const QString name = normalMapFileName(QFileInfo(source.path).fileName(), m_options.suffix);
+        const QString name = normalMapFileName(QFileInfo(source).fileName(), m_options.suffix);
         const QString folder = QDir(m_output.path()).filePath(place);
         const QString target = GFileName(QDir(folder).filePath(name)).path();
-        const QString canonical = GFileName(source.path).canonicalPath();
+        const QString canonical = GFileName(source).canonicalPath();
         // Named twice, itself or by folders in each other.
         if (m_known.contains({canonical, target}))
             return;
         m_known.insert({canonical, target});
-        m_protected.insert(canonical);
         m_sources.append(source);
         m_targets.append(target);
+    }
+
+    // Says what stands in the way of which map. A file that was not written here is never replaced:
+    // it may be a sprite by another way, or somebody's work ("_n" can stand for north).
+    bool areTargetsFree()
+    {
+        QHash<QString, QString> taken;
+        bool areFree = true;
+        for (int i = 0; i < m_targets.size(); ++i) {
+            const QString &target = m_targets[i];
+            const QString canonical = GFileName(target).canonicalPath();
+            QString trouble;
+            if (taken.contains(canonical))
+                trouble = QStringLiteral("the map of '%1' goes there, too").arg(taken[canonical]);
+            else if (QFileInfo::exists(target) && !isNormalMapFile(target))
+                trouble = QStringLiteral("the file that is there was not written by this program");
+            taken.insert(canonical, m_sources[i]);
+            if (trouble.isEmpty())
+                continue;
+            fail(QStringLiteral("Failed to save the normal map of '%1' as '%2': %3")
+                     .arg(m_sources[i], target, trouble));
+            areFree = false;
+        }
+        return areFree;
     }
 
     void write(const EffectChain &chain)
@@ -245,10 +254,9 @@ private:
     const GenerateOptions &m_options;
     Console &m_console;
     GFileName m_output;
-    QVector<Source> m_sources;
+    QStringList m_sources;
     QStringList m_targets; // of the sources
     QSet<QPair<QString, QString>> m_known;
-    QSet<QString> m_protected;
     int m_inOutput = 0;
     int m_written = 0;
     int m_failures = 0;

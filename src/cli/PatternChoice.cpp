@@ -16,18 +16,22 @@ void append(QVector<Pattern> &patterns, const QString &folder, bool isBuiltIn)
         patterns.append({QFileInfo(file).completeBaseName(), file, isBuiltIn});
 }
 
-// The path of a file where no pattern has that name.
-QString patternFile(const QString &choice, const QString &option)
+// The path of a file where no pattern has that name; empty when there is none either.
+QString patternFile(const QString &choice)
 {
-    QStringList names;
     for (const Pattern &pattern : allPatterns()) {
         if (pattern.name.compare(choice, Qt::CaseInsensitive) == 0 ||
             QFileInfo(pattern.file).fileName() == choice)
             return pattern.file;
-        names.append(pattern.name);
     }
-    if (QFileInfo(choice).isFile())
-        return choice;
+    return QFileInfo(choice).isFile() ? choice : QString();
+}
+
+[[noreturn]] void refuse(const QString &choice, const QString &option)
+{
+    QStringList names;
+    for (const Pattern &pattern : allPatterns())
+        names.append(pattern.name);
     throw Error(
         QStringLiteral("'%1' is no pattern for %2: it takes the path of a PNG or JPEG file, "
                        "or one of %3")
@@ -44,9 +48,16 @@ QVector<Pattern> allPatterns()
     return patterns;
 }
 
+bool isPattern(const QString &choice)
+{
+    return !patternFile(choice).isEmpty();
+}
+
 QImage patternPicture(const QString &choice, const QString &option)
 {
-    const QString file = patternFile(choice, option);
+    const QString file = patternFile(choice);
+    if (file.isEmpty())
+        refuse(choice, option);
     const ReadImage read = readImageFile(file);
     if (read.image.isNull())
         throw Error(QStringLiteral("The pattern '%1' can't be read: %2").arg(file, read.problem));

@@ -100,6 +100,10 @@ ExitCode runChange(const SurfaceOptions &options, Console &console, const Surfac
         return ExitCode::Failed;
     }
     changeSurfaces(bodies, change, console);
+    for (const Body *body : opened.bodies()) {
+        if (body->sprite().isChanged())
+            console.tell(QStringLiteral("Accepted changed sprite: ") + body->name().value());
+    }
     const ExitCode saved = opened.save(options.outputProject);
     return saved == ExitCode::Done && leavesSome ? ExitCode::Partly : saved;
 }

@@ -43,6 +43,8 @@ QString writeMap(const QString &path, const EncodedNormalMap &map)
     SaveDevice device(path, SaveDevice::Sync::Later);
     const bool done = !map.png.isEmpty() && device.open(QIODevice::WriteOnly) &&
                       device.write(map.png) == map.png.size() && device.commit();
+    if (!done && !device.errorString().isEmpty())
+        qWarning("%s: %s", qUtf8Printable(path), qUtf8Printable(device.errorString()));
     return done ? QString() : normalMapFailure(path);
 }
 

@@ -42,6 +42,9 @@ private:
         const QStringList patterns{
             QStringLiteral("*.png"), QStringLiteral("*.jpg"), QStringLiteral("*.jpeg")};
         const QStringList names = sorted(folder.entryList(patterns, QDir::Files));
+        // Links to nothing, pipes, and names that can't be decoded.
+        for (const QString &name : sorted(folder.entryList(patterns, QDir::System)))
+            m_result.unreadable.append(folder.filePath(name));
         QSet<QString> normalMaps;
         for (const QString &name : names)
             normalMaps.insert(normalMapFileName(name, m_suffix));

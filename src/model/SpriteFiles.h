@@ -6,9 +6,10 @@
 /// The image files that a list of files and folders stands for.
 struct SpriteFiles
 {
-    QStringList files;      ///< absolute paths, in the order in which they become bodies
-    QStringList skipped;    ///< normal maps of other sprites, left out
-    QStringList unreadable; ///< folders that can't be listed
+    QStringList files;   ///< absolute paths, in the order in which they become bodies
+    QStringList skipped; ///< normal maps of other sprites, left out
+    QStringList
+        unreadable; ///< folders that can't be listed, and what is named as an image but is no file
 };
 
 /// Replaces every folder in @p paths by the PNG and JPEG files in it and below, names in natural

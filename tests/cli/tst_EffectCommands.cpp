@@ -179,8 +179,11 @@ private Q_SLOTS:
         all("generate s --output=o --bevel=", "1,100,10,5", "at most WIDTH,HEIGHT,SMOOTHNESS");
         all("generate s --output=o --emboss=", "0|1,", "of --emboss: it takes");
         all("generate s --output=o --structure=", "sand,21|sand,4,100,360", "of --structure");
-        all("generate s --output=o --structure=", "sand,4x|sand,|sand,1,4,100,90|", "bark, brick");
+        all("generate s --output=o --structure=", "sand,4x|sand,|san|", "bark, brick");
+        all("generate s --output=o --structure=", "sand,1,4,100,90", "INTENSITY,SCALE,ROTATION");
         all("generate s --output=o --down", "", "--bevel, --emboss, --structure");
+        all("generate s --output=o --structure=sand ", "--down", "--down is for");
+        all("generate s --output=o --emboss=1 ", "--tile", "--tile is for");
         all("generate s --bevel=9 --output=", "", "it takes a folder");
         all("generate s --bevel=9 --output=out --suffix=", "/../n", "--suffix: it takes");
     }
@@ -251,7 +254,8 @@ private Q_SLOTS:
         all(1, "s --output s --suffix=|s --output link --suffix=|@/s --output s/../s --suffix=");
         all(1,
             "s/t/b.png s --output link/t --suffix=|s s/t/b.png --output absent/../s/t --suffix=");
-        // Somebody's pictures that are no sources, and two maps of one name.
+        // Somebody's pictures that are no sources, and two maps of one name, or through links.
+        all(1, "s/u/a.png --output s/u --suffix _north|s/a.png s/c.png --output twins");
         all(1, "s --output s --suffix _north|s --output s/u --suffix=|s s/u --output out");
         all(0, "s s/a.png s --output out --suffix=|s --output link/new/deep|s --output s/t");
     }
@@ -261,6 +265,9 @@ private Q_SLOTS:
         writeNoise("s/u/a.png", {5, 5});
         writeNoise("s/u/a_north.png", {5, 5});
         QVERIFY(QFile::link(path("s"), path("link")));
+        QDir().mkpath(path("twins"));
+        QVERIFY(QFile::link(path("one.png"), path("twins/a_n.png")));
+        QVERIFY(QFile::link(path("twins/a_n.png"), path("twins/c_n.png")));
         const auto before = files();
         const QByteArray line = QByteArray("generate --bevel 3 ") + QTest::currentDataTag();
         QCOMPARE(run(QByteArray(line).replace("@", path("").toUtf8())), code);
@@ -290,13 +297,18 @@ private Q_SLOTS:
         // The maps of an export are known too.
         QCOMPARE(run("export p.vep --output x"), 0);
         QCOMPARE(run("generate x s/a_n.png --bevel 3 --output y"), 1);
-        QVERIFY(m_program->says("Failed to use '") && !QFileInfo::exists(path("y")));
+        QVERIFY(m_program->says("No sprites found") && !QFileInfo::exists(path("y")));
+        // A shell names the maps of an earlier run along with the sprites.
+        QCOMPARE(run("generate s/c.png s/c_n.png --bevel 3 --output s"), 0);
+        QCOMPARE(lines(), 1);
     }
 
     void picturesInTrouble()
     {
         m_folder.write(QStringLiteral("s/bad.png"), "no picture");
+        QVERIFY(QFile::link(path("nowhere.png"), path("s/lost.png")));
         QCOMPARE(run("generate s absent.png --bevel 3 --output out --jobs 1"), 4);
+        QVERIFY(m_program->says("s/lost.png"));
         QVERIFY(m_program->says("s/bad.png") && m_program->says("absent.png"));
         QCOMPARE(lines(), 3);
         QDir().mkpath(path("empty"));
