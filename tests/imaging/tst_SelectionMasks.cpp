@@ -69,8 +69,7 @@ QRect plainPaste(FloatImage &target,
         const float value = source.row(from.y())[from.x()];
         const float weight = mask.isNull() ? 1.0F : mask.row(at.y())[at.x()];
         float &cell = target.row(0)[i];
-        if (weight != 0.0F)
-            cell = mask.isNull() ? value : cell * (1.0F - weight) + value * weight;
+        cell = mask.isNull() ? value : cell * (1.0F - weight) + value * weight;
     }
     return painted;
 }
@@ -148,10 +147,10 @@ private Q_SLOTS:
             QCOMPARE(combined(none, mask, Add), mask);
             QCOMPARE(combined(none, mask, Subtract), FloatImage());
         }
-        QCOMPARE(combined(selection, {}, Add), selection);
-        QCOMPARE(combined(selection, {}, Subtract), selection);
-        for (const SelectionMode mode : {Replace, Add, Subtract})
+        for (const SelectionMode mode : {Replace, Add, Subtract}) {
+            QCOMPARE(combined(selection, {}, mode), mode == Replace ? FloatImage() : selection);
             QCOMPARE(combined(floats({{0, 0}}), floats({{0, 0}}), mode), FloatImage());
+        }
     }
 
     void polygonCoversItsInside()
@@ -161,7 +160,7 @@ private Q_SLOTS:
         for (int round = 0; round < 1000; ++round) {
             const QSize size = randomSize(14, 9, random);
             QPolygon polygon;
-            for (int i = randomInt(3, 7, random); i > 0; --i)
+            for (int i = randomInt(2, 7, random); i > 0; --i)
                 polygon << QPoint(randomInt(-5, 19, random), randomInt(-5, 14, random));
             const FloatImage before = randomFloats(size, 0.1F, 0.9F, random);
             const bool subtract = round % 2 == 0;
@@ -182,12 +181,10 @@ private Q_SLOTS:
     void polygonEnds()
     {
         const QPolygon square(QVector<QPoint>{{1, 0}, {3, 0}, {3, 1}, {1, 1}});
-        const QPolygon line(QVector<QPoint>{{0, 0}, {3, 2}});
         const QPolygon last(QVector<QPoint>{{32668, 0}, {32768, 0}, {32768, 4}, {32668, 4}});
         const FloatImage drawn = floats({{0, 1, 1, 0}, {0, 0, 0, 0}});
         QCOMPARE(combinedWithPolygon({}, square, {4, 2}, false), drawn);
         QCOMPARE(combinedWithPolygon(floats({{1, 1}}), square, {4, 2}, false), drawn);
-        QCOMPARE(combinedWithPolygon(drawn, line, {4, 2}, false), drawn);
         QCOMPARE(combinedWithPolygon(drawn, square, {4, 2}, true), FloatImage());
         QCOMPARE(combinedWithPolygon({}, square, {}, false), FloatImage());
         const FloatImage far = combinedWithPolygon({}, last, {32768, 4}, false);

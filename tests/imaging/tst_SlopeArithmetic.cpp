@@ -35,6 +35,11 @@ qint16 plainBlend(qint16 before, qint16 after, float weight)
     return stored(kept + taken);
 }
 
+qint16 plainCopy(qint16 /*before*/, qint16 after, float /*weight*/)
+{
+    return after;
+}
+
 /// One cell's new value from its old one, the source's and the weight.
 using Rule = qint16 (*)(qint16 before, qint16 source, float weight);
 
@@ -76,30 +81,70 @@ private Q_SLOTS:
         for (int round = 0; round < 2000; ++round) {
             const AngleImage before = randomAngles(randomSize(40, 6, random), random);
             const AngleImage source = randomAngles(randomSize(40, 6, random), random);
-            FloatImage weights = round % 3 == 0 ? FloatImage() : randomMask({19, 4}, random);
+            const QSize size = round % 3 == 1 ? QSize(19, 4) : before.size();
+            FloatImage weights = round % 3 == 0 ? FloatImage() : randomMask(size, random);
             if (round % 3 == 1)
                 weights.row(1)[0] = std::numeric_limits<float>::quiet_NaN();
             const QRect rect = round % 4 == 0 ? QRect() : randomRect(source.size(), random);
             const QRect wanted = rect.isNull() ? source.rect() : rect;
             const QPoint position = randomRect(before.size(), random).topLeft();
-            AngleImage target = before;
-            AngleImage expected = before;
-            QRect changed =
-                plainly(plainSum, expected, weights, position - wanted.topLeft(), source, wanted);
-            QCOMPARE(addSlopes(target, weights, position, source, rect), changed);
-            QCOMPARE(target, expected);
-            QCOMPARE(target.sharesCellsWith(before), changed.isEmpty());
-
+            const QPoint offset = position - wanted.topLeft();
+            const Rule blending = weights.isNull() ? plainCopy : plainBlend;
+            const std::pair<decltype(&addSlopes), Rule> works[] = {{addSlopes, plainSum},
+                                                                   {pasteMasked, blending}};
+            for (const auto &[work, rule] : works) {
+                AngleImage target = before;
+                AngleImage expected = before;
+                const QRect changed = plainly(rule, expected, weights, offset, source, wanted);
+                QCOMPARE(work(target, weights, position, source, rect), changed);
+                QCOMPARE(target, expected);
+                QCOMPARE(target.sharesCellsWith(before), changed.isEmpty());
+            }
             const Pixel slope{qint16(random()), qint16(random())};
             AngleImage even(before.width(), before.height());
             std::fill_n(even.row(0), even.width() * even.height(), slope);
             const QRect all = rect.isNull() ? before.rect() : rect;
-            target = expected = before;
-            changed = weights.isNull() ? copyRegion(expected, {}, even, all)
-                                       : plainly(plainBlend, expected, weights, {}, even, all);
+            AngleImage target = before;
+            AngleImage expected = before;
+            const QRect changed = plainly(blending, expected, weights, {}, even, all);
             QCOMPARE(blendSlope(target, weights, slope, rect), changed);
             QCOMPARE(target, expected);
         }
+    }
+
+    void anImageIntoItself()
+    {
+        std::mt19937 random(5);
+        for (const QPoint position : {QPoint(1, 1), QPoint(-1, -1), QPoint(1, 0), QPoint(0, 1)}) {
+            const AngleImage before = randomAngles(19, 5, random);
+            for (const FloatImage &weights : {FloatImage(), randomMask(before.size(), random)}) {
+                const Rule blending = weights.isNull() ? plainCopy : plainBlend;
+                const std::pair<decltype(&addSlopes), Rule> works[] = {{addSlopes, plainSum},
+                                                                       {pasteMasked, blending}};
+                for (const auto &[work, rule] : works) {
+                    AngleImage expected = before;
+                    plainly(rule, expected, weights, position, before, before.rect());
+                    AngleImage image = before;
+                    image.row(0);
+                    work(image, weights, position, image, {});
+                    QCOMPARE(image, expected);
+                }
+            }
+        }
+    }
+
+    void copyRegionKeepsThePlace()
+    {
+        AngleImage target = angles({{1, 2, 3}, {4, 5, 6}});
+        const AngleImage source = angles({{-1, -2, -3}, {-4, -5, -6}});
+        QCOMPARE(copyRegion(target, {}, source, QRect(1, 1, 9, 9)), QRect(1, 1, 2, 1));
+        QCOMPARE(copyRegion(target, floats({{0, 1, 0}}), source, QRect()), QRect(0, 0, 3, 1));
+        for (const QRect &beside : {QRect(3, 0, 1, 1), QRect(QPoint(2, 2), QPoint(0, 0))})
+            QVERIFY(copyRegion(target, {}, source, beside).isEmpty());
+        QVERIFY(copyRegion(target, {}, AngleImage(), QRect()).isEmpty());
+        QCOMPARE(target, angles({{1, -2, 3}, {4, -5, -6}}));
+        target = {};
+        QVERIFY(copyRegion(target, {}, source, QRect()).isEmpty());
     }
 
     void everyLoopGivesTheSameCells()
@@ -118,6 +163,9 @@ private Q_SLOTS:
                          float(before.row(0)[i].sy) / 256.0F);
                 QCOMPARE(expected.cells.row(0)[i].sx, stored(slopes.row(0)[2 * i]));
             }
+            AngleImage mixed = before;
+            plainly(plainBlend, mixed, weights, {}, source, source.rect());
+            QCOMPARE(expected.mixed, mixed);
         }
     }
 
@@ -200,6 +248,7 @@ private:
         AngleImage added;
         AngleImage addedPartly;
         AngleImage blended;
+        AngleImage mixed;
         AngleImage cells;
         std::vector<float> floats;
         FloatImage lumas;
@@ -215,10 +264,11 @@ private:
     {
         const int width = before.width();
         const std::vector<float> floats(std::size_t(2) * std::size_t(width));
-        Plain result{before, before, before, before, floats, weights};
+        Plain result{before, before, before, before, before, floats, weights};
         loops.add(result.added.row(0), source.row(0), width);
         loops.addWeighted(result.addedPartly.row(0), source.row(0), weights.row(0), width);
         loops.blend(result.blended.row(0), {-1000, 20000}, weights.row(0), width);
+        loops.mix(result.mixed.row(0), source.row(0), weights.row(0), width);
         loops.fromFloats(slopes.row(0), result.cells.row(0), width);
         loops.toFloats(before.row(0), result.floats.data(), width);
         // Any pixels do.

@@ -13,19 +13,18 @@
 #include <QPainter>
 #include <QTest>
 
+#include <algorithm>
 #include <cmath>
 #include <sys/resource.h>
 
 namespace {
 
-// The same colours for every @p alpha.
-QImage noise(const QSize &size, QRgb alpha)
+// Alpha is noise as well.
+QImage noise(const QSize &size)
 {
-    std::mt19937 random(1);
     QImage image(size, QImage::Format_ARGB32);
-    for (int y = 0; y < size.height(); ++y)
-        for (int x = 0; x < size.width(); ++x)
-            image.setPixel(x, y, random() | alpha);
+    std::generate_n(
+        reinterpret_cast<QRgb *>(image.bits()), size.width() * size.height(), std::mt19937(1));
     return image;
 }
 
@@ -39,10 +38,7 @@ QImage uniform(const QSize &size, QRgb colour)
 QImage grid(const QImage &tile, const QSize &size)
 {
     QImage image(size, QImage::Format_RGB32);
-    QPainter painter(&image);
-    for (int y = 0; y < size.height(); y += tile.height())
-        for (int x = 0; x < size.width(); x += tile.width())
-            painter.drawImage(x, y, tile);
+    QPainter(&image).fillRect(image.rect(), QBrush(tile));
     return image;
 }
 
@@ -50,10 +46,10 @@ QImage grid(const QImage &tile, const QSize &size)
 QImage plainTiling(const QImage &pattern, double scale, double rotation, const QSize &size)
 {
     const int side = int(std::max(size.width(), size.height()) * 1.5);
+    scale = std::clamp(scale, 0.1, 4.0);
     QImage tile = pattern.convertToFormat(QImage::Format_RGB32);
     if (scale != 1.0) {
-        const QSize scaled(std::max(1, int(std::floor(tile.width() * scale + 0.5))),
-                           std::max(1, int(std::floor(tile.height() * scale + 0.5))));
+        const QSize scaled = (tile.size() * scale).expandedTo({1, 1});
         const int copies = scaled.width() >= side && scaled.height() >= side ? 1 : 3;
         tile = grid(tile, tile.size() * copies)
                    .scaled(scaled * copies, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
@@ -98,21 +94,17 @@ private Q_SLOTS:
     {
         for (const QSize patternSize :
              {QSize(1, 1), QSize(1, 9), QSize(7, 5), QSize(33, 21), QSize(250, 130)}) {
-            const QImage opaque = noise(patternSize, 0xFF000000U);
-            const QImage pattern = noise(patternSize, 0); // alpha counts for nothing
-            for (const double scale : {0.1, 0.37, 1.0, 1.5, 4.0}) {
+            const QImage pattern = noise(patternSize); // alpha counts for nothing
+            for (const double scale : {0.01, 0.1, 0.37, 1.0, 1.5, 4.0, 99.0}) {
                 for (const double rotation : {0.0, 30.0, 90.0, 180.0, 270.0, 359.0}) {
                     for (const QSize size :
                          {QSize(9, 3), QSize(11, 4), QSize(14, 6), QSize(64, 64)}) {
                         const QImage tiled = tiledPattern(pattern, scale, rotation, size);
                         QCOMPARE(tiled.format(), QImage::Format_RGB32);
-                        QCOMPARE(tiled, plainTiling(opaque, scale, rotation, size));
+                        QCOMPARE(tiled, plainTiling(pattern, scale, rotation, size));
                     }
                 }
             }
-            const QSize size(20, 20);
-            QCOMPARE(tiledPattern(pattern, 0.01, 9, size), tiledPattern(pattern, 0.1, 9, size));
-            QCOMPARE(tiledPattern(pattern, 99, 9, size), tiledPattern(pattern, 4, 9, size));
         }
     }
 
@@ -161,11 +153,10 @@ private Q_SLOTS:
         const auto before = peakMegabytes();
         for (const double scale : {0.1, 4.0})
             QCOMPARE(tiledPattern(pattern, scale, 45.0, {6000, 16}).size(), QSize(6000, 16));
-        const auto needed = peakMegabytes() - before;
+        [[maybe_unused]] const auto needed = peakMegabytes() - before;
 #if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
         QVERIFY2(needed < 150, qPrintable(QString::number(needed)));
 #endif
-        Q_UNUSED(needed)
     }
 
     void nothingComesOfNothing()
@@ -181,13 +172,8 @@ private Q_SLOTS:
     // A body sees the pattern from its third column on, and its first two again.
     void slopesOfLightAndDark()
     {
-        struct Case
-        {
-            QRgb colour;
-            double intensity;
-            int slope; // half of the height's: intensity * (0.2126 R + 0.7152 G + 0.0722 B)
-        };
-        for (const auto &[colour, intensity, slope] : {Case{0xFFFFFFFFU, 8.0, 1020},
+        // Half of the height's: intensity * (0.2126 R + 0.7152 G + 0.0722 B)
+        for (const auto &[colour, intensity, slope] : {std::tuple(0xFFFFFFFFU, 8.0, 1020),
                                                        {0x00FFFFFFU, 0.1, 13},
                                                        {qRgb(200, 100, 50), 10.0, 588}}) {
             QImage pattern = uniform({8, 8}, 0xFF000000U);
@@ -212,14 +198,9 @@ private Q_SLOTS:
                 name = folder.path(name);
             return all;
         };
-        for (const char *name : {"b/1.png",
-                                 "a/p10.png",
-                                 "a/P2.PNG",
-                                 "a/c.jpeg",
-                                 "a/d.Jpg",
-                                 "a/e.gif",
-                                 "a/f.png.txt",
-                                 "a/dir.png/e"})
+        const auto names =
+            "b/1.png a/p10.png a/P2.PNG a/c.jpeg a/d.Jpg a/e.gif a/f.png.txt a/g.png/h";
+        for (const QByteArray &name : QByteArray(names).split(' '))
             folder.write(QLatin1String(name), {});
         QVERIFY(QDir::setCurrent(folder.path(QStringLiteral("a"))));
         QCOMPARE(findPatterns(QStringList(QString()) + paths("b none a")),
@@ -233,48 +214,33 @@ private Q_SLOTS:
     // Light and ambience are halved by their alpha: 0.25, 0.125 and 0.5 come from around.
     void litColours()
     {
-        struct Case
-        {
-            const char *name;
-            QRgb texture;
-            QRgb normal;
-            QVector3D direction;
-            double brightness;
-            QRgb expected;
-        };
         const QRgb colour = qRgb(200, 100, 50);
         const QRgb ambientOnly = qRgb(50, 13, 25);
         const QRgb fullyLit = qRgb(151, 63, 50);
         const QRgb translucent = colour & 0x80FFFFFFU;
         const QVector3D above(0, 0, 7);
         const QVector3D aside(0.866025F, 0, -0.5F); // an angle of 60 degrees with what faces back
-        for (const Case &row :
-             {Case{"from above", colour, flatNormal, above, 100, fullyLit},
+        for (const auto &[name, texture, normal, direction, brightness, expected] :
+             {std::tuple("from above", colour, flatNormal, above, 100.0, fullyLit),
               {"aslant", colour, 0xFF808000U, aside, 200, fullyLit},
               {"facing away", colour, 0xFF7F7F00U, above, 100, ambientOnly},
               {"no direction", colour, flatNormal, {}, 9, ambientOnly},
               {"green is up", colour, 0xFF80FF80U, {0, -1, 0}, 100, fullyLit},
               {"through alpha", translucent, flatNormal, above, 100, qRgba(76, 32, 25, 128)},
               {"cut at alpha", 0x80FFFFFFU, flatNormal, above, 900, qRgba(128, 128, 128, 128)}}) {
-            const Light light{QColor(128, 64, 255, 128),
-                              QColor(255, 255, 255, 128),
-                              row.brightness,
-                              Light::Kind::Direction,
-                              row.direction};
-            const QImage lit =
-                litImage(uniform({1, 1}, row.texture), uniform({1, 1}, row.normal), light);
+            Light light{{128, 64, 255, 128}, {255, 255, 255, 128}, brightness};
+            light.place = direction;
+            const QImage lit = litImage(uniform({1, 1}, texture), uniform({1, 1}, normal), light);
             QCOMPARE(lit.format(), QImage::Format_ARGB32_Premultiplied);
-            QVERIFY2(*reinterpret_cast<const QRgb *>(lit.constBits()) == row.expected, row.name);
+            QVERIFY2(*reinterpret_cast<const QRgb *>(lit.constBits()) == expected, name);
         }
     }
 
     // 45 degrees beside the lamp, grey 0.5 has the root of a half of its light.
     void aLampShinesOnWhatIsBelow()
     {
-        Light light;
-        light.kind = Light::Kind::Position;
-        light.place = {2.5F, 0.5F, 2.0F};
-        const QImage lit = litImage({}, flatNormalMap({5, 3}), light);
+        const Light lamp{.kind = Light::Kind::Position, .place = {2.5F, 0.5F, 2.0F}};
+        const QImage lit = litImage({}, flatNormalMap({5, 3}), lamp);
         QVERIFY(std::abs(qBlue(lit.pixel(2, 0)) - 127) <= 1);
         for (const QPoint &beside : {QPoint(0, 0), QPoint(4, 0), QPoint(2, 2)})
             QVERIFY(std::abs(qBlue(lit.pixel(beside)) - 90) <= 1);

@@ -43,9 +43,9 @@ QMap<QString, QByteArray> contentsOf(const QByteArray &bytes)
 // A small project as the program saves it.
 QByteArray smallProject()
 {
-    QByteArray surface(20000, '\0');
-    for (int i = 0; i < surface.size(); ++i)
-        surface[i] = static_cast<char>((i / 7) * (i % 13));
+    QByteArray surface;
+    for (int i = 0; i < 20000; ++i)
+        surface += static_cast<char>((i / 7) * (i % 13));
     Written written;
     const bool done = written.writer.addDirectory(QStringLiteral("datafiles/")) &&
                       written.add(QStringLiteral("project.vexml"), "<vesperine_project/>") &&
@@ -68,8 +68,8 @@ private Q_SLOTS:
         QCOMPARE(QStringList(contents.keys()).join(QLatin1Char('|')),
                  QStringLiteral("datafiles/|datafiles/empty|datafiles/ä 🦊|project.vexml"));
         const QByteArray &xml = contents.last();
-        QCOMPARE(xml, QByteArray("<vesperine_project/>"));
         const QByteArray packed = contents[QStringLiteral("datafiles/ä 🦊")];
+        QCOMPARE(xml, QByteArray("<vesperine_project/>"));
         QCOMPARE(unpackBytes(packed, 20000).value_or("").size(), 20000);
         QCOMPARE(contents[QStringLiteral("datafiles/empty")], QByteArray());
         // Stored, with these modes: other programs read them as well.
@@ -123,19 +123,17 @@ private Q_SLOTS:
 
     void writerRefusesNames()
     {
-        const auto isRefused = [](const QString &name) {
-            Written written;
-            const bool wasSound = written.add(QStringLiteral("twin"), "x");
-            const qint64 size = written.buffer.size();
-            const bool isAdded =
-                written.add(name, "x") || written.add(QStringLiteral("later"), "x");
-            return wasSound && !isAdded && written.buffer.size() == size &&
-                   !written.writer.close() && !written.writer.reason().isEmpty();
-        };
+        QStringList names{QChar(0xD800), QString(65536, QLatin1Char('a'))};
         for (const char *name : {"", "../a", "a\\b", "a\nb", ".a", "a/", "twin"})
-            QVERIFY2(isRefused(QLatin1String(name)), name);
-        QVERIFY(isRefused(QChar(0xD800)));
-        QVERIFY(isRefused(QString(65536, QLatin1Char('a'))));
+            names << QLatin1String(name);
+        for (const QString &name : names) {
+            Written written;
+            QVERIFY(written.add(QStringLiteral("twin"), "x"));
+            const qint64 size = written.buffer.size();
+            QVERIFY2(!written.add(name, "x"), qPrintable(name));
+            QVERIFY(!written.add(QStringLiteral("later"), "x") && written.buffer.size() == size);
+            QVERIFY(!written.writer.close() && !written.writer.reason().isEmpty());
+        }
     }
 
     void writerStopsAtFourGigabytes()
@@ -190,15 +188,14 @@ private Q_SLOTS:
     {
         const QByteArray text = "slopes slopes slopes";
         const QByteArray stream = qCompress(text).mid(4);
-        const auto unpacks = [](const char *claim,
-                                const QByteArray &stream,
-                                qint64 maximum = 1LL << 40) {
-            return unpackBytes(QByteArray::fromHex(claim) + stream, maximum).value_or("refused");
-        };
-        QCOMPARE(unpacks("00000014", stream, 20), text);
-        QCOMPARE(unpacks("00000000", {}, 0), QByteArray());
-        QCOMPARE(unpacks("00000000", QByteArray::fromHex("789c030000000001"), 0), QByteArray());
         const QByteArray zeros(5'000'000, '\0');
+        const auto unpacks =
+            [](const char *claim, const QByteArray &bytes, qint64 maximum = 1LL << 40) {
+                return unpackBytes(QByteArray::fromHex(claim) + bytes, maximum).value_or("refused");
+            };
+        QCOMPARE(unpacks("00000014", stream, 20), text);
+        for (const char *empty : {"00000000", "00000000789c030000000001"})
+            QCOMPARE(unpacks(empty, {}, 0), QByteArray());
         QCOMPARE(unpacks("", qCompress(zeros, 9), zeros.size()), zeros); // the best ratio
 
         const QByteArray refused = "refused";
@@ -209,8 +206,8 @@ private Q_SLOTS:
         damaged.back() = static_cast<char>(damaged.back() ^ 1);
         for (const QByteArray &bad : {QByteArray(), stream.chopped(1), stream + 'x', damaged})
             QCOMPARE(unpacks("00000014", bad), refused);
-        QCOMPARE(unpacks("", {}), refused);
-        QCOMPARE(unpacks("000000", {}), refused);
+        for (const char *cut : {"", "000000"})
+            QCOMPARE(unpacks(cut, {}), refused);
     }
 
     // Whatever becomes of the file on its way: what is still read is what was saved.
