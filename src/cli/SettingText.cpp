@@ -3,6 +3,7 @@
 #include "base/Error.h"
 #include "base/PlainText.h"
 #include "model/properties/GenericPropertyVisitor.h"
+#include "model/properties/PropertyDescriptionTypes.h"
 
 namespace {
 class TextOf final : public GenericPropertyVisitor<TextOf>

@@ -1,6 +1,8 @@
 #include "model/Project.h"
 
 #include "model/Sprite.h"
+#include "model/properties/PropertyDescriptionList.h"
+#include "model/properties/PropertyDescriptionTypes.h"
 #include "model/properties/PropertyT.h"
 
 namespace {

@@ -1,6 +1,7 @@
 #include "model/properties/PropertyEnum.h"
 
 #include "base/Error.h"
+#include "model/properties/PropertyDescriptionTypes.h"
 
 #include <QCoreApplication>
 

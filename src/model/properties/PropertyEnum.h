@@ -1,5 +1,6 @@
 #pragma once
 
+#include "model/properties/PropertyEnumElement.h"
 #include "model/properties/PropertyT.h"
 
 /// One element of the enumeration that its description lists.

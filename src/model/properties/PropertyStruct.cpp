@@ -1,6 +1,7 @@
 #include "model/properties/PropertyStruct.h"
 
 #include "base/Error.h"
+#include "model/properties/PropertyDescriptionList.h"
 #include "model/properties/PropertyVisitor.h"
 
 #include <QCoreApplication>

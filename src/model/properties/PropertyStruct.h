@@ -1,11 +1,12 @@
 #pragma once
 
 #include "model/properties/Property.h"
-#include "model/properties/PropertyDescription.h"
 
 #include <QVector>
 
 #include <memory>
+
+class PropertyDescriptionList;
 
 /// Named fields in the order in which they were added, which is also their order in a file.
 class PropertyStruct : public Property

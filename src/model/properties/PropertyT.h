@@ -7,9 +7,12 @@
 #include "model/properties/PropertyVisitor.h"
 
 #include "base/GCircle.h"
+#include "base/GFileName.h"
 #include "base/GPolygonF.h"
 
+#include <QColor>
 #include <QRectF>
+#include <QVector3D>
 
 /// A property that holds one value.
 template <class T>

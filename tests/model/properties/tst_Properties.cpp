@@ -1,6 +1,8 @@
 #include "base/Error.h"
 #include "model/properties/ClonePropertyVisitor.h"
 #include "model/properties/GProject.h"
+#include "model/properties/PropertyDescriptionList.h"
+#include "model/properties/PropertyDescriptionTypes.h"
 #include "model/properties/PropertyEnum.h"
 #include "model/properties/PropertyReference.h"
 #include "model/properties/PropertyStructFactory.h"

@@ -2,6 +2,8 @@
 #include "model/properties/DataFiles.h"
 #include "model/properties/GProject.h"
 #include "model/properties/PropertyByteArray.h"
+#include "model/properties/PropertyDescriptionList.h"
+#include "model/properties/PropertyDescriptionTypes.h"
 #include "model/properties/PropertyEnum.h"
 #include "model/properties/PropertyReference.h"
 #include "model/properties/PropertyXMLReader.h"
