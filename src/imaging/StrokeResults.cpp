@@ -7,12 +7,14 @@
 
 namespace {
 
-void restore(AngleImage &current, const AngleImage &start, const QRect &area)
+// Puts back what the stroke began with. Returns the part of the rectangle that lies on the surface.
+QRect restored(AngleImage &current, const AngleImage &start, const QRect &rect)
 {
-    if (start.isNull())
-        blendSlope(current, {}, {}, area);
-    else
-        copyRegion(current, {}, start, area);
+    const QRect area = clipped(rect, current.rect());
+    if (area.isEmpty())
+        return {};
+    return start.isNull() ? blendSlope(current, {}, {}, area)
+                          : copyRegion(current, {}, start, area);
 }
 
 } // namespace
@@ -26,10 +28,9 @@ QRect applyHeights(AngleImage &current,
     const QRect inside = clipped(changed, current.rect());
     if (inside.isEmpty())
         return {};
-    const QRect area = clipped(inside.adjusted(-reach, -reach, reach, reach), current.rect());
+    const QRect area = restored(current, start, inside.adjusted(-reach, -reach, reach, reach));
     AngleImage slopes;
     heightsToAngles(heights, slopes, area);
-    restore(current, start, area);
     return addSlopes(current, {}, area.topLeft(), slopes);
 }
 
@@ -39,11 +40,8 @@ QRect applySlope(AngleImage &current,
                  const QRect &changed,
                  AngleImage::Pixel slope)
 {
-    const QRect area = clipped(changed, current.rect());
-    if (area.isEmpty())
-        return {};
-    restore(current, start, area);
-    return blendSlope(current, coverage, slope, area);
+    const QRect area = restored(current, start, changed);
+    return area.isEmpty() ? QRect() : blendSlope(current, coverage, slope, area);
 }
 
 QRect applySmoothened(AngleImage &current,
@@ -52,11 +50,10 @@ QRect applySmoothened(AngleImage &current,
                       const QRect &changed,
                       const AngleImage &smoothened)
 {
-    const QRect area = clipped(changed, current.rect());
-    if (area.isEmpty() || smoothened.isNull())
+    if (smoothened.isNull())
         return {};
-    restore(current, start, area);
-    return copyRegion(current, coverage, smoothened, area);
+    const QRect area = restored(current, start, changed);
+    return area.isEmpty() ? QRect() : copyRegion(current, coverage, smoothened, area);
 }
 
 QRect applyStructure(AngleImage &current,
@@ -65,9 +62,8 @@ QRect applyStructure(AngleImage &current,
                      const QRect &changed,
                      const AngleImage &structure)
 {
-    const QRect area = clipped(changed, current.rect());
-    if (area.isEmpty() || structure.isNull())
+    if (structure.isNull())
         return {};
-    restore(current, start, area);
-    return addSlopes(current, coverage, area.topLeft(), structure, area);
+    const QRect area = restored(current, start, changed);
+    return area.isEmpty() ? QRect() : addSlopes(current, coverage, area.topLeft(), structure, area);
 }

@@ -1,11 +1,10 @@
 #include "model/SpriteFiles.h"
 
-#include <QCollator>
+#include "imaging/NaturalOrder.h"
+
 #include <QDir>
 #include <QFileInfo>
 #include <QSet>
-
-#include <algorithm>
 
 namespace {
 class FolderWalk
@@ -15,8 +14,6 @@ public:
         : m_suffix(suffix)
         , m_result(result)
     {
-        m_collator.setNumericMode(true);
-        m_collator.setCaseSensitivity(Qt::CaseInsensitive);
     }
 
     void addFolder(const QString &path)
@@ -32,7 +29,8 @@ public:
             return;
         }
         addFiles(folder);
-        for (const QString &name : sorted(folder.entryList(QDir::Dirs | QDir::NoDotAndDotDot)))
+        for (const QString &name :
+             inNaturalOrder(folder.entryList(QDir::Dirs | QDir::NoDotAndDotDot)))
             addFolder(folder.filePath(name));
     }
 
@@ -41,9 +39,9 @@ private:
     {
         const QStringList patterns{
             QStringLiteral("*.png"), QStringLiteral("*.jpg"), QStringLiteral("*.jpeg")};
-        const QStringList names = sorted(folder.entryList(patterns, QDir::Files));
-        // Links to nothing, pipes, and names that can't be decoded.
-        for (const QString &name : sorted(folder.entryList(patterns, QDir::System)))
+        const QStringList names = inNaturalOrder(folder.entryList(patterns, QDir::Files));
+        // Links to nothing, and pipes.
+        for (const QString &name : inNaturalOrder(folder.entryList(patterns, QDir::System)))
             m_result.unreadable.append(folder.filePath(name));
         QSet<QString> normalMaps;
         for (const QString &name : names)
@@ -54,19 +52,8 @@ private:
         }
     }
 
-    QStringList sorted(QStringList names) const
-    {
-        std::sort(names.begin(), names.end(), [this](const QString &a, const QString &b) {
-            const int order = m_collator.compare(a, b);
-            return order == 0 ? a < b : order < 0;
-        });
-        return names;
-    }
-
     QString m_suffix;
     SpriteFiles &m_result;
-    // The plain C locale knows no numbers in names.
-    QCollator m_collator{QLocale(QLocale::English)};
     QSet<QString> m_seen;
 };
 } // namespace
