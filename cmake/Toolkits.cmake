@@ -1,13 +1,13 @@
 # The outside libraries, the compiler's settings and the compiler cache.
 
-find_package(Qt5 5.15 REQUIRED COMPONENTS Core Gui Widgets Xml Concurrent)
+find_package(Qt5 5.15 REQUIRED COMPONENTS Core Gui Widgets Xml Concurrent Network Svg)
 if(VESPERINE_BUILD_TESTS)
     find_package(Qt5 5.15 REQUIRED COMPONENTS Test)
 endif()
 find_package(ZLIB REQUIRED)
 
 # Version-neutral targets for a release of the toolkit that has none.
-foreach(module Core Gui GuiPrivate Widgets Xml Concurrent Test)
+foreach(module Core Gui GuiPrivate Widgets Xml Concurrent Network Svg Test)
     if(TARGET Qt5::${module} AND NOT TARGET Qt::${module})
         add_library(Qt::${module} ALIAS Qt5::${module})
     endif()

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "framework/Theme.h"
+
+#include <QApplication>
+
+#include <memory>
+
+class GSettings;
+
+/// The generic application: settings, theme, and the files that the desktop wants opened.
+class GApplication : public QApplication
+{
+    Q_OBJECT
+
+public:
+    /// What has to be set before the application object is made: scaling and names.
+    static void prepare();
+    /// Why no window can be shown, empty when one can. Works without an application object, whose
+    /// constructor would abort.
+    static QString missingDisplay();
+
+    GApplication(int &argc, char **argv);
+    ~GApplication() override;
+
+    GSettings &settings() { return *m_settings; }
+    /// The theme that is kept under the setting "theme".
+    ThemeChoice theme() const;
+    void setTheme(ThemeChoice choice);
+
+    bool event(QEvent *event) override;
+
+Q_SIGNALS:
+    /// The desktop asks to open @p path.
+    void openRequested(const QString &path);
+    /// Icons and palettes of own make are to be made anew.
+    void themeChanged();
+
+private:
+    std::unique_ptr<GSettings> m_settings;
+};

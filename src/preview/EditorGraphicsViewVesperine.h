@@ -1,0 +1,13 @@
+#pragma once
+
+#include "preview/EditorGraphicsView.h"
+
+/// The view of the sprites, drawn by OpenGL.
+class EditorGraphicsViewVesperine : public EditorGraphicsView
+{
+    Q_OBJECT
+
+public:
+    explicit EditorGraphicsViewVesperine(QWidget *parent = nullptr);
+    ~EditorGraphicsViewVesperine() override;
+};

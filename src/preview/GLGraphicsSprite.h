@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QGraphicsItem>
+#include <QImage>
+
+/// A sprite as the scene draws it: three images and a texture for each. Textures are made at the
+/// first draw and belong to the OpenGL context of the view.
+class GLGraphicsSprite : public QGraphicsItem
+{
+public:
+    enum { Type = UserType + 1 };
+
+    explicit GLGraphicsSprite(QGraphicsItem *parent = nullptr);
+    ~GLGraphicsSprite() override;
+
+    int type() const override { return Type; }
+    QRectF boundingRect() const override;
+    /// Draws nothing: the scene draws all sprites itself in its background pass.
+    void paint(QPainter *painter, const QStyleOptionGraphicsItem *option, QWidget *widget) override;
+
+    const QImage &colorImage() const { return m_color; }
+    const QImage &normalImage() const { return m_normals; }
+    void setColorImage(const QImage &image);
+    /// Only @p changed, in pixels, is uploaded again; a null rectangle means the whole image.
+    void setNormalImage(const QImage &image, const QRect &changed = QRect());
+    /// Alpha above one half where pixels are selected; null for no selection.
+    void setSelectionImage(const QImage &image);
+    bool hasSelection() const { return !m_selection.isNull(); }
+
+private:
+    QImage m_color;
+    QImage m_normals;
+    QImage m_selection;
+};

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QVector>
+#include <QWidget>
+
+class GAction;
+
+/// Shows and sets the zoom in percent, and owns the zoom actions.
+class ZoomWidget : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit ZoomWidget(QWidget *parent = nullptr);
+
+    double zoom() const { return m_zoom; }
+    /// "Zoom In", "Zoom Out", "Zoom 1:1", "Zoom Fit", in this order.
+    QVector<GAction *> zoomActions() const;
+
+public Q_SLOTS:
+    /// Shows @p zoom (1 is 100 percent) without a signal.
+    void setZoom(double zoom);
+
+Q_SIGNALS:
+    void zoomRequested(double zoom);
+    void fitRequested();
+
+private:
+    double m_zoom = 1.0;
+};

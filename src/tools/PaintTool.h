@@ -1,0 +1,70 @@
+#pragma once
+
+#include "imaging/AngleImage.h"
+#include "imaging/FloatImage.h"
+#include "tools/AngleImageTool.h"
+#include "tools/InteractionMode.h"
+#include "tools/ScalableToolCursor.h"
+#include "tools/ToolContext.h"
+#include "tools/ToolPointerEvent.h"
+
+#include <QImage>
+#include <QRect>
+
+#include <memory>
+
+QT_BEGIN_NAMESPACE
+class QGraphicsItem;
+class QWidget;
+QT_END_NAMESPACE
+
+/// Base of all tools: the interface between the scene, which forwards events, and what is done with
+/// them. A tool never writes the document: it announces what it has made and commits it once. It
+/// lives as long as the sidebar, its settings panel is its own.
+class PaintTool : public AngleImageTool
+{
+    Q_OBJECT
+
+public:
+    PaintTool(const QIcon &icon,
+              const QString &label,
+              const QString &shortLabel,
+              const QString &shortcut,
+              QObject *parent = nullptr);
+    ~PaintTool() override;
+
+    QString text() const;
+    QWidget *settingsPanel() const { return m_settingsPanel.get(); }
+    /// 0 for tools that paint nothing, 1 for brushes, 2 for the brush that sets an angle.
+    virtual int kind() const { return 0; }
+
+    /// The tool is used on a body with @p image as its surface from now on.
+    virtual void activate(const ToolContext &context, const AngleImage &image);
+    virtual void deactivate();
+
+    // Positions are pixels of the body's image.
+    virtual void mousePress(const ToolPointerEvent &event);
+    virtual void mouseMove(const ToolPointerEvent &event);
+    virtual void mouseRelease(const ToolPointerEvent &event);
+    virtual void mouseDoubleClick(const ToolPointerEvent &event);
+    virtual void keyPress(int key, Qt::KeyboardModifiers modifiers);
+    virtual void keyRelease(int key, Qt::KeyboardModifiers modifiers);
+    /// Shown above the sprite while the tool is active; owned by the tool, null for none.
+    virtual QGraphicsItem *overlayItem() const { return nullptr; }
+
+public Q_SLOTS:
+    virtual void updateTexture(QImage image);
+    virtual void updateNormalMap(AngleImage normalmap);
+    virtual void updateSelection(FloatImage selection);
+
+Q_SIGNALS:
+    void cursorChanged(ScalableToolCursor paintToolCursor);
+    /// @p normalMap is the piece at @p changedArea, or the whole surface.
+    void temporaryNormalMapChanged(AngleImage normalMap, QRect changedArea = QRect());
+    void commitNormalMap(QString undoText);
+    void selectionChanged(FloatImage selection, QString undoText, bool mergeWithPrevious = false);
+    void interactionModeChanged(InteractionMode mode);
+
+private:
+    std::unique_ptr<QWidget> m_settingsPanel;
+};

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <QPointF>
+#include <Qt>
+
+/// A press, move, release or double click, as tools see it.
+struct ToolPointerEvent
+{
+    QPointF position;      ///< in pixels of the sprite, which may lie outside of it
+    double pressure = 1.0; ///< 0 to 1; a mouse presses fully
+    Qt::MouseButtons buttons = Qt::NoButton;
+    Qt::MouseButton changedButton = Qt::NoButton; ///< none for a move
+    Qt::KeyboardModifiers modifiers = Qt::NoModifier;
+};

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QStringList>
+#include <QVector>
+#include <QWidget>
+
+class PropertyStruct;
+
+/// Editors for the described fields of structs of one class, one row a field: label left, editor
+/// right. Several structs are edited at once; where their values differ the editor shows that, and
+/// one edit is one undo step for all. The structs are borrowed; who removes one sets others first.
+class PropertyStructEdit : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit PropertyStructEdit(QWidget *parent = nullptr);
+    ~PropertyStructEdit() override;
+
+    /// Edits the fields of @p structs whose keys contain @p keyPart; fields of structs inside them
+    /// too. Empty shows nothing.
+    void setStructs(const QVector<PropertyStruct *> &structs, const QString &keyPart = QString());
+};
