@@ -1,5 +1,7 @@
 #include "imaging/LitImage.h"
 
+#include <QPainter>
+
 #include <algorithm>
 
 namespace {
@@ -98,5 +100,13 @@ QImage litImage(const QImage &texture, const QImage &normalMap, const Light &lig
             pixels[x] = litPixel(surface, illumination.at(x, y, normal[x]));
         }
     }
+    return result;
+}
+
+QImage overBlack(const QImage &lit)
+{
+    QImage result(lit.size(), QImage::Format_RGB32);
+    result.fill(Qt::black);
+    QPainter(&result).drawImage(0, 0, lit);
     return result;
 }
