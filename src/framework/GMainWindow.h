@@ -46,6 +46,8 @@ protected:
     virtual bool isDocumentModified() const = 0;
     /// Versions, paths, graphics: what a report of a fault needs, in lines.
     virtual QString systemInformation() const = 0;
+    /// What has the focus when no editor has.
+    virtual QWidget *documentWidget() const { return centralWidget(); }
 
     /// To be called when the document or its modified state has become another.
     void updateTitle();
@@ -63,6 +65,9 @@ protected:
     QMenu *createHelpMenu();
     GAction &openAction();
     GAction &saveAction();
+    GAction &manualAction();
+    /// What the system information dialog shows.
+    QString fullSystemInformation() const;
     /// Opens the list of shortcuts: those of all actions, and @p gestures as pairs of what to do
     /// and what happens, set by the derived window.
     void setGestures(const QList<QPair<QString, QString>> &gestures);
