@@ -10,6 +10,7 @@ void initialiseResources()
     Q_INIT_RESOURCE(manual);
     Q_INIT_RESOURCE(painttoolicons);
     Q_INIT_RESOURCE(patterns);
+    Q_INIT_RESOURCE(shaders);
     Q_INIT_RESOURCE(startscreen);
     Q_INIT_RESOURCE(view);
 }

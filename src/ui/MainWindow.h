@@ -27,6 +27,7 @@ public:
     explicit MainWindow(GApplication &application, QWidget *parent = nullptr);
     ~MainWindow() override;
 
+    Project &project() const { return m_controller.project(); }
     /// Opens a project among @p paths, or adds what else they name as sprites.
     void openOrAdd(const QStringList &paths);
 
