@@ -50,6 +50,14 @@ bool PanelArea::eventFilter(QObject *watched, QEvent *event)
     return QScrollArea::eventFilter(watched, event);
 }
 
+QLabel *createSidebarTitle(const QString &text, QWidget *parent)
+{
+    QLabel *title = createPanelTitle(text, parent);
+    title->setForegroundRole(QPalette::WindowText);
+    title->setContentsMargins(scaled(12), scaled(12), scaled(12), scaled(8));
+    return title;
+}
+
 QLabel *createPanelTitle(const QString &text, QWidget *parent)
 {
     auto *title = new QLabel(text, parent);

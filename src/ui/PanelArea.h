@@ -28,6 +28,9 @@ private:
     QBoxLayout *m_layout;
 };
 
+/// The title of a sidebar, at its edges.
+QLabel *createSidebarTitle(const QString &text, QWidget *parent = nullptr);
+
 /// The title of a group of controls: small, semi-bold, quiet.
 QLabel *createPanelTitle(const QString &text, QWidget *parent = nullptr);
 

@@ -1,7 +1,9 @@
 #include "ui/ShapeTreeView.h"
 
 #include "framework/UiScale.h"
+#include "model/Body.h"
 #include "model/ItemSelectionModel.h"
+#include "ui/DroppedPaths.h"
 #include "ui/SpriteDelegate.h"
 #include "ui/SpriteListModel.h"
 
@@ -10,22 +12,10 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScopedValueRollback>
-#include <QUrl>
 
 #include <algorithm>
 
 namespace {
-QStringList localPaths(const QMimeData &data)
-{
-    QStringList paths;
-    const QList<QUrl> urls = data.urls();
-    for (const QUrl &url : urls) {
-        if (url.isLocalFile())
-            paths.append(url.toLocalFile());
-    }
-    return paths;
-}
-
 // A source that moves files would delete them after the drop.
 void acceptCopy(QDropEvent &event)
 {
@@ -146,7 +136,7 @@ void ShapeTreeView::paintEvent(QPaintEvent *event)
 
 void ShapeTreeView::dragEnterEvent(QDragEnterEvent *event)
 {
-    if (localPaths(*event->mimeData()).isEmpty())
+    if (droppedPaths(*event->mimeData()).isEmpty())
         return;
     setDropTarget(true);
     acceptCopy(*event);
@@ -166,7 +156,7 @@ void ShapeTreeView::dragLeaveEvent(QDragLeaveEvent *event)
 void ShapeTreeView::dropEvent(QDropEvent *event)
 {
     setDropTarget(false);
-    const QStringList paths = localPaths(*event->mimeData());
+    const QStringList paths = droppedPaths(*event->mimeData());
     if (paths.isEmpty())
         return;
     acceptCopy(*event);

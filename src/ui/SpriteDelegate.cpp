@@ -16,7 +16,7 @@ namespace {
 constexpr int thumbnailSide = 40;
 constexpr int rowMargin = 4;
 constexpr int edge = 12;
-constexpr int statusSide = 20;
+constexpr int statusSide = 24;
 constexpr int corner = 3;
 
 QColor mixed(const QColor &from, const QColor &to, double part)
@@ -36,12 +36,6 @@ QRect thumbnailArea(const QRect &row)
 {
     const int side = scaled(thumbnailSide);
     return {row.left() + scaled(edge), row.center().y() - side / 2 + 1, side, side};
-}
-
-QRect statusArea(const QRect &row)
-{
-    const int side = scaled(statusSide);
-    return {row.right() + 1 - scaled(edge) - side, row.center().y() - side / 2 + 1, side, side};
 }
 
 // Small sprites grow in whole steps, so that their pixels stay crisp. Large ones are reduced
@@ -101,18 +95,14 @@ QPixmap drawThumbnail(const QImage &image, const QPalette &palette, int side, do
 
 void drawBackground(QPainter &painter, const QStyleOptionViewItem &option)
 {
-    const bool isSelected = option.state & QStyle::State_Selected;
-    if (isSelected) {
-        painter.fillRect(option.rect, option.palette.highlight());
-    } else if (option.state & QStyle::State_MouseOver) {
-        QColor hover = option.palette.color(QPalette::Text);
-        hover.setAlphaF(0.07);
-        painter.fillRect(option.rect, hover);
-    }
+    const QStyle *style = option.widget ? option.widget->style() : QApplication::style();
+    style->drawPrimitive(QStyle::PE_PanelItemViewItem, &option, &painter, option.widget);
     if (!(option.state & QStyle::State_HasFocus))
         return;
-    painter.setPen(option.palette.color(isSelected ? QPalette::HighlightedText : QPalette::Text));
-    painter.drawRect(option.rect.adjusted(1, 1, -2, -2));
+    QStyleOptionFocusRect focus;
+    focus.QStyleOption::operator=(option);
+    focus.rect = option.rect.adjusted(1, 1, -1, -1);
+    style->drawPrimitive(QStyle::PE_FrameFocusRect, &focus, &painter, option.widget);
 }
 
 void drawLines(QPainter &painter,
@@ -156,18 +146,17 @@ void SpriteDelegate::paint(QPainter *painter,
 {
     painter->save();
     drawBackground(*painter, option);
-    const double pixelRatio = painter->device()->devicePixelRatioF();
+    const QRect picture = thumbnailArea(option.rect);
     const auto image = index.data(SpriteListModel::imageRole).value<QImage>();
-    painter->drawPixmap(thumbnailArea(option.rect).topLeft(),
-                        thumbnail(image, option.palette, pixelRatio));
-    QRect area = textArea(option.rect);
+    painter->drawPixmap(
+        picture.topLeft(),
+        thumbnail(image, option.palette, painter->device()->devicePixelRatioF()));
     const QString status = index.data(SpriteListModel::statusIconRole).toString();
     if (!status.isEmpty()) {
-        const QRect icon = statusArea(option.rect);
-        themedIcon(status).paint(painter, icon);
-        area.setRight(icon.left() - scaled(2 * rowMargin));
+        const int gap = scaled((thumbnailSide - statusSide) / 2);
+        themedIcon(status).paint(painter, picture.adjusted(gap, gap, -gap, -gap));
     }
-    drawLines(*painter, area, option, index);
+    drawLines(*painter, textArea(option.rect), option, index);
     painter->restore();
 }
 

@@ -61,8 +61,7 @@ SpritesSidebar::SpritesSidebar(ItemSelectionModel &selection, QWidget *parent)
     connect(m_autoRotate, &QAction::toggled, this, &SpritesSidebar::autoRotateLightToggled);
     addAction(m_autoRotate);
 
-    auto *title = createPanelTitle(tr("Sprites"));
-    title->setContentsMargins(scaled(edge), scaled(edge), scaled(edge), scaled(8));
+    auto *title = createSidebarTitle(tr("Sprites"));
     title->setBuddy(m_list);
     auto *panels = new PanelArea;
     panels->addPanel(createSpritePanel());
@@ -78,9 +77,9 @@ SpritesSidebar::SpritesSidebar(ItemSelectionModel &selection, QWidget *parent)
     layout->addWidget(panels);
 
     connect(&m_selection, &ItemSelectionModel::bodySelectionChanged, this, [this] {
-        showSelectedSprites();
+        showSprites(m_selection.selection());
     });
-    showSelectedSprites();
+    showSprites({});
     showPanels(litTexture);
 }
 
@@ -92,7 +91,7 @@ void SpritesSidebar::setProject(Project *project)
     m_lightEdit->setStructs(project ? QVector<PropertyStruct *>{project}
                                     : QVector<PropertyStruct *>(),
                             QStringLiteral("light"));
-    showSelectedSprites();
+    showSprites(project ? m_selection.selection() : QList<Body *>());
 }
 
 int SpritesSidebar::displayMode() const
@@ -222,11 +221,11 @@ void SpritesSidebar::showPanels(int mode)
     m_normalMapPanel->setVisible(mode == normalMap);
 }
 
-void SpritesSidebar::showSelectedSprites()
+void SpritesSidebar::showSprites(const QList<Body *> &bodies)
 {
-    QVector<PropertyStruct *> bodies;
-    for (Body *body : m_selection.selection())
-        bodies.append(body);
-    m_spriteEdit->setStructs(bodies);
+    QVector<PropertyStruct *> structs;
+    for (Body *body : bodies)
+        structs.append(body);
+    m_spriteEdit->setStructs(structs);
     m_spritePanel->setVisible(!bodies.isEmpty());
 }

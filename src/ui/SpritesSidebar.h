@@ -4,6 +4,7 @@
 
 #include <array>
 
+class Body;
 class GAction;
 class ItemSelectionModel;
 class Project;
@@ -49,7 +50,7 @@ private:
     QWidget *createNormalMapPanel();
     QWidget *createAutoRotateRow();
     void showPanels(int mode);
-    void showSelectedSprites();
+    void showSprites(const QList<Body *> &bodies);
 
     ItemSelectionModel &m_selection;
     ShapeTreeView *m_list;

@@ -2,6 +2,7 @@
 
 #include "framework/GAction.h"
 #include "framework/UiScale.h"
+#include "model/Body.h"
 #include "model/ItemSelectionModel.h"
 #include "tools/PaintTool.h"
 #include "ui/PanelArea.h"
@@ -52,7 +53,7 @@ bool hasControls(const PaintTool &tool)
 QString helpOn(const PaintTool &tool)
 {
     const QString tip = tool.action().statusTip();
-    return tip.isEmpty() ? ToolsSidebar::tr("%1 has no settings.").arg(tool.text()) : tip;
+    return tip.isEmpty() ? ToolsSidebar::tr("This tool has no settings.") : tip;
 }
 } // namespace
 
@@ -74,13 +75,11 @@ ToolsSidebar::ToolsSidebar(ItemSelectionModel &selection,
     policy.setHorizontalStretch(0);
     setSizePolicy(policy);
 
-    auto *title = createPanelTitle(tr("Tools"));
-    title->setContentsMargins(scaled(edge), scaled(edge), scaled(edge), 0);
     std::vector<AngleImageTool *> shown;
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
-    layout->addWidget(title);
+    layout->addWidget(createSidebarTitle(tr("Tools")));
     for (const auto &effect : m_effects)
         shown.push_back(effect.get());
     layout->addWidget(createButtons(tr("Effects"), shown));
@@ -149,9 +148,11 @@ QWidget *ToolsSidebar::createButtons(const QString &title,
 {
     auto *group = new QWidget;
     auto *grid = new QGridLayout(group);
-    grid->setContentsMargins(scaled(edge), scaled(edge), scaled(edge), scaled(4));
+    grid->setContentsMargins(scaled(edge), scaled(4), scaled(edge), scaled(edge));
     grid->setSpacing(scaled(4));
-    grid->addWidget(createPanelTitle(title), 0, 0, 1, buttonsInARow);
+    QLabel *heading = createPanelTitle(title);
+    heading->setContentsMargins(0, 0, 0, scaled(4));
+    grid->addWidget(heading, 0, 0, 1, buttonsInARow);
     int count = 0;
     for (const AngleImageTool *tool : shown) {
         if (!tool->hasShortLabel())
@@ -183,7 +184,8 @@ QWidget *ToolsSidebar::createSettings()
     m_settings->addPanel(m_help);
     for (const auto &tool : m_tools) {
         QWidget *panel = tool->settingsPanel();
-        panel->setContentsMargins(scaled(edge), 0, scaled(edge), scaled(edge));
+        if (panel->layout())
+            panel->layout()->setContentsMargins(scaled(edge), 0, scaled(edge), scaled(edge));
         m_settings->addPanel(panel);
         panel->hide();
     }
