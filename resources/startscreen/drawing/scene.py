@@ -12,7 +12,7 @@ SKY_HIGH, SKY_LOW = colour("#566078"), colour("#a8948a")
 FAR, MIDDLE, NEAR = colour("#8b858c"), colour("#8b8068"), colour("#6f6750")
 WATER, GOLD, PINE = colour("#647c86"), colour("#f5d794"), colour("#57604f")
 SAIL, HULL = colour("#cdc3ae"), colour("#5d4c3e")
-FRAME, SLATE = colour("#a08258"), colour("#29292d")
+FRAME, SLATE = colour("#a08258"), colour("#242428")
 
 
 def star_height(points, tip, notch, rise, turn=0.0):
@@ -130,8 +130,9 @@ def pine(relief, foot_x, foot_y, tall):
     up = (foot_y - Y) / tall
     tier = (up * 3.4) % 1
     width = tall * (0.30 * (1 - up) + 0.07) * (1.12 - 0.55 * tier)
-    inside = np.where((up > 0.06) & (up < 1.0), width * np.clip((1 - up) * 6, 0, 1) - np.abs(X - foot_x), -1)
-    trunk = np.where((up > -0.04) & (up <= 0.1), tall * 0.035 - np.abs(X - foot_x), -1)
+    aside = np.abs(X - foot_x)
+    inside = np.where((up > 0.06) & (up < 1), width * np.clip((1 - up) * 6, 0, 1) - aside, -1)
+    trunk = np.where((up > -0.04) & (up <= 0.1), tall * 0.035 - aside, -1)
     inside = np.maximum(inside, trunk)
     mask = smoothstep(-0.3, 0.5, inside)
     relief.place(mask, 15 + 6 * np.tanh(np.maximum(inside, 0) / 5) - 1.5 * tier, PINE)

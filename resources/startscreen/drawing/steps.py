@@ -14,7 +14,7 @@ HINT = "Drag the light over the picture, or press P to bring it to the pointer"
 
 TILE, TILE_TOP, BALL = 70, 471, 26
 MARGIN, TEXT_GAP, TITLE_DOWN, NOTE_DOWN, HINT_TOP = 36, 13, 12, 40, 564
-WELL, WHITE, QUIET = colour("#19191b"), colour("#ffffff"), colour("#dedee4")
+WELL, WHITE, QUIET = colour("#19191b"), colour("#ffffff"), colour("#b2b2ba")
 ACCENT, GOLD = colour("#f2b155"), colour("#f0cf8c")
 BANDS = (colour("#f3dcae"), colour("#e0a45c"), colour("#b9683f"), colour("#7c4a45"))
 
@@ -93,7 +93,7 @@ def chevron(relief, across):
     y = Y - TILE_TOP - TILE / 2
     distance = np.abs((X - across) + np.abs(y) - 4) / np.sqrt(2)
     ends = smoothstep(0.4, -0.4, np.abs(y) - 8.5)
-    relief.tint(smoothstep(0.4, -0.4, distance - 1.0) * ends, QUIET * 0.8)
+    relief.tint(smoothstep(0.4, -0.4, distance - 1.0) * ends, QUIET)
 
 
 def name(relief):
@@ -134,13 +134,13 @@ def letter(colours):
     """Writes the texts pixel by pixel, so that they stay crisp."""
     for left, (title, note) in zip(LEFTS, STEPS):
         x = left + TILE + TEXT_GAP
-        colours = written(colours, title, (x, TILE_TOP + TITLE_DOWN), "la", TITLE_FACE, WHITE)
-        colours = written(colours, note, (x, TILE_TOP + NOTE_DOWN), "la", NOTE_FACE, QUIET)
-    return written(colours, HINT, (WIDTH / 2, HINT_TOP), "ma", NOTE_FACE, QUIET)
+        colours = written(colours, title, (x, TILE_TOP + TITLE_DOWN), "la", TITLE_FACE)
+        colours = written(colours, note, (x, TILE_TOP + NOTE_DOWN), "la", NOTE_FACE)
+    return written(colours, HINT, (WIDTH / 2, HINT_TOP), "ma", NOTE_FACE)
 
 
-def written(colours, text, place, anchor, face, tone):
+def written(colours, text, place, anchor, face):
     picture = Image.new("L", (WIDTH, HEIGHT), 0)
     ImageDraw.Draw(picture).text(place, text, 255, face, anchor=anchor)
     mask = np.asarray(picture)[..., None] / 255
-    return colours * (1 - mask) + tone * mask
+    return colours * (1 - mask) + WHITE * mask
