@@ -2,6 +2,7 @@
 
 #include <QGraphicsScene>
 #include <QPainter>
+#include <QPalette>
 
 BodyOutlines::BodyOutlines()
 {

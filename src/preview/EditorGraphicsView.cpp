@@ -20,10 +20,10 @@
 
 namespace {
 constexpr double maximumFitZoom = 16.0;
-constexpr double fitShare = 0.9;          // of the view's sides
-constexpr double notchesToDouble = 4.0;   // of a mouse wheel
-constexpr int angleOfNotch = 120;         // as the toolkit counts
-constexpr int scrolledAnglePerPixel = 2;  // a notch is 60 pixels
+constexpr double fitShare = 0.9;         // of the view's sides
+constexpr double notchesToDouble = 4.0;  // of a mouse wheel
+constexpr int angleOfNotch = 120;        // as the toolkit counts
+constexpr int scrolledAnglePerPixel = 2; // a notch is 60 pixels
 
 QPointF middle(const QSize &size)
 {
@@ -147,8 +147,8 @@ void EditorGraphicsView::updateReach()
     if (!m_scene)
         return;
     const QSizeF room = QSizeF(viewport()->size()) / zoom();
-    setSceneRect(m_scene->sceneRect().adjusted(
-        -room.width(), -room.height(), room.width(), room.height()));
+    setSceneRect(
+        m_scene->sceneRect().adjusted(-room.width(), -room.height(), room.width(), room.height()));
 }
 
 void EditorGraphicsView::updatePointer()
@@ -204,8 +204,8 @@ void EditorGraphicsView::wheelEvent(QWheelEvent *event)
 
 bool EditorGraphicsView::startPan(QMouseEvent &event)
 {
-    const bool isStart = event.button() == Qt::MiddleButton ||
-                         (m_isHeld && event.button() == Qt::LeftButton);
+    const bool isStart =
+        event.button() == Qt::MiddleButton || (m_isHeld && event.button() == Qt::LeftButton);
     if (m_panButton == Qt::NoButton && isStart) {
         m_panButton = event.button();
         m_panFrom = event.pos();
@@ -271,7 +271,8 @@ void EditorGraphicsView::pinch(const QGestureEvent &event)
                    zoom() * gesture->scaleFactor());
 }
 
-// Space is heard before the widget that has the focus, so that a list or a button doesn't act on it.
+// Space is heard before the widget that has the focus, so that a list or a button doesn't act on
+// it.
 bool EditorGraphicsView::eventFilter(QObject *watched, QEvent *event)
 {
     if (isSpace(*event) && handleSpace(*event))

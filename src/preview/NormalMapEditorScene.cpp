@@ -2,51 +2,28 @@
 
 #include "imaging/FloatImage.h"
 #include "model/ItemSelectionModel.h"
-#include "model/NormalMapProcessor.h"
 #include "model/PixelSelectionModel.h"
 #include "model/Project.h"
+#include "model/properties/PropertyListT.h"
 #include "model/properties/PropertyT.h"
 #include "preview/BodyItems.h"
 #include "preview/GLGraphicsLight.h"
 #include "preview/GLGraphicsSprite.h"
 #include "preview/LightRotation.h"
+#include "preview/ProjectLight.h"
+#include "preview/ScenePointer.h"
 #include "preview/SceneSelection.h"
 #include "preview/SpriteItem.h"
-#include "preview/ToolCursor.h"
 #include "preview/ToolRouting.h"
 
-#include <QBitmap>
 #include <QEvent>
 #include <QGraphicsSceneMouseEvent>
 #include <QGraphicsView>
-#include <QtMath>
 
 namespace {
-constexpr double toolCursorZ = 1100.0; // above the light
-constexpr double lightShare = 0.125;   // of the sprites' sides, from their upper left
+constexpr double lightShare = 0.125; // of the sprites' sides, from their upper left
 constexpr QRectF emptyContent(-256.0, -256.0, 512.0, 512.0);
 
-QCursor blankPointer()
-{
-    QBitmap blank(1, 1);
-    blank.clear();
-    return {blank, blank};
-}
-
-PointedPixel pointedPixel(const SpriteItem &item, const QPointF &position)
-{
-    const QPointF local = position - item.pos();
-    PointedPixel pointed{&item.body(), {qFloor(local.x()), qFloor(local.y())}, {}, {}};
-    const AngleImage &surface = item.processor().angleImage();
-    if (surface.rect().contains(pointed.pixel)) {
-        const AngleImage::Pixel cell = surface.row(pointed.pixel.y())[pointed.pixel.x()];
-        pointed.slope = QPointF(cell.sx, cell.sy) / 256.0;
-    }
-    const QImage &normals = item.processor().normalMap();
-    if (normals.valid(pointed.pixel))
-        pointed.normal = normals.pixelColor(pointed.pixel);
-    return pointed;
-}
 } // namespace
 
 NormalMapEditorScene::NormalMapEditorScene(ItemSelectionModel &bodies,
@@ -58,6 +35,8 @@ NormalMapEditorScene::NormalMapEditorScene(ItemSelectionModel &bodies,
     , m_items(std::make_unique<BodyItems>(*this))
     , m_routing(std::make_unique<ToolRouting>(*this, pixels))
     , m_selection(std::make_unique<SceneSelection>(*this, *m_items, bodies))
+    , m_projectLight(std::make_unique<ProjectLight>(*this))
+    , m_pointer(std::make_unique<ScenePointer>(*this, light()))
     , m_rotation(std::make_unique<LightRotation>(light(), [this] { return spritesRect(); }))
 {
     // Which pointer shows over it is told with all others.
@@ -93,6 +72,22 @@ void NormalMapEditorScene::connectParts(ItemSelectionModel &bodies, PixelSelecti
     connect(m_routing.get(), &ToolRouting::cursorChanged, this, &Scene::setToolCursor);
     connect(m_routing.get(), &ToolRouting::stateChanged, this, &Scene::updateHover);
     connect(this, &QGraphicsScene::changed, this, &Scene::updateViews);
+    connect(this, &GLGraphicsScene::spriteScaledDown, this, &Scene::noticeScaledDown);
+}
+
+// Called while the scene is drawn: nothing may be told before that ends.
+void NormalMapEditorScene::noticeScaledDown(GLGraphicsSprite *sprite, int limit)
+{
+    const auto *item = dynamic_cast<const SpriteItem *>(sprite);
+    if (!item)
+        return;
+    const QString text =
+        tr("\"%1\" is larger than the %2 pixels that this graphics driver can show, "
+           "and is shown from a smaller copy. Its normal map keeps the full size.")
+            .arg(item->body().name().value())
+            .arg(limit);
+    const auto tell = [this, text] { Q_EMIT noticed(text); };
+    QMetaObject::invokeMethod(this, tell, Qt::QueuedConnection);
 }
 
 // Views that don't follow the items by themselves are told by the scene.
@@ -105,33 +100,19 @@ void NormalMapEditorScene::updateViews()
 void NormalMapEditorScene::setProject(Project *project)
 {
     m_selection->cancel();
-    m_observations.clear();
+    m_listObservation = {};
     m_items->clear();
     m_project = project;
+    m_projectLight->setProject(project);
     if (project)
-        observe(*project);
-    updateLight();
+        m_listObservation = ChangeManager::instance().observe(project->bodies(), *this);
     updateItems();
     placeLight();
 }
 
-void NormalMapEditorScene::observe(Project &project)
+void NormalMapEditorScene::observableChanged(Observable & /*observable*/)
 {
-    const std::initializer_list<Property *> observed = {&project.bodies(),
-                                                        &project.lightHeight(),
-                                                        &project.lightBrightness(),
-                                                        &project.lightColor(),
-                                                        &project.ambientLightColor()};
-    for (Property *property : observed)
-        m_observations.push_back(ChangeManager::instance().observe(*property, *this));
-}
-
-void NormalMapEditorScene::observableChanged(Observable &observable)
-{
-    if (&observable == &m_project->bodies())
-        updateItems();
-    else
-        updateLight();
+    updateItems();
 }
 
 void NormalMapEditorScene::updateItems()
@@ -205,18 +186,6 @@ void NormalMapEditorScene::placeLight()
     light().setPos(content.topLeft() + lightShare * (content.bottomRight() - content.topLeft()));
 }
 
-void NormalMapEditorScene::updateLight()
-{
-    if (!m_project)
-        return;
-    light().setHeight(static_cast<float>(m_project->lightHeight().value()));
-    light().setColor(m_project->lightColor().value());
-    setSceneLight({m_project->lightColor().value(),
-                   m_project->ambientLightColor().value(),
-                   static_cast<float>(m_project->lightBrightness().value())});
-    update();
-}
-
 PaintTool *NormalMapEditorScene::tool() const
 {
     return m_routing->tool();
@@ -274,9 +243,10 @@ void NormalMapEditorScene::setAutoRotateLight(bool isOn)
 
 void NormalMapEditorScene::moveLightToPointer()
 {
-    if (!m_pointer)
+    const auto place = m_pointer->lastPosition();
+    if (!place)
         return;
-    light().setPos(*m_pointer);
+    light().setPos(*place);
     updateHover();
 }
 
@@ -293,39 +263,20 @@ InteractionMode NormalMapEditorScene::interactionMode() const
 
 void NormalMapEditorScene::setToolCursor(const ScalableToolCursor &cursor)
 {
-    // Made once: pointers with pictures of their own are equal only to their copies.
-    static const QCursor blank = blankPointer();
-    const bool isDrawn = !cursor.shapes().isEmpty();
-    m_toolPointer = isDrawn ? blank : cursor.pointer();
-    setToolCursorItem(isDrawn ? std::make_unique<ToolCursor>(cursor) : nullptr);
-}
-
-void NormalMapEditorScene::setToolCursorItem(std::unique_ptr<ToolCursor> item)
-{
-    m_toolCursor = std::move(item);
-    if (m_toolCursor) {
-        m_toolCursor->setZValue(toolCursorZ);
-        m_toolCursor->setPos(m_pointer.value_or(QPointF()));
-        QGraphicsScene::addItem(m_toolCursor.get());
-    }
+    m_pointer->setToolCursor(cursor);
     updateHover();
-}
-
-bool NormalMapEditorScene::isOverLight() const
-{
-    return m_isPointerInside && light().isVisible() &&
-           light().contains(light().mapFromScene(m_pointer.value_or(QPointF())));
 }
 
 QCursor NormalMapEditorScene::pointerHere() const
 {
     if (mouseGrabberItem() == &light())
         return Qt::ClosedHandCursor;
-    if (isOverLight())
+    if (m_pointer->isOverLight())
         return Qt::OpenHandCursor;
     if (m_routing->takesEvents())
-        return m_toolPointer;
-    if (!m_isPointerInside || !m_items->itemAt(m_pointer.value_or(QPointF())))
+        return m_pointer->toolPointer();
+    const auto here = m_pointer->position();
+    if (!here || !m_items->itemAt(*here))
         return Qt::ArrowCursor;
     const bool isMovable = m_routing->mode() == InteractionMode::MoveSprites;
     return isMovable ? Qt::SizeAllCursor : Qt::PointingHandCursor;
@@ -333,21 +284,26 @@ QCursor NormalMapEditorScene::pointerHere() const
 
 void NormalMapEditorScene::updateHover()
 {
-    if (m_toolCursor)
-        m_toolCursor->setVisible(m_isPointerInside && !m_isViewOnly && m_routing->takesEvents() &&
-                                 !isOverLight());
+    m_pointer->showToolCursor(m_routing->takesEvents() && !m_isViewOnly);
     setPointer(pointerHere());
+}
+
+// The tool paints on the current sprite, also where another one covers it.
+const SpriteItem *NormalMapEditorScene::itemHere() const
+{
+    const auto here = m_pointer->position();
+    if (!here)
+        return nullptr;
+    const SpriteItem *target = m_routing->takesEvents() ? m_routing->target() : nullptr;
+    const bool isOnTarget = target && target->contains(target->mapFromScene(*here));
+    return isOnTarget ? target : m_items->itemAt(*here);
 }
 
 void NormalMapEditorScene::updatePointedPixel()
 {
-    const QPointF position = m_pointer.value_or(QPointF());
-    const SpriteItem *item = m_isPointerInside ? m_items->itemAt(position) : nullptr;
-    // The tool paints on the current sprite, also where another one covers it.
-    const SpriteItem *target = m_routing->takesEvents() ? m_routing->target() : nullptr;
-    if (m_isPointerInside && target && target->contains(target->mapFromScene(position)))
-        item = target;
-    const PointedPixel pointed = item ? pointedPixel(*item, position) : PointedPixel();
+    const SpriteItem *item = itemHere();
+    const PointedPixel pointed =
+        item ? pointedPixel(*item, *m_pointer->position()) : PointedPixel();
     if (pointed == m_pointed)
         return;
     m_pointed = pointed;
@@ -357,7 +313,7 @@ void NormalMapEditorScene::updatePointedPixel()
 bool NormalMapEditorScene::event(QEvent *event)
 {
     if (event->type() == QEvent::Leave || event->type() == QEvent::Enter) {
-        m_isPointerInside = event->type() == QEvent::Enter;
+        event->type() == QEvent::Enter ? m_pointer->enter() : m_pointer->leave();
         updateHover();
         updatePointedPixel();
     }
@@ -394,10 +350,7 @@ void NormalMapEditorScene::mouseDoubleClickEvent(QGraphicsSceneMouseEvent *event
 void NormalMapEditorScene::mouseMoveEvent(QGraphicsSceneMouseEvent *event)
 {
     GLGraphicsScene::mouseMoveEvent(event);
-    m_pointer = event->scenePos();
-    m_isPointerInside = true;
-    if (m_toolCursor)
-        m_toolCursor->setPos(*m_pointer);
+    m_pointer->moveTo(event->scenePos());
     if (m_selection->isPressed())
         m_selection->move(*event);
     else if (!event->isAccepted() && (!m_isViewOnly || m_routing->isPressed()))

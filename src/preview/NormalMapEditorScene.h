@@ -3,14 +3,13 @@
 #include "model/properties/ChangeManager.h"
 #include "model/properties/Observer.h"
 #include "preview/GLGraphicsScene.h"
+#include "preview/PointedPixel.h"
 #include "tools/InteractionMode.h"
 
-#include <QColor>
-#include <QPointF>
+#include <QCursor>
+#include <QRectF>
 
 #include <memory>
-#include <optional>
-#include <vector>
 
 class Body;
 class BodyItems;
@@ -21,22 +20,12 @@ class LightRotation;
 class PaintTool;
 class PixelSelectionModel;
 class Project;
+class ProjectLight;
 class ScalableToolCursor;
+class ScenePointer;
 class SceneSelection;
 class SpriteItem;
-class ToolCursor;
 class ToolRouting;
-
-/// The pixel of a sprite that the pointer is over.
-struct PointedPixel
-{
-    Body *body = nullptr; ///< null when the pointer is over none
-    QPoint pixel;
-    QPointF slope; ///< x and y, 1 is 45 degrees
-    QColor normal; ///< as the normal map has it
-
-    bool operator==(const PointedPixel &) const = default;
-};
 
 /// The editor's scene: a sprite item for each body of a project, the light, the pointer of the
 /// active tool, and whatever the mouse does there. Selections, project and tools are borrowed.
@@ -94,44 +83,40 @@ protected:
 private:
     void makeStartScreen();
     void connectParts(ItemSelectionModel &bodies, PixelSelectionModel &pixels);
-    void observe(Project &project);
     void updateItems();
     void addItem(SpriteItem *item);
     void dropItem(SpriteItem *item);
     void updateContent();
     void placeLight();
-    void updateLight();
 
     void updateCurrentBody();
     void showPixelSelection(Body *body, const FloatImage &mask);
     void updateAnimating();
     void setToolCursor(const ScalableToolCursor &cursor);
-    void setToolCursorItem(std::unique_ptr<ToolCursor> item);
 
-    bool isOverLight() const;
+    const SpriteItem *itemHere() const;
     QCursor pointerHere() const;
     void updateHover();
     void updatePointedPixel();
     using ToolOperation = void (ToolRouting::*)(const QGraphicsSceneMouseEvent &);
     void pressed(QGraphicsSceneMouseEvent &event, ToolOperation operation);
     void updateViews();
+    void noticeScaledDown(GLGraphicsSprite *sprite, int limit);
 
     ItemSelectionModel &m_bodies;
     PixelSelectionModel &m_pixels;
     Project *m_project = nullptr;
-    std::vector<Observation> m_observations;
+    Observation m_listObservation;
 
     std::unique_ptr<BodyItems> m_items;
     std::unique_ptr<GLGraphicsSprite> m_startScreen;
     std::unique_ptr<ToolRouting> m_routing;
     std::unique_ptr<SceneSelection> m_selection;
+    std::unique_ptr<ProjectLight> m_projectLight;
+    std::unique_ptr<ScenePointer> m_pointer;
     std::unique_ptr<LightRotation> m_rotation;
-    std::unique_ptr<ToolCursor> m_toolCursor;
-    QCursor m_toolPointer;
 
     Body *m_currentBody = nullptr;
-    std::optional<QPointF> m_pointer; ///< where it was last
-    bool m_isPointerInside = false;
     bool m_isViewOnly = false;
     PointedPixel m_pointed;
 };

@@ -19,8 +19,8 @@ class SceneSelection
 public:
     SceneSelection(QGraphicsScene &scene, const BodyItems &items, ItemSelectionModel &selection);
 
-    /// Accepts the press on a body, whose drag moves the selected ones when it @p mayMove; elsewhere
-    /// ignores it, so that the view begins a rubber band.
+    /// Accepts the press on a body, whose drag moves the selected ones when it @p mayMove;
+    /// elsewhere ignores it, so that the view begins a rubber band.
     void press(QGraphicsSceneMouseEvent &event, bool mayMove);
     void move(const QGraphicsSceneMouseEvent &event);
     /// True when sprites have been moved.

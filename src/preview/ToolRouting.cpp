@@ -22,10 +22,8 @@ ToolRouting::ToolRouting(QGraphicsScene &scene, PixelSelectionModel &pixels, QOb
     , m_scene(scene)
     , m_pixels(pixels)
 {
-    connect(&pixels,
-            &PixelSelectionModel::selectionChanged,
-            this,
-            &ToolRouting::pixelSelectionChanged);
+    connect(
+        &pixels, &PixelSelectionModel::selectionChanged, this, &ToolRouting::pixelSelectionChanged);
 }
 
 ToolRouting::~ToolRouting()
@@ -131,11 +129,8 @@ FloatImage ToolRouting::selection() const
 ToolPointerEvent ToolRouting::toolEvent(const QGraphicsSceneMouseEvent &event,
                                         Qt::MouseButton changedButton) const
 {
-    return {event.scenePos() - m_target->pos(),
-            1.0,
-            event.buttons(),
-            changedButton,
-            event.modifiers()};
+    return {
+        event.scenePos() - m_target->pos(), 1.0, event.buttons(), changedButton, event.modifiers()};
 }
 
 void ToolRouting::press(const QGraphicsSceneMouseEvent &event)
@@ -202,7 +197,9 @@ void ToolRouting::commit(const QString &undoText)
     m_tool->updateNormalMap(body().surface());
 }
 
-void ToolRouting::select(const FloatImage &selection, const QString &undoText, bool mergeWithPrevious)
+void ToolRouting::select(const FloatImage &selection,
+                         const QString &undoText,
+                         bool mergeWithPrevious)
 {
     if (m_isActive)
         m_pixels.setSelection(&body(), selection, undoText, mergeWithPrevious);

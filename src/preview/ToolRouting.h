@@ -1,24 +1,18 @@
 #pragma once
 
-#include "imaging/FloatImage.h"
 #include "model/properties/ChangeManager.h"
 #include "model/properties/Observer.h"
-#include "tools/InteractionMode.h"
+#include "tools/PaintTool.h"
 
 #include <QObject>
 #include <QPointer>
 
-class AngleImage;
 class Body;
-class PaintTool;
 class PixelSelectionModel;
-class QGraphicsItem;
 class QGraphicsScene;
 class QGraphicsSceneMouseEvent;
 class QKeyEvent;
-class ScalableToolCursor;
 class SpriteItem;
-struct ToolPointerEvent;
 
 /// Between the active tool and the body that it works on: activates it, hands it events and what
 /// changes elsewhere, and turns what it announces into pieces shown and undo steps. Tool, body and
@@ -66,8 +60,8 @@ private:
     void deactivate();
     void connectTool();
     void toolDestroyed();
-    ToolPointerEvent
-    toolEvent(const QGraphicsSceneMouseEvent &event, Qt::MouseButton changedButton) const;
+    ToolPointerEvent toolEvent(const QGraphicsSceneMouseEvent &event,
+                               Qt::MouseButton changedButton) const;
     Body &body() const;
     FloatImage selection() const;
     void reactivateForSize(const QSize &size);

@@ -14,8 +14,8 @@
 #include <array>
 
 namespace {
-constexpr std::array levels = {10, 20, 25, 33, 50, 75, 100, 150, 200,
-                               300, 400, 500, 600, 700, 800, 900, 1000};
+constexpr std::array levels = {
+    10, 20, 25, 33, 50, 75, 100, 150, 200, 300, 400, 500, 600, 700, 800, 900, 1000};
 
 // What is shown counts: 33.4 % is the level 33 %, from which a step leads away.
 int percentOf(double zoom)
@@ -112,8 +112,8 @@ void ZoomWidget::zoomOut()
 void ZoomWidget::takeText()
 {
     const double typed = m_edit->text().remove(QLatin1Char('%')).toDouble() / 100.0;
-    const double zoom = std::clamp(
-        typed, EditorGraphicsView::minimumZoom, EditorGraphicsView::maximumZoom);
+    const double zoom =
+        std::clamp(typed, EditorGraphicsView::minimumZoom, EditorGraphicsView::maximumZoom);
     // Leaving the field untouched must not round a continuous zoom to a whole percentage.
     const bool isNew = m_edit->isModified();
     showZoom();
