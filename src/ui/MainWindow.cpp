@@ -3,6 +3,7 @@
 #include "base/Error.h"
 #include "framework/GAction.h"
 #include "framework/GApplication.h"
+#include "framework/SystemInformationDialog.h"
 #include "framework/ThemedIcon.h"
 #include "framework/UiScale.h"
 #include "model/Project.h"
@@ -38,6 +39,13 @@ GMainWindow::DocumentType projectType()
             MainWindow::tr("Vesperine projects (*.vep)"),
             QStringLiteral("vep"),
             MainWindow::tr("Untitled")};
+}
+
+GMainWindow::ApplicationTexts applicationTexts()
+{
+    return {MainWindow::tr("Gives flat sprites a surface that a game can light."),
+            MainWindow::tr("MIT licence. Made with Qt, OpenCV and OpenGL."),
+            QStringLiteral(":/manual/index.html")};
 }
 
 // A brush is added here, and nowhere else in the window.
@@ -125,6 +133,14 @@ void MainWindow::placePanels()
 void MainWindow::createMenus()
 {
     QMenu *file = menuBar()->addMenu(tr("&File"));
+    const std::pair<GAction &, QString> icons[] = {
+        {newAction(), QStringLiteral(":/icons/new.svg")},
+        {openAction(), QStringLiteral(":/icons/open.svg")},
+        {saveAction(), QStringLiteral(":/icons/save.svg")},
+        {saveAsAction(), QStringLiteral(":/icons/save_as.svg")},
+        {manualAction(), QStringLiteral(":/icons/help.svg")}};
+    for (const auto &[action, icon] : icons)
+        action.setIcon(themedIcon(icon));
     addDocumentActions(*file);
     file->addSeparator();
     file->addAction(&m_exportActions->exportNormals());
@@ -140,7 +156,7 @@ void MainWindow::createMenus()
     m_editor->addDrawActions(*draw);
     createViewMenu();
     createWindowMenu({m_sprites, m_tools});
-    QMenu *help = createHelpMenu();
+    QMenu *help = createHelpMenu(applicationTexts());
     help->addSeparator();
     help->addAction(m_feedback);
     connect(m_feedback, &QAction::triggered, this, &MainWindow::showFeedback);
@@ -346,5 +362,5 @@ void MainWindow::showPreferences()
 
 void MainWindow::showFeedback()
 {
-    FeedbackDialog(fullSystemInformation(), this).exec();
+    FeedbackDialog(systemSummary() + systemInformation(), this).exec();
 }

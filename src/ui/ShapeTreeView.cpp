@@ -62,9 +62,8 @@ ShapeTreeView::ShapeTreeView(ItemSelectionModel &selection, QWidget *parent)
     setAcceptDrops(true);
     viewport()->setAttribute(Qt::WA_Hover);
 
-    connect(&m_selection, &ItemSelectionModel::bodySelectionChanged, this, [this] {
-        showSelection();
-    });
+    connect(
+        &m_selection, &ItemSelectionModel::bodySelectionChanged, this, [this] { showSelection(); });
     connect(m_model, &SpriteListModel::rowsAboutToChange, this, [this] { m_isFollowing = true; });
     connect(m_model, &SpriteListModel::rowsChanged, this, [this] {
         m_isFollowing = false;
@@ -121,10 +120,12 @@ void ShapeTreeView::paintEvent(QPaintEvent *event)
         QFont large = font();
         large.setPointSizeF(QFontInfo(large).pointSizeF() * 1.4);
         painter.setFont(large);
-        painter.setPen(palette().color(m_isDropTarget ? QPalette::Text : QPalette::PlaceholderText));
-        painter.drawText(viewport()->rect(),
-                         Qt::AlignHCenter | Qt::AlignTop,
-                         tr("\n\nNo sprites added yet!\n\nDrag and drop\nsprites and folders\nhere"));
+        painter.setPen(
+            palette().color(m_isDropTarget ? QPalette::Text : QPalette::PlaceholderText));
+        painter.drawText(
+            viewport()->rect(),
+            Qt::AlignHCenter | Qt::AlignTop,
+            tr("\n\nNo sprites added yet!\n\nDrag and drop\nsprites and folders\nhere"));
     }
     if (!m_isDropTarget)
         return;

@@ -22,9 +22,7 @@ constexpr int corner = 3;
 QColor mixed(const QColor &from, const QColor &to, double part)
 {
     const auto mix = [part](int a, int b) { return qRound(a + (b - a) * part); };
-    return {mix(from.red(), to.red()),
-            mix(from.green(), to.green()),
-            mix(from.blue(), to.blue())};
+    return {mix(from.red(), to.red()), mix(from.green(), to.green()), mix(from.blue(), to.blue())};
 }
 
 QFont detailFont(const QFont &font)
@@ -164,8 +162,8 @@ void SpriteDelegate::paint(QPainter *painter,
 
 QSize SpriteDelegate::sizeHint(const QStyleOptionViewItem &option, const QModelIndex &) const
 {
-    const int lines = QFontMetrics(option.font).height() +
-                      QFontMetrics(detailFont(option.font)).height();
+    const int lines =
+        QFontMetrics(option.font).height() + QFontMetrics(detailFont(option.font)).height();
     const int height = std::max(scaled(thumbnailSide), lines) + 2 * scaled(rowMargin);
     return {scaled(2 * edge + thumbnailSide), height};
 }

@@ -118,16 +118,17 @@ void SpritesSidebar::addViewActions(QMenu &menu) const
 void SpritesSidebar::createDisplayModes()
 {
     auto *group = new QActionGroup(this);
-    const auto create = [&](int index, const QString &text, const QString &buttonText, const char *icon) {
-        auto *action = new GAction(themedIcon(QLatin1String(icon)), text, this);
-        action->setIconText(buttonText);
-        action->setCheckable(true);
-        action->setData(index);
-        action->setShortcut(QKeySequence(QStringLiteral("Alt+%1").arg(index + 1)));
-        group->addAction(action);
-        addAction(action);
-        m_displayModes.at(index) = action;
-    };
+    const auto create =
+        [&](int index, const QString &text, const QString &buttonText, const char *icon) {
+            auto *action = new GAction(themedIcon(QLatin1String(icon)), text, this);
+            action->setIconText(buttonText);
+            action->setCheckable(true);
+            action->setData(index);
+            action->setShortcut(QKeySequence(QStringLiteral("Alt+%1").arg(index + 1)));
+            group->addAction(action);
+            addAction(action);
+            m_displayModes.at(index) = action;
+        };
     create(0, tr("Texture"), tr("Texture"), ":/view/texture.svg");
     create(1, tr("Lit surface"), tr("Lit\nsurface"), ":/view/light.svg");
     create(2, tr("Lit texture"), tr("Lit\ntexture"), ":/view/texture+light.svg");

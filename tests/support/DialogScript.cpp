@@ -36,8 +36,7 @@ DialogScript::Answer DialogScript::click(const QString &text)
     return [text](QWidget &dialog) {
         const auto buttons = dialog.findChildren<QAbstractButton *>();
         for (QAbstractButton *button : buttons) {
-            if (button->isVisible() &&
-                button->text().remove(QLatin1Char('&')).startsWith(text)) {
+            if (button->isVisible() && button->text().remove(QLatin1Char('&')).startsWith(text)) {
                 QTest::mouseClick(button, Qt::LeftButton);
                 return;
             }

@@ -63,8 +63,12 @@ private Q_SLOTS:
 
     void startsEmptyWithEverythingThatNeedsASpriteDisabled()
     {
-        QCOMPARE(enabled({"Export normals", "Export normals as...", "Export lit sprite",
-                          "Remove sprites", "Undo", "Save As..."}),
+        QCOMPARE(enabled({"Export normals",
+                          "Export normals as...",
+                          "Export lit sprite",
+                          "Remove sprites",
+                          "Undo",
+                          "Save As..."}),
                  (QVector<bool>{false, false, false, false, false, true}));
         const auto menus = m_window->menuBar()->actions();
         QStringList titles;
@@ -79,8 +83,13 @@ private Q_SLOTS:
                 tools.append(plain(action->text()));
         }
         QCOMPARE(tools.mid(1, 7),
-                 (QStringList{"Save", "Add sprites...", "Remove sprites", "Undo", "Redo",
-                              "Export normals", "Export lit sprite"}));
+                 (QStringList{"Save",
+                              "Add sprites...",
+                              "Remove sprites",
+                              "Undo",
+                              "Redo",
+                              "Export normals",
+                              "Export lit sprite"}));
         QCOMPARE(tools.last(), QStringLiteral("Send feedback..."));
         QVERIFY(!m_window->isDocumentModified());
     }
@@ -142,8 +151,10 @@ private Q_SLOTS:
     {
         auto &scene = m_window->findChild<NormalMapEditor *>()->scene();
         QCOMPARE(scene.displayMode(), DisplayMode::LitTexture);
-        const DisplayMode modes[] = {DisplayMode::Texture, DisplayMode::LitSurface,
-                                     DisplayMode::LitTexture, DisplayMode::NormalMap};
+        const DisplayMode modes[] = {DisplayMode::Texture,
+                                     DisplayMode::LitSurface,
+                                     DisplayMode::LitTexture,
+                                     DisplayMode::NormalMap};
         for (int i = 0; i < 4; ++i) {
             QTest::keyClick(m_window.get(), Qt::Key(Qt::Key_1 + i), Qt::AltModifier);
             QCOMPARE(scene.displayMode(), modes[i]);
@@ -245,7 +256,8 @@ private Q_SLOTS:
         script.then(DialogScript::click("OK")).then(DialogScript::click("OK"));
         trigger("Export normals");
         QVERIFY(script.isDone());
-        QCOMPARE(script.seen().last(), QStringLiteral("|Exported 1 normal maps|to sprite directory"));
+        QCOMPARE(script.seen().last(),
+                 QStringLiteral("|Exported 1 normal maps|to sprite directory"));
         const QImage map(m_folder.path("a_n.png"));
         QCOMPARE(map.pixel(0, 0), 0xFF7F7FFFU);
         QCOMPARE(project().publishNormalmapPostfix().value(), QStringLiteral("_n"));
@@ -278,8 +290,7 @@ private Q_SLOTS:
         trigger("Export lit sprite");
         QVERIFY(script.isDone());
         QCOMPARE(script.seen().last(),
-                 QStringLiteral("Error|Export to '%1' failed!|")
-                     .arg(m_folder.path("lit.unknown")));
+                 QStringLiteral("Error|Export to '%1' failed!|").arg(m_folder.path("lit.unknown")));
     }
 
     void preferencesOpenByLinkAndAreKept()
@@ -321,8 +332,11 @@ private Q_SLOTS:
         QVERIFY(m_window->openPath(path));
         QVERIFY(script.isDone());
         QCOMPARE(script.seen().mid(1),
-                 (QStringList{"Textures not found", "Select search path", "Textures not found",
-                              "Size conflict", "Summary"}));
+                 (QStringList{"Textures not found",
+                              "Select search path",
+                              "Textures not found",
+                              "Size conflict",
+                              "Summary"}));
         QCOMPARE(names(), (QStringList{"moved", "grown"}));
         QCOMPARE(body(1).paintedSize(), QSize(40, 30));
         QVERIFY(m_window->isDocumentModified());
@@ -334,8 +348,8 @@ private Q_SLOTS:
         QStringList unnamed;
         const auto widgets = m_window->findChildren<QWidget *>();
         for (const QWidget *widget : widgets) {
-            const auto *interface = QAccessible::queryAccessibleInterface(
-                const_cast<QWidget *>(widget));
+            const auto *interface =
+                QAccessible::queryAccessibleInterface(const_cast<QWidget *>(widget));
             if (widget->isVisible() && (widget->focusPolicy() & Qt::TabFocus) != 0 && interface &&
                 interface->text(QAccessible::Name).isEmpty())
                 unnamed.append(QString::fromLatin1(widget->metaObject()->className()));
@@ -379,8 +393,8 @@ private:
             }
         }
         for (QAction *candidate : std::as_const(actions)) {
-            if (plain(candidate->text()) == text || (!menu.isEmpty() &&
-                plain(candidate->text()).startsWith(text)))
+            if (plain(candidate->text()) == text ||
+                (!menu.isEmpty() && plain(candidate->text()).startsWith(text)))
                 return candidate;
         }
         return nullptr;
