@@ -29,14 +29,20 @@ vec4 lit(vec4 surface, vec3 normal)
     return vec4(surface.rgb * (ambient + light * Brightness), surface.a);
 }
 
+// There the texel has its own value, however the texture is filtered.
+vec2 middleOfTexel(vec2 place)
+{
+    return (floor(place / TexelSize) + 0.5) * TexelSize;
+}
+
 bool isSelected(vec2 place)
 {
-    return texture2D(selection, place).a > 0.5;
+    return texture2D(selection, middleOfTexel(place)).a > 0.5;
 }
 
 bool isUnselected(vec2 place)
 {
-    return texture2D(selection, place).a < 0.5;
+    return texture2D(selection, middleOfTexel(place)).a < 0.5;
 }
 
 bool isSelectionOutline()

@@ -46,9 +46,15 @@ vec2 reachOfOutlines()
     return 0.5 * TexelSize / displayScaleFacor * 1.0625;
 }
 
+// There the texel has its own value, however the texture is filtered.
+vec2 middleOfTexel(vec2 place)
+{
+    return (floor(place / TexelSize) + 0.5) * TexelSize;
+}
+
 bool isTransparent(vec2 place)
 {
-    return texture2D(texture, place).a <= 0.0;
+    return texture2D(texture, middleOfTexel(place)).a <= 0.0;
 }
 
 bool isSpriteOutline()
@@ -73,12 +79,12 @@ vec4 shownNormal(vec4 premultiplied, vec4 normalColor)
 
 bool isSelected(vec2 place)
 {
-    return texture2D(selection, place).a > 0.5;
+    return texture2D(selection, middleOfTexel(place)).a > 0.5;
 }
 
 bool isUnselected(vec2 place)
 {
-    return texture2D(selection, place).a < 0.5;
+    return texture2D(selection, middleOfTexel(place)).a < 0.5;
 }
 
 bool isSelectionOutline()
