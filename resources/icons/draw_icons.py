@@ -1,5 +1,5 @@
 #!/usr/bin/python3
-"""Renders the application icon and the project file's icon: a ball half in the evening star's light.
+"""Renders the icons of application and project file: a ball half in the evening star's light.
 
 Needs Python 3 with NumPy and Pillow (Debian: python3-numpy, python3-pil). Run
 

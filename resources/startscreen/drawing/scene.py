@@ -11,7 +11,8 @@ STAR = (480, 128)
 SKY_HIGH, SKY_LOW = colour("#566078"), colour("#a8948a")
 FAR, MIDDLE, NEAR = colour("#8b858c"), colour("#8b8068"), colour("#6f6750")
 WATER, GOLD, PINE = colour("#647c86"), colour("#f5d794"), colour("#57604f")
-FRAME, SLATE = colour("#a08258"), colour("#29292d")
+SAIL, HULL = colour("#cdc3ae"), colour("#5d4c3e")
+FRAME, SLATE = colour("#a08258"), colour("#242428")
 
 
 def star_height(points, tip, notch, rise, turn=0.0):
@@ -30,7 +31,7 @@ def sky(relief):
     """Rings around the star, cut ever more shallow, and its fine rays."""
     distance = np.hypot(X - STAR[0], Y - STAR[1])
     fade = np.exp(-distance / 150) * smoothstep(40, 80, distance)
-    rings = 1.2 * np.cos(2 * np.pi * distance / 16) * fade
+    rings = 1.0 * np.cos(2 * np.pi * distance / 16) * fade
     level = smoothstep(40, HORIZON, Y)[..., None]
     tone = SKY_HIGH + (SKY_LOW - SKY_HIGH) * level
     tone = tone + 0.16 * np.exp(-(distance / 120) ** 2)[..., None] * GOLD
@@ -45,26 +46,31 @@ def star(relief):
     relief.place(mask, 1.5 + np.maximum(height, 0), GOLD)
 
 
+PEAKS = ((20, 232, 0.7), (72, 194, 1.0), (118, 224, 0.8), (172, 206, 0.85), (214, 184, 1.0),
+         (262, 222, 0.75), (308, 236, 0.7), (362, 254, 0.55), (420, 272, 0.4), (548, 268, 0.4),
+         (606, 244, 0.6), (652, 226, 0.7), (688, 204, 0.85), (744, 176, 1.0), (792, 218, 0.75),
+         (836, 206, 0.85), (890, 188, 1.0), (940, 214, 0.8))
+
+
 def mountains(relief):
-    """A far range of sharp faces on both sides, lower where the star stands."""
+    """A far range on both sides, lower where the star stands: from each summit a ridge comes down,
+    and spurs leave it on both sides."""
     rng = np.random.default_rng(21)
-    bend = 7 * noise(14, 31) + 3 * noise(5, 32)
+    bend = 3.2 * noise(11, 31) + 1.6 * noise(3.5, 32)
     height, top = np.full(X.shape, -1e3), np.full(X.shape, -1e3)
-    peaks = [(72, 196, 1.05), (148, 226, 0.9), (214, 186, 1.1), (292, 232, 0.95), (352, 252, 0.8),
-             (424, 268, 0.7), (540, 264, 0.75), (604, 246, 0.85), (676, 206, 1.0),
-             (744, 178, 1.1), (818, 222, 0.9), (890, 190, 1.05)]
-    for left, summit, steepness in peaks:
-        ridge = left + bend + (Y - summit) * rng.uniform(-0.35, 0.35)
-        fall = Y - summit - steepness * np.abs(X - ridge)
+    for place, summit, steepness in PEAKS:
+        ridge = place + bend + (Y - summit) * rng.uniform(-0.4, 0.4)
+        aside = np.abs(X - ridge)
+        fall = Y - summit - steepness * aside
         top = np.maximum(top, fall)
-        spurs = np.abs((X - ridge + 0.45 * np.abs(Y - summit) + left) % 26 - 13)
-        height = np.maximum(height, 0.66 * fall - 0.42 * spurs * smoothstep(10, 46, fall))
+        spurs = np.abs((aside - 0.6 * (Y - summit) + 60 * rng.random()) % 24 - 12)
+        height = np.maximum(height, 0.75 * fall - 0.6 * spurs * smoothstep(4, 34, fall))
     mask = smoothstep(-0.5, 0.5, top)
-    rise = 24 * np.tanh(np.maximum(height, 0) / 34) + 0.45 * noise((5, 3), 33) * smoothstep(4, 40, top)
-    snow = smoothstep(0.3, 1.4, 1.6 - top / 22 + 0.4 * noise(4, 34))
+    rise = 30 * np.tanh(np.maximum(height, 0) / 44) + 0.3 * noise((4, 2.5), 33)
+    snow = smoothstep(-0.25, 0.25, 0.9 - top / 17 + 0.35 * noise(3, 34))
     haze = smoothstep(200, HORIZON, Y)[..., None]
-    tone = FAR * (1 - 0.15 * haze) + 0.20 * snow[..., None] * (1 - haze)
-    relief.place(mask, 2 + shoulder(top, 5, 2) + rise, tone)
+    tone = FAR * (1 - 0.18 * haze) + 0.17 * snow[..., None] * (1 - 0.8 * haze)
+    relief.place(mask, 2 + shoulder(top, 4, 2) + rise, tone)
 
 
 def water(relief):
@@ -79,6 +85,20 @@ def water(relief):
     relief.place(mask, height, WATER * (1 - 0.18 * (depth / 130)[..., None]))
     glints = column * smoothstep(0.1, 0.75, waves + 0.35 * noise((2, 9), 43))
     relief.tint(mask * 0.8 * glints, GOLD)
+
+
+def boat(relief, across, down, tall):
+    """A small boat under two sails."""
+    x, y = (X - across) / tall, (down - Y) / tall
+    hull = np.minimum(0.13 - np.abs(y + 0.02), 0.5 - 0.9 * (0.11 - y) - np.abs(x))
+    main = np.minimum(0.46 * (1.1 - y) - x, np.minimum(x - 0.03, y - 0.2))
+    jib = np.minimum(0.40 * (0.95 - y) + x, np.minimum(-x - 0.03, y - 0.2))
+    for shape, tone, bulge in ((hull, HULL, 5), (main, SAIL, 9), (jib, SAIL, 9)):
+        mask = smoothstep(-0.4, 0.4, shape * tall)
+        relief.place(mask, 4 + bulge * np.tanh(np.maximum(shape, 0) * 5), tone)
+    wake = np.exp(-((X - across) / (0.4 * tall)) ** 2) * smoothstep(0, 2, Y - down - 0.1 * tall)
+    wake = wake * np.exp(-np.maximum(Y - down, 0) / (0.35 * tall)) * (np.sin(Y * 1.5) > -0.2)
+    relief.tint(0.35 * wake, SAIL)
 
 
 def hill(relief, crest, rise, tone, seed, furrow):
@@ -110,8 +130,9 @@ def pine(relief, foot_x, foot_y, tall):
     up = (foot_y - Y) / tall
     tier = (up * 3.4) % 1
     width = tall * (0.30 * (1 - up) + 0.07) * (1.12 - 0.55 * tier)
-    inside = np.where((up > 0.06) & (up < 1.0), width * np.clip((1 - up) * 6, 0, 1) - np.abs(X - foot_x), -1)
-    trunk = np.where((up > -0.04) & (up <= 0.1), tall * 0.035 - np.abs(X - foot_x), -1)
+    aside = np.abs(X - foot_x)
+    inside = np.where((up > 0.06) & (up < 1), width * np.clip((1 - up) * 6, 0, 1) - aside, -1)
+    trunk = np.where((up > -0.04) & (up <= 0.1), tall * 0.035 - aside, -1)
     inside = np.maximum(inside, trunk)
     mask = smoothstep(-0.3, 0.5, inside)
     relief.place(mask, 15 + 6 * np.tanh(np.maximum(inside, 0) / 5) - 1.5 * tier, PINE)
@@ -131,7 +152,7 @@ def frame(relief, scene):
     slab = box_distance(4, 4, 956, 596, 22)
     relief.height = np.full_like(X, 9.0)
     inside = smoothstep(0.5, -0.5, distance)
-    relief.place(inside, scene.height - 4 + 6 * np.exp(np.minimum(distance, 0) / 2.2), scene.albedo)
+    relief.place(inside, scene.height - 4, scene.albedo)
     around = smoothstep(-0.5, 0.5, distance) * smoothstep(13.5, 12.5, distance)
     moulding = 9 + 5.5 * np.sqrt(np.clip(1 - ((distance - 6.5) / 6.5) ** 2, 0, 1))
     relief.place(around, moulding, FRAME)
@@ -151,6 +172,7 @@ def build():
     sky(scene)
     mountains(scene)
     water(scene)
+    boat(scene, 404, 324, 26)
     near = hills(scene)
     pines(scene, *near)
     cavities(scene, 0.28)

@@ -6,22 +6,36 @@ from PIL import Image, ImageDraw, ImageFont
 from .toolkit import (FINE, HEIGHT, OVERSAMPLE, WIDTH, X, Y, blur, box_distance, colour, encoded,
                       smoothstep)
 
-NAME, NAME_MIDDLE = "VESPERINE", (480, 442)
+NAME, NAME_MIDDLE = "VESPERINE", (480, 440)
 STEPS = (("Drop sprites here", "PNG or JPEG files, or folders"),
-         ("Shape them", "Give the flat picture a surface"),
+         ("Shape them", "Give flat pictures a surface"),
          ("Export normal maps", "Ready for your game engine"))
 HINT = "Drag the light over the picture, or press P to bring it to the pointer"
 
-TILE, TILE_TOP, BALL = 76, 472, 28
-LEFTS = (38, 362, 662)
-TEXT_GAP, TITLE_DOWN, NOTE_DOWN, HINT_TOP = 16, 13, 43, 566
-WELL, WHITE, NOTE, QUIET = colour("#19191b"), colour("#ffffff"), colour("#e6e6ea"), colour("#c2c2c9")
+TILE, TILE_TOP, BALL = 70, 471, 26
+MARGIN, TEXT_GAP, TITLE_DOWN, NOTE_DOWN, HINT_TOP = 36, 13, 12, 40, 564
+WELL, WHITE, QUIET = colour("#19191b"), colour("#ffffff"), colour("#b2b2ba")
 ACCENT, GOLD = colour("#f2b155"), colour("#f0cf8c")
 BANDS = (colour("#f3dcae"), colour("#e0a45c"), colour("#b9683f"), colour("#7c4a45"))
 
 
 def font(name, size):
     return ImageFont.truetype(f"{name}.ttf", size)
+
+
+TITLE_FACE, NOTE_FACE = font("DejaVuSansCondensed-Bold", 19), font("DejaVuSansCondensed", 14)
+
+
+def columns():
+    """Where the three tiles begin and the middles of the equal gaps between the steps."""
+    widths = [TILE + TEXT_GAP + max(TITLE_FACE.getlength(title), NOTE_FACE.getlength(note))
+              for title, note in STEPS]
+    gap = (WIDTH - 2 * MARGIN - sum(widths)) / (len(STEPS) - 1)
+    lefts = [round(MARGIN + sum(widths[:number]) + gap * number) for number in range(len(STEPS))]
+    return lefts, [left - gap / 2 for left in lefts[1:]]
+
+
+LEFTS, GAPS = columns()
 
 
 def middle(left):
@@ -79,7 +93,7 @@ def chevron(relief, across):
     y = Y - TILE_TOP - TILE / 2
     distance = np.abs((X - across) + np.abs(y) - 4) / np.sqrt(2)
     ends = smoothstep(0.4, -0.4, np.abs(y) - 8.5)
-    relief.tint(smoothstep(0.4, -0.4, distance - 1.0) * ends, QUIET * 0.8)
+    relief.tint(smoothstep(0.4, -0.4, distance - 1.0) * ends, QUIET)
 
 
 def name(relief):
@@ -111,23 +125,22 @@ def add(relief):
     exported = exported * disc[..., None] + flat * (1 - disc[..., None])
     inner = box_distance(LEFTS[2], TILE_TOP, LEFTS[2] + TILE, TILE_TOP + TILE, 9)
     relief.tint(smoothstep(0.5, -0.5, inner), encoded(exported) / 255)
-    for left in LEFTS[1:]:
-        chevron(relief, left - 27)
+    for gap in GAPS:
+        chevron(relief, gap)
     return shaped, mask
 
 
 def letter(colours):
     """Writes the texts pixel by pixel, so that they stay crisp."""
-    title_face, note_face = font("DejaVuSansCondensed-Bold", 20), font("DejaVuSansCondensed", 14)
     for left, (title, note) in zip(LEFTS, STEPS):
         x = left + TILE + TEXT_GAP
-        colours = written(colours, title, (x, TILE_TOP + TITLE_DOWN), "la", title_face, WHITE)
-        colours = written(colours, note, (x, TILE_TOP + NOTE_DOWN), "la", note_face, NOTE)
-    return written(colours, HINT, (WIDTH / 2, HINT_TOP), "ma", note_face, QUIET)
+        colours = written(colours, title, (x, TILE_TOP + TITLE_DOWN), "la", TITLE_FACE)
+        colours = written(colours, note, (x, TILE_TOP + NOTE_DOWN), "la", NOTE_FACE)
+    return written(colours, HINT, (WIDTH / 2, HINT_TOP), "ma", NOTE_FACE)
 
 
-def written(colours, text, place, anchor, face, tone):
+def written(colours, text, place, anchor, face):
     picture = Image.new("L", (WIDTH, HEIGHT), 0)
     ImageDraw.Draw(picture).text(place, text, 255, face, anchor=anchor)
     mask = np.asarray(picture)[..., None] / 255
-    return colours * (1 - mask) + tone * mask
+    return colours * (1 - mask) + WHITE * mask

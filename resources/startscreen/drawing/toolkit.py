@@ -58,7 +58,8 @@ def wavy(amplitude, length, seed):
     for octave in range(4):
         phases = rng.uniform(0, 2 * np.pi, 3)
         for phase, stretch in zip(phases, (0.83, 1.0, 1.31)):
-            total += np.sin(2 * np.pi * columns / length * stretch * 2 ** octave + phase) * 0.5 ** octave
+            turns = columns / length * stretch * 2 ** octave
+            total += np.sin(2 * np.pi * turns + phase) * 0.5 ** octave
     return amplitude * total / 3
 
 
