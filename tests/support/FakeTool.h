@@ -2,24 +2,18 @@
 
 #include "tools/PaintTool.h"
 
-#include <QStringList>
-
-/// A tool that remembers what it was told, and an effect or tool for sidebars.
+/// A tool or effect that does nothing.
 class FakeTool : public PaintTool
 {
-    Q_OBJECT
-
 public:
-    explicit FakeTool(const QString &label,
-                      const QString &shortLabel = QStringLiteral("Fake"),
-                      bool worksOnSeveral = false)
+    FakeTool(const QString &label, const QString &shortLabel, bool worksOnSeveralBodies = false)
         : PaintTool({}, label, shortLabel, {})
-        , m_worksOnSeveral(worksOnSeveral)
+        , m_worksOnSeveralBodies(worksOnSeveralBodies)
     {
     }
 
-    bool worksOnSeveralBodies() const override { return m_worksOnSeveral; }
+    bool worksOnSeveralBodies() const override { return m_worksOnSeveralBodies; }
 
 private:
-    bool m_worksOnSeveral;
+    bool m_worksOnSeveralBodies;
 };
