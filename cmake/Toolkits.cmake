@@ -24,6 +24,11 @@ foreach(module core imgproc)
         INTERFACE_INCLUDE_DIRECTORIES ${OPENCV_INCLUDE_DIR})
 endforeach()
 
+# Tells whether an X display answers before the toolkit would abort for want of one.
+if(UNIX AND NOT APPLE)
+    find_library(XCB_LIBRARY xcb REQUIRED)
+endif()
+
 find_program(CCACHE_PROGRAM ccache)
 if(CCACHE_PROGRAM)
     set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE_PROGRAM})

@@ -2,8 +2,7 @@
 
 #include <QAction>
 
-/// An action whose tool tip tells its shortcut, and whose widgets take no keyboard focus from the
-/// document.
+/// An action whose tool tip tells its shortcut, and a hint where it has one.
 class GAction : public QAction
 {
     Q_OBJECT
@@ -20,3 +19,6 @@ private:
 
     QString m_hint;
 };
+
+/// The text of an action or a menu as a name: without the mark of its mnemonic and closing dots.
+QString plainActionText(const QString &text);

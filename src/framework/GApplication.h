@@ -16,9 +16,9 @@ class GApplication : public QApplication
 public:
     /// What has to be set before the application object is made: scaling and names.
     static void prepare();
-    /// Why no window can be shown, empty when one can. Works without an application object, whose
-    /// constructor would abort.
-    static QString missingDisplay();
+    /// Why no window can be shown, in one sentence; empty when one can. Works without an
+    /// application object, whose constructor would abort. The arguments are those of main().
+    static QString missingDisplay(int argc = 0, const char *const *argv = nullptr);
 
     GApplication(int &argc, char **argv);
     ~GApplication() override;
@@ -29,6 +29,7 @@ public:
     void setTheme(ThemeChoice choice);
 
     bool event(QEvent *event) override;
+    bool notify(QObject *receiver, QEvent *event) override;
 
 Q_SIGNALS:
     /// The desktop asks to open @p path.
@@ -37,5 +38,7 @@ Q_SIGNALS:
     void themeChanged();
 
 private:
+    void followDesktop();
+
     std::unique_ptr<GSettings> m_settings;
 };

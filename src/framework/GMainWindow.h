@@ -1,10 +1,16 @@
 #pragma once
 
+#include <QHash>
+#include <QList>
 #include <QMainWindow>
+#include <QPair>
+#include <QPointer>
 
 class GAction;
 class GSettings;
+class QDialog;
 class QMenu;
+class RecentFiles;
 
 /// The window of an application that works on one document at a time: its document actions, its
 /// title and its geometry, the menus that every application has. What a document is the derived
@@ -16,11 +22,19 @@ class GMainWindow : public QMainWindow
 public:
     struct DocumentType
     {
-        QString openFilter;    ///< such as "Vesperine projects (*.vep *.vex)"
-        QString saveFilter;    ///< such as "Vesperine projects (*.vep)"
-        QString suffix;        ///< added to names without one, without a dot
-        QString newName;       ///< the title of what was never saved, such as "Untitled"
+        QString openFilter; ///< such as "Vesperine projects (*.vep *.vex)"
+        QString saveFilter; ///< such as "Vesperine projects (*.vep)"
+        QString suffix;     ///< added to names without one, without a dot
+        QString newName;    ///< the title of what was never saved, such as "Untitled"
     };
+    struct ApplicationTexts
+    {
+        QString sentence;   ///< what the program is for, in About
+        QString licence;    ///< one line, in About
+        QString manualPage; ///< the resource path of the manual's first page
+    };
+    /// What to do with the hand, and what happens.
+    using Gestures = QList<QPair<QString, QString>>;
 
     /// @p settings outlive the window.
     GMainWindow(GSettings &settings, const DocumentType &type, QWidget *parent = nullptr);
@@ -46,26 +60,60 @@ protected:
     virtual bool isDocumentModified() const = 0;
     /// Versions, paths, graphics: what a report of a fault needs, in lines.
     virtual QString systemInformation() const = 0;
+    /// Gets the focus when a widget gives it up, as editors do after Enter and Escape.
+    virtual QWidget *documentWidget() const { return centralWidget(); }
 
     /// To be called when the document or its modified state has become another.
     void updateTitle();
-    /// Restores geometry, toolbars and the splitters named by object name; called at the end of the
-    /// derived constructor, after a first resize().
+    /// Restores geometry, toolbars, shown panels and the splitters named by object name; called at
+    /// the end of the derived constructor, after a first resize(). All are kept on close.
     void restoreLayout();
 
     /// New, Open..., Open Recent, separator, Save, Save As...
     void addDocumentActions(QMenu &menu);
     /// Close, Quit.
     void addClosingActions(QMenu &menu);
-    /// Minimise, full screen, and a check entry for each of @p panels, named by its window title.
+    /// Minimise, full screen, and a check entry for each of @p panels, named by its window title;
+    /// those with an object name are as they were in the last run after restoreLayout().
     QMenu *createWindowMenu(const QList<QWidget *> &panels);
     /// Manual, shortcuts, system information, About.
-    QMenu *createHelpMenu();
-    GAction &openAction();
-    GAction &saveAction();
-    /// Opens the list of shortcuts: those of all actions, and @p gestures as pairs of what to do
-    /// and what happens, set by the derived window.
-    void setGestures(const QList<QPair<QString, QString>> &gestures);
+    QMenu *createHelpMenu(const ApplicationTexts &texts);
+    GAction &newAction() { return *m_new; }
+    GAction &openAction() { return *m_open; }
+    GAction &saveAction() { return *m_save; }
+    GAction &saveAsAction() { return *m_saveAs; }
+    GAction &manualAction() { return *m_manual; }
+    /// What the list of shortcuts tells besides those of all actions.
+    void setGestures(const Gestures &gestures) { m_gestures = gestures; }
 
     void closeEvent(QCloseEvent *event) override;
+    void changeEvent(QEvent *event) override;
+
+private:
+    /// True when the document may go: unchanged, saved, or given up by the user.
+    bool mayReplaceDocument();
+    QString documentName() const;
+    QString chooseSavePath();
+    bool mayOverwrite(const QString &path);
+    bool finishSaving(bool isStored);
+    void rememberDocument();
+    void returnFocus(QWidget *old, QWidget *now);
+    /// Shows the dialog that @p create makes, or the one that is open already.
+    template <typename Create>
+    void showOnce(const QString &name, Create create);
+
+    GSettings &m_settings;
+    const DocumentType m_type;
+    GAction *m_new;
+    GAction *m_open;
+    GAction *m_save;
+    GAction *m_saveAs;
+    GAction *m_close;
+    GAction *m_quit;
+    GAction *m_manual;
+    GAction *m_fullScreen;
+    RecentFiles *m_recent;
+    QHash<QString, QAction *> m_panelActions;
+    QHash<QString, QPointer<QDialog>> m_dialogs;
+    Gestures m_gestures;
 };

@@ -1,0 +1,332 @@
+#include "framework/GMainWindow.h"
+
+#include "base/GSettings.h"
+#include "framework/AboutDialog.h"
+#include "framework/GAction.h"
+#include "framework/ManualDialog.h"
+#include "framework/RecentFiles.h"
+#include "framework/ShortcutsDialog.h"
+#include "framework/SystemInformationDialog.h"
+#include "framework/WindowLayout.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QMenu>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QStandardPaths>
+#include <QToolBar>
+
+namespace {
+
+QString folderKey()
+{
+    return QStringLiteral("documentFolder");
+}
+
+QString panelKey(const QString &panel)
+{
+    return QStringLiteral("window/panels/") + panel;
+}
+
+/// The platform's keys for a command, @p fallback where it has none.
+QList<QKeySequence> platformKeys(QKeySequence::StandardKey key, const char *fallback)
+{
+    const QList<QKeySequence> keys = QKeySequence::keyBindings(key);
+    return keys.isEmpty() ? QList<QKeySequence>{QKeySequence(QLatin1String(fallback))} : keys;
+}
+
+GAction *createAction(GMainWindow *window,
+                      const QString &text,
+                      const QList<QKeySequence> &keys,
+                      QAction::MenuRole role = QAction::NoRole)
+{
+    auto *action = new GAction(text, window);
+    action->setShortcuts(keys);
+    action->setMenuRole(role);
+    return action;
+}
+
+QString quoted(const QString &name)
+{
+    return QStringLiteral("\u201c%1\u201d").arg(name);
+}
+
+} // namespace
+
+GMainWindow::GMainWindow(GSettings &settings, const DocumentType &type, QWidget *parent)
+    : QMainWindow(parent)
+    , m_settings(settings)
+    , m_type(type)
+    , m_new(createAction(this, tr("&New"), platformKeys(QKeySequence::New, "Ctrl+N")))
+    , m_open(createAction(this, tr("&Open..."), platformKeys(QKeySequence::Open, "Ctrl+O")))
+    , m_save(createAction(this, tr("&Save"), platformKeys(QKeySequence::Save, "Ctrl+S")))
+    , m_saveAs(
+          createAction(this, tr("Save &As..."), platformKeys(QKeySequence::SaveAs, "Ctrl+Shift+S")))
+    , m_close(createAction(this, tr("&Close"), platformKeys(QKeySequence::Close, "Ctrl+W")))
+    , m_quit(createAction(
+          this, tr("&Quit"), platformKeys(QKeySequence::Quit, "Ctrl+Q"), QAction::QuitRole))
+    , m_manual(createAction(this, tr("&Manual"), platformKeys(QKeySequence::HelpContents, "F1")))
+    , m_fullScreen(
+          createAction(this, tr("&Full Screen"), platformKeys(QKeySequence::FullScreen, "F11")))
+    , m_recent(new RecentFiles(settings, tr("Open &Recent"), this))
+{
+    connect(m_new, &QAction::triggered, this, &GMainWindow::newDocument);
+    connect(m_open, &QAction::triggered, this, &GMainWindow::chooseAndOpen);
+    connect(m_recent, &RecentFiles::chosen, this, &GMainWindow::openPath);
+    connect(m_save, &QAction::triggered, this, &GMainWindow::save);
+    connect(m_saveAs, &QAction::triggered, this, &GMainWindow::saveAs);
+    connect(m_close, &QAction::triggered, this, &QWidget::close);
+    connect(m_quit, &QAction::triggered, qApp, &QApplication::closeAllWindows);
+    m_fullScreen->setCheckable(true);
+    connect(m_fullScreen, &QAction::triggered, this, [this] {
+        setWindowState(windowState() ^ Qt::WindowFullScreen);
+    });
+    connect(qApp, &QApplication::focusChanged, this, &GMainWindow::returnFocus);
+}
+
+GMainWindow::~GMainWindow() = default;
+
+void GMainWindow::newDocument()
+{
+    if (!mayReplaceDocument())
+        return;
+    createDocument();
+    updateTitle();
+}
+
+void GMainWindow::chooseAndOpen()
+{
+    const QString folder = m_settings.value(folderKey()).toString();
+    const QString path = QFileDialog::getOpenFileName(this, tr("Open"), folder, m_type.openFilter);
+    if (!path.isEmpty())
+        openPath(path);
+}
+
+bool GMainWindow::openPath(const QString &path)
+{
+    if (!mayReplaceDocument())
+        return false;
+    const bool isLoaded = loadDocument(QFileInfo(path).absoluteFilePath());
+    if (isLoaded)
+        rememberDocument();
+    updateTitle();
+    return isLoaded;
+}
+
+bool GMainWindow::save()
+{
+    const QString path = documentPath();
+    return path.isEmpty() ? saveAs() : finishSaving(storeDocument(path));
+}
+
+bool GMainWindow::saveAs()
+{
+    const QString path = chooseSavePath();
+    return !path.isEmpty() && finishSaving(storeDocument(path));
+}
+
+bool GMainWindow::finishSaving(bool isStored)
+{
+    if (isStored)
+        rememberDocument();
+    updateTitle();
+    return isStored;
+}
+
+void GMainWindow::rememberDocument()
+{
+    const QString path = documentPath();
+    if (path.isEmpty())
+        return;
+    m_recent->add(path);
+    m_settings.setValue(folderKey(), QFileInfo(path).absolutePath());
+}
+
+bool GMainWindow::mayReplaceDocument()
+{
+    if (!isDocumentModified())
+        return true;
+    QMessageBox box(QMessageBox::Warning,
+                    tr("Save changes?"),
+                    tr("Save the changes to %1?").arg(quoted(documentName())),
+                    QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel,
+                    this);
+    box.setInformativeText(tr("Without saving they are lost."));
+    box.setWindowModality(Qt::WindowModal);
+    box.setDefaultButton(QMessageBox::Save);
+    const int answer = box.exec();
+    return answer == QMessageBox::Discard || (answer == QMessageBox::Save && save());
+}
+
+QString GMainWindow::chooseSavePath()
+{
+    QString proposal = documentPath();
+    if (proposal.isEmpty()) {
+        const QString documents =
+            QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+        proposal = QDir(m_settings.value(folderKey(), documents).toString())
+                       .filePath(m_type.newName + QLatin1Char('.') + m_type.suffix);
+    }
+    while (true) {
+        QString path =
+            QFileDialog::getSaveFileName(this, tr("Save As"), proposal, m_type.saveFilter);
+        if (path.isEmpty() || !QFileInfo(path).suffix().isEmpty())
+            return path;
+        // The file dialog has asked about the name as it was typed, not about this one.
+        path += (path.endsWith(QLatin1Char('.')) ? QString() : QStringLiteral(".")) + m_type.suffix;
+        if (!QFileInfo::exists(path) || mayOverwrite(path))
+            return path;
+        proposal = path;
+    }
+}
+
+bool GMainWindow::mayOverwrite(const QString &path)
+{
+    QMessageBox box(QMessageBox::Warning,
+                    tr("Replace file?"),
+                    tr("%1 already exists. Replace it?").arg(quoted(QFileInfo(path).fileName())),
+                    QMessageBox::Cancel,
+                    this);
+    box.setInformativeText(tr("What it holds now is lost."));
+    const QPushButton *replacing = box.addButton(tr("Replace"), QMessageBox::AcceptRole);
+    box.setDefaultButton(QMessageBox::Cancel);
+    box.exec();
+    return box.clickedButton() == replacing;
+}
+
+QString GMainWindow::documentName() const
+{
+    const QString path = documentPath();
+    return path.isEmpty() ? m_type.newName : QFileInfo(path).fileName();
+}
+
+void GMainWindow::updateTitle()
+{
+    QString name = documentName();
+    // Doubled, the placeholder of the modified mark stands for itself.
+    name.replace(QLatin1String("[*]"), QLatin1String("[*][*]"));
+    setWindowFilePath(documentPath());
+    setWindowTitle(
+        QStringLiteral("%1[*] \u2013 %2").arg(name, QGuiApplication::applicationDisplayName()));
+    setWindowModified(isDocumentModified());
+}
+
+void GMainWindow::restoreLayout()
+{
+    ::restoreLayout(*this, m_settings);
+    for (auto panel = m_panelActions.cbegin(); panel != m_panelActions.cend(); ++panel)
+        panel.value()->setChecked(
+            m_settings.value(panelKey(panel.key()), panel.value()->isChecked()).toBool());
+    for (QToolBar *bar : findChildren<QToolBar *>())
+        leaveFocusOnClick(*bar);
+}
+
+void GMainWindow::closeEvent(QCloseEvent *event)
+{
+    event->setAccepted(mayReplaceDocument());
+    if (!event->isAccepted())
+        return;
+    keepLayout(*this, m_settings);
+    for (auto panel = m_panelActions.cbegin(); panel != m_panelActions.cend(); ++panel)
+        m_settings.setValue(panelKey(panel.key()), panel.value()->isChecked());
+}
+
+void GMainWindow::changeEvent(QEvent *event)
+{
+    if (event->type() == QEvent::WindowStateChange)
+        m_fullScreen->setChecked(isFullScreen());
+    QMainWindow::changeEvent(event);
+}
+
+void GMainWindow::returnFocus(QWidget *old, QWidget *now)
+{
+    if (now || !old || old->window() != this || QApplication::activeWindow() != this)
+        return;
+    // The widget is still giving it up; a dialog that opens now keeps what it takes.
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            QWidget *widget = documentWidget();
+            if (widget && !QApplication::focusWidget() && QApplication::activeWindow() == this)
+                widget->setFocus(Qt::OtherFocusReason);
+        },
+        Qt::QueuedConnection);
+}
+
+void GMainWindow::addDocumentActions(QMenu &menu)
+{
+    menu.addActions({m_new, m_open});
+    menu.addMenu(m_recent);
+    menu.addSeparator();
+    menu.addActions({m_save, m_saveAs});
+}
+
+void GMainWindow::addClosingActions(QMenu &menu)
+{
+    menu.addActions({m_close, m_quit});
+}
+
+QMenu *GMainWindow::createWindowMenu(const QList<QWidget *> &panels)
+{
+    auto *menu = new QMenu(tr("&Window"), this);
+    GAction *minimise =
+        createAction(this, tr("Mi&nimise"), {QKeySequence(QStringLiteral("Ctrl+M"))});
+    connect(minimise, &QAction::triggered, this, &QWidget::showMinimized);
+    menu->addActions({minimise, m_fullScreen});
+    menu->addSeparator();
+    for (QWidget *panel : panels) {
+        QAction *action = createPanelAction(panel);
+        menu->addAction(action);
+        if (!panel->objectName().isEmpty())
+            m_panelActions.insert(panel->objectName(), action);
+    }
+    return menu;
+}
+
+template <typename Create>
+void GMainWindow::showOnce(const QString &name, Create create)
+{
+    QPointer<QDialog> &dialog = m_dialogs[name];
+    if (!dialog) {
+        dialog = create();
+        dialog->setAttribute(Qt::WA_DeleteOnClose);
+    }
+    dialog->show();
+    dialog->raise();
+    dialog->activateWindow();
+}
+
+QMenu *GMainWindow::createHelpMenu(const ApplicationTexts &texts)
+{
+    auto *menu = new QMenu(tr("&Help"), this);
+    GAction *shortcuts = createAction(this, tr("Keyboard &Shortcuts"), {});
+    GAction *information = createAction(this, tr("System &Information"), {});
+    GAction *about = createAction(this,
+                                  tr("&About %1").arg(QGuiApplication::applicationDisplayName()),
+                                  {},
+                                  QAction::AboutRole);
+    connect(m_manual, &QAction::triggered, this, [this, page = texts.manualPage] {
+        showOnce(QStringLiteral("manual"), [&] { return new ManualDialog(page, this); });
+    });
+    connect(shortcuts, &QAction::triggered, this, [this] {
+        showOnce(QStringLiteral("shortcuts"),
+                 [this] { return new ShortcutsDialog(shortcutGroups(*this, m_gestures), this); });
+    });
+    connect(information, &QAction::triggered, this, [this] {
+        showOnce(QStringLiteral("information"), [this] {
+            return new SystemInformationDialog(systemSummary() + systemInformation(), this);
+        });
+    });
+    connect(about, &QAction::triggered, this, [this, texts] {
+        showOnce(QStringLiteral("about"),
+                 [&] { return new AboutDialog(texts.sentence, texts.licence, this); });
+    });
+    menu->addActions({m_manual, shortcuts, information});
+    menu->addSeparator();
+    menu->addAction(about);
+    return menu;
+}

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QMenu>
+#include <QStringList>
+
+class GSettings;
+
+/// The menu of the documents that were opened or saved last, the latest first. It keeps their
+/// canonical paths in the settings, which it borrows.
+class RecentFiles : public QMenu
+{
+    Q_OBJECT
+
+public:
+    static constexpr int limit = 10;
+
+    RecentFiles(GSettings &settings, const QString &title, QWidget *parent = nullptr);
+
+    QStringList paths() const;
+    void add(const QString &path);
+
+Q_SIGNALS:
+    void chosen(const QString &path);
+
+private:
+    void keep(const QStringList &paths);
+    void rebuild();
+
+    GSettings &m_settings;
+};
