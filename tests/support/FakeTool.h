@@ -1,0 +1,44 @@
+#pragma once
+
+#include "tools/PaintTool.h"
+
+#include <QIcon>
+#include <QStringList>
+
+/// Writes down what it is told and asks for what the test sets.
+class FakeTool : public PaintTool
+{
+public:
+    explicit FakeTool(const QString &label = QStringLiteral("Fake tool"))
+        : PaintTool(QIcon(), label, QStringLiteral("Fake"), {})
+    {
+    }
+
+    void activate(const ToolContext &context, const AngleImage &image) override;
+    void deactivate() override { log(QStringLiteral("deactivate")); }
+    void mousePress(const ToolPointerEvent &event) override { log("press", event); }
+    void mouseMove(const ToolPointerEvent &event) override { log("move", event); }
+    void mouseRelease(const ToolPointerEvent &event) override { log("release", event); }
+    void mouseDoubleClick(const ToolPointerEvent &event) override { log("double", event); }
+    void keyPress(int key, Qt::KeyboardModifiers modifiers) override;
+    void keyRelease(int key, Qt::KeyboardModifiers modifiers) override;
+    QGraphicsItem *overlayItem() const override { return overlay; }
+    void updateTexture(QImage image) override { log(QStringLiteral("texture"), image.size()); }
+    void updateNormalMap(AngleImage normalmap) override;
+    void updateSelection(FloatImage selection) override;
+
+    /// What was written down since the last call.
+    QStringList takeLog() { return std::exchange(m_log, {}); }
+
+    InteractionMode mode = InteractionMode::Tool;
+    QGraphicsItem *overlay = nullptr;
+    ToolPointerEvent lastEvent;
+    AngleImage surface;
+
+private:
+    void log(const QString &line) { m_log.append(line); }
+    void log(const QString &what, const QSize &size);
+    void log(const char *what, const ToolPointerEvent &event);
+
+    QStringList m_log;
+};
