@@ -1,12 +1,9 @@
 #pragma once
 
-#include <QWidget>
+#include "framework/GNumberEdit.h"
 
-class SliderScale;
-
-/// A number, edited by a slider and a spin box beside it. The wheel counts only with the focus;
-/// Enter and Escape give the focus back to the document. Escape brings the former value back.
-class GDoubleEdit : public QWidget
+/// A number, edited by a slider and a spin box beside it.
+class GDoubleEdit : public GNumberEdit
 {
     Q_OBJECT
 
@@ -21,20 +18,17 @@ public:
     void setRange(double minimum, double maximum, const SliderScale &scale);
     /// Digits after the point, 1 at first.
     void setDecimals(int decimals);
-    void setSuffix(const QString &suffix);
-    /// What accessibility tools call it; slider and spin box get it.
-    void setLabel(const QString &label);
-    /// Shows that several values differ: no number until one is set.
-    void setMixed(bool isMixed);
 
     double value() const;
 
 public Q_SLOTS:
-    /// Sends valueChanged() when it is another value; clamped to the range.
+    /// Sends valueChanged() when it is another value; clamped to the range and rounded to the
+    /// decimals.
     void setValue(double value);
 
 Q_SIGNALS:
     void valueChanged(double value);
-    /// After a slider's drag, after Enter or when the focus leaves: one edit ends here.
-    void editingFinished();
+
+protected:
+    void sendNumber() override;
 };

@@ -1,12 +1,9 @@
 #pragma once
 
-#include <QWidget>
+#include "framework/GNumberEdit.h"
 
-class SliderScale;
-
-/// An integer, edited by a slider and a spin box beside it. The wheel counts only with the focus;
-/// Enter and Escape give the focus back to the document. Escape brings the former value back.
-class GIntEdit : public QWidget
+/// An integer, edited by a slider and a spin box beside it.
+class GIntEdit : public GNumberEdit
 {
     Q_OBJECT
 
@@ -19,11 +16,6 @@ public:
     void setRange(int minimum, int middle, int maximum);
     /// Slider through @p scale.
     void setRange(int minimum, int maximum, const SliderScale &scale);
-    void setSuffix(const QString &suffix);
-    /// What accessibility tools call it; slider and spin box get it.
-    void setLabel(const QString &label);
-    /// Shows that several values differ: no number until one is set.
-    void setMixed(bool isMixed);
 
     int value() const;
 
@@ -33,6 +25,7 @@ public Q_SLOTS:
 
 Q_SIGNALS:
     void valueChanged(int value);
-    /// After a slider's drag, after Enter or when the focus leaves: one edit ends here.
-    void editingFinished();
+
+protected:
+    void sendNumber() override;
 };

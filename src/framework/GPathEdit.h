@@ -2,7 +2,13 @@
 
 #include <QWidget>
 
-/// A path, typed or chosen by the button beside it.
+class GLineEdit;
+QT_BEGIN_NAMESPACE
+class QMimeData;
+class QToolButton;
+QT_END_NAMESPACE
+
+/// A path, typed, dropped or chosen by the button beside it.
 class GPathEdit : public QWidget
 {
     Q_OBJECT
@@ -24,11 +30,27 @@ public:
     QString path() const;
 
 public Q_SLOTS:
+    /// Shows @p path; sends nothing.
     void setPath(const QString &path);
 
 Q_SIGNALS:
-    /// The user has finished typing another path, or chosen one.
+    /// The user has finished typing another path, dropped or chosen one.
     void pathChanged(const QString &path);
+
+protected:
+    void dragEnterEvent(QDragEnterEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
+
+private:
+    void completePaths();
+    void choose();
+    QString fittingPath(const QMimeData &data) const;
+
+    Kind m_kind;
+    GLineEdit *m_line;
+    QToolButton *m_button;
+    QString m_dialogTitle;
+    QString m_nameFilter;
 };
 
 /// The chooser of a folder.

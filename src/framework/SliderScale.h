@@ -20,4 +20,10 @@ public:
     double valueAt(int step) const;
     /// The step whose value is nearest to @p value.
     int stepOf(double value) const;
+
+private:
+    /// The first step of the part behind point @p part.
+    int firstStep(int part) const;
+
+    QVector<double> m_points;
 };

@@ -2,9 +2,22 @@
 
 #include "model/PropertyAngleImage.h"
 #include "model/Sprite.h"
+#include "model/properties/PropertyDescriptionList.h"
+#include "model/properties/PropertyDescriptionTypes.h"
+
+namespace {
+const PropertyDescriptionList &bodyDescriptions()
+{
+    static PropertyDescriptionList list;
+    if (list.isEmpty())
+        list.add<PropertyDescriptionString>(
+            QStringLiteral("name"), Body::tr("Name"), Body::tr("Name in the list of sprites"));
+    return list;
+}
+} // namespace
 
 Body::Body(UndoStackOwner &document)
-    : PropertyStruct(document, tag())
+    : PropertyStruct(document, tag(), &bodyDescriptions())
     , m_name(&addField<PropertyString>(QStringLiteral("name")))
     , m_sprite(&addField<Sprite>(Sprite::tag()))
     , m_paintedNormalMap(&addField<PropertyAngleImage>(QStringLiteral("painted_normal_map")))

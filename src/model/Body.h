@@ -3,6 +3,7 @@
 #include "model/properties/PropertyStruct.h"
 #include "model/properties/PropertyTypes.h"
 
+#include <QCoreApplication>
 #include <QSize>
 
 class AngleImage;
@@ -12,6 +13,8 @@ class Sprite;
 /// One sprite being worked on, with its painted surface.
 class Body : public PropertyStruct
 {
+    Q_DECLARE_TR_FUNCTIONS(Body)
+
 public:
     explicit Body(UndoStackOwner &document);
     static QString tag();

@@ -1,9 +1,21 @@
 #include "model/Sprite.h"
 
 #include "model/ImageReading.h"
+#include "model/properties/PropertyDescriptionList.h"
+#include "model/properties/PropertyDescriptionTypes.h"
 #include "model/properties/PropertyT.h"
 
 namespace {
+// The checksum is the program's own.
+const PropertyDescriptionList &spriteDescriptions()
+{
+    static PropertyDescriptionList list;
+    if (list.isEmpty())
+        list.add<PropertyDescriptionFilename>(
+            QStringLiteral("filename"), Sprite::tr("Image"), Sprite::tr("Image file"), false);
+    return list;
+}
+
 // The last one is shared: a project may miss many sprites of one size.
 QImage placeholder(const QSize &size)
 {
@@ -17,7 +29,7 @@ QImage placeholder(const QSize &size)
 } // namespace
 
 Sprite::Sprite(UndoStackOwner &document, const QString &key)
-    : PropertyStruct(document, key)
+    : PropertyStruct(document, key, &spriteDescriptions())
     , m_filename(&addField<PropertyFilename>(QStringLiteral("filename")))
     , m_checksum(&addField<PropertyString>(QStringLiteral("checksum")))
 {

@@ -4,6 +4,7 @@
 #include "model/properties/PropertyStruct.h"
 #include "model/properties/PropertyTypes.h"
 
+#include <QCoreApplication>
 #include <QImage>
 #include <QSize>
 
@@ -12,6 +13,8 @@ struct ReadImage;
 /// The source image of a body: the file and its checksum, and, unsaved, the image itself.
 class Sprite : public PropertyStruct
 {
+    Q_DECLARE_TR_FUNCTIONS(Sprite)
+
 public:
     explicit Sprite(UndoStackOwner &document, const QString &key = tag());
     static QString tag();

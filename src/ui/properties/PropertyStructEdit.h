@@ -1,10 +1,15 @@
 #pragma once
 
+#include <QPersistentModelIndex>
 #include <QStringList>
 #include <QVector>
 #include <QWidget>
 
+class PropertyEditor;
 class PropertyStruct;
+class PropertyTreeModel;
+class QGridLayout;
+class QLabel;
 
 /// Editors for the described fields of structs of one class, one row a field: label left, editor
 /// right. Several structs are edited at once; where their values differ the editor shows that, and
@@ -20,4 +25,23 @@ public:
     /// Edits the fields of @p structs whose keys contain @p keyPart; fields of structs inside them
     /// too. Empty shows nothing.
     void setStructs(const QVector<PropertyStruct *> &structs, const QString &keyPart = QString());
+
+private:
+    struct Row
+    {
+        QPersistentModelIndex index;
+        PropertyEditor *editor;
+        QLabel *trouble;
+    };
+
+    void clear();
+    void addRows(const QModelIndex &parent);
+    void addRow(const QModelIndex &index);
+    void refresh(const QModelIndex &index);
+    void show(const Row &row) const;
+
+    PropertyTreeModel *m_model;
+    QVector<Row> m_rows;
+    QWidget *m_content = nullptr;
+    QGridLayout *m_grid = nullptr;
 };

@@ -1,0 +1,115 @@
+#include "ui/properties/PropertyStructEdit.h"
+
+#include "framework/ControlSizes.h"
+#include "framework/Theme.h"
+#include "framework/UiScale.h"
+#include "ui/properties/PropertyEditor.h"
+#include "ui/properties/PropertyEditorFactory.h"
+#include "ui/properties/PropertyTreeModel.h"
+
+#include <QGridLayout>
+#include <QLabel>
+#include <QVBoxLayout>
+
+PropertyStructEdit::PropertyStructEdit(QWidget *parent)
+    : QWidget(parent)
+    , m_model(new PropertyTreeModel(this))
+{
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    connect(m_model, &QAbstractItemModel::dataChanged, this, &PropertyStructEdit::refresh);
+}
+
+PropertyStructEdit::~PropertyStructEdit() = default;
+
+void PropertyStructEdit::setStructs(const QVector<PropertyStruct *> &structs,
+                                    const QString &keyPart)
+{
+    clear();
+    m_model->setStructs(structs, keyPart);
+    addRows({});
+}
+
+// The rows may be at work up the stack, and must not send any more once they lose the focus.
+void PropertyStructEdit::clear()
+{
+    for (const Row &row : std::as_const(m_rows))
+        row.editor->disconnect(this);
+    for (const Row &row : std::as_const(m_rows))
+        row.editor->disconnect(m_model);
+    m_rows.clear();
+    if (m_content) {
+        m_content->hide();
+        m_content->deleteLater();
+    }
+    m_content = new QWidget(this);
+    m_grid = new QGridLayout(m_content);
+    m_grid->setContentsMargins(0, 0, 0, 0);
+    m_grid->setSpacing(scaled(controlSpacing));
+    m_grid->setColumnMinimumWidth(0, scaled(labelColumnWidth));
+    m_grid->setColumnStretch(1, 1);
+    layout()->addWidget(m_content);
+}
+
+void PropertyStructEdit::addRows(const QModelIndex &parent)
+{
+    for (int i = 0; i < m_model->rowCount(parent); ++i) {
+        const QModelIndex index = m_model->index(i, 0, parent);
+        if (m_model->hasChildren(index))
+            addRows(index);
+        else
+            addRow(index);
+    }
+}
+
+void PropertyStructEdit::addRow(const QModelIndex &index)
+{
+    const auto *description =
+        index.data(PropertyTreeModel::DescriptionRole).value<const PropertyDescription *>();
+    auto *editor = PropertyEditorFactory::make(*description, m_content);
+    auto *label = new QLabel(index.data().toString(), m_content);
+    label->setToolTip(index.data(Qt::ToolTipRole).toString());
+    label->setFixedHeight(scaled(controlHeight));
+    label->setBuddy(editor);
+    auto *trouble = new QLabel(m_content);
+    trouble->setWordWrap(true);
+    trouble->hide();
+
+    const int line = m_grid->rowCount();
+    m_grid->addWidget(label, line, 0, Qt::AlignTop);
+    auto *right = new QVBoxLayout;
+    right->setSpacing(scaled(controlSpacing) / 2);
+    right->addWidget(editor);
+    right->addWidget(trouble);
+    m_grid->addLayout(right, line, 1);
+
+    const Row row{index, editor, trouble};
+    connect(editor, &PropertyEditor::edited, this, [this, row](const QVariant &value) {
+        m_model->setData(row.index, value);
+    });
+    connect(editor, &PropertyEditor::finished, m_model, &PropertyTreeModel::submit);
+    connect(editor, &PropertyEditor::cancelled, m_model, &PropertyTreeModel::revert);
+    m_rows.append(row);
+    show(row);
+}
+
+void PropertyStructEdit::refresh(const QModelIndex &index)
+{
+    for (const Row &row : std::as_const(m_rows)) {
+        if (row.index == index)
+            show(row);
+    }
+}
+
+void PropertyStructEdit::show(const Row &row) const
+{
+    row.editor->showValue({row.index.data(PropertyTreeModel::ValueRole),
+                           row.index.data(PropertyTreeModel::MixedRole).toBool(),
+                           row.index.data(PropertyTreeModel::ChoicesRole).toStringList()});
+    const QString trouble = row.index.data(PropertyTreeModel::TroubleRole).toString();
+    row.trouble->setText(trouble);
+    row.trouble->setVisible(!trouble.isEmpty());
+    QPalette colors = row.trouble->palette();
+    colors.setColor(QPalette::WindowText, themeColors(palette()).trouble);
+    row.trouble->setPalette(colors);
+}
