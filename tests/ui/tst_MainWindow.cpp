@@ -273,7 +273,7 @@ private Q_SLOTS:
         script.then(DialogScript::click("OK"_s));
         trigger("Export normals"_s);
         QVERIFY(script.isDone());
-        QVERIFY(script.seen().last().endsWith("|to "_s + m_folder.path("_smaps/deep")));
+        QVERIFY(script.seen().last().endsWith("|to "_s + m_folder.path("maps/deep"_s)));
         QVERIFY(QFile::exists(m_folder.path("maps/deep/a_n.png"_s)));
     }
 
@@ -296,7 +296,7 @@ private Q_SLOTS:
         trigger("Export lit sprite"_s);
         QVERIFY(script.isDone());
         QCOMPARE(script.seen().last(),
-                 "Error|Export to '%1' failed!|"_s.arg(m_folder.path("_slit.unknown")));
+                 "Error|Export to '%1' failed!|"_s.arg(m_folder.path("lit.unknown"_s)));
     }
 
     void preferencesOpenByLinkAndAreKept()
