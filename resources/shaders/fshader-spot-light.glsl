@@ -39,17 +39,19 @@ vec4 lit(vec4 surface, vec3 normal)
     return vec4(surface.rgb * (ambient + light * Brightness), surface.a);
 }
 
-// Half a screen pixel, and a little more: the neighbour begins just there where sprite pixels and
-// screen pixels meet, and rounding must not decide whether it is seen.
+// Half a screen pixel. Where the borders of sprite pixels do not fall between device pixels, the
+// last one inside may lie up to a whole device pixel away: without this the lines would have gaps.
 vec2 reachOfOutlines()
 {
-    return 0.5 * TexelSize / displayScaleFacor * 1.0625;
+    vec2 screenPixel = TexelSize / displayScaleFacor;
+    return max(0.5 * screenPixel, screenPixel / pixelRatio);
 }
 
-// There the texel has its own value, however the texture is filtered.
+// There the texel has its own value, however the texture is filtered. What lies on a border belongs
+// to the texel after it, also when rounding puts it just before.
 vec2 middleOfTexel(vec2 place)
 {
-    return (floor(place / TexelSize) + 0.5) * TexelSize;
+    return (floor(place / TexelSize + 0.004) + 0.5) * TexelSize;
 }
 
 bool isTransparent(vec2 place)
