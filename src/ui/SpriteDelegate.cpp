@@ -148,9 +148,8 @@ void SpriteDelegate::paint(QPainter *painter,
     drawBackground(*painter, option);
     const QRect picture = thumbnailArea(option.rect);
     const auto image = index.data(SpriteListModel::imageRole).value<QImage>();
-    painter->drawPixmap(
-        picture.topLeft(),
-        thumbnail(image, option.palette, painter->device()->devicePixelRatioF()));
+    painter->drawPixmap(picture.topLeft(),
+                        thumbnail(image, option.palette, painter->device()->devicePixelRatioF()));
     const QString status = index.data(SpriteListModel::statusIconRole).toString();
     if (!status.isEmpty()) {
         const int gap = scaled((thumbnailSide - statusSide) / 2);

@@ -133,7 +133,8 @@ private Q_SLOTS:
         });
         sidebar.setDisplayMode(3);
         for (auto *slider : sidebar.findChildren<QSlider *>()) {
-            if (!slider->isVisible() || slider->accessibleName() != QLatin1String("Texture overlay"))
+            if (!slider->isVisible() ||
+                slider->accessibleName() != QLatin1String("Texture overlay"))
                 continue;
             QCOMPARE(slider->value(), 0);
             slider->setFocus();
@@ -227,8 +228,9 @@ private Q_SLOTS:
             if (made->isVisible() && made->defaultAction())
                 texts << made->text();
         }
-        QCOMPARE(texts, QStringList({QStringLiteral("Bevel"), QStringLiteral("One"),
-                                     QStringLiteral("Several")}));
+        QCOMPARE(texts,
+                 QStringList(
+                     {QStringLiteral("Bevel"), QStringLiteral("One"), QStringLiteral("Several")}));
         QVERIFY(sidebar.minimumWidth() >= 315);
         QMenu menu;
         sidebar.addToolActions(menu);
