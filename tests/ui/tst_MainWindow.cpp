@@ -139,7 +139,7 @@ private Q_SLOTS:
         QCOMPARE(list->selectionModel()->selectedRows().size(), 2);
         clickRow(1);
         QTest::keyClick(list, Qt::Key_F2);
-        auto *edit = list->findChild<QLineEdit *>();
+        auto *edit = qobject_cast<QLineEdit *>(QApplication::focusWidget());
         QVERIFY(edit);
         edit->selectAll();
         QTest::keyClicks(edit, "moon"_s);
