@@ -5,5 +5,12 @@
 // Q_INIT_RESOURCE declares a function of the global namespace: it stands in no namespace.
 void initialiseResources()
 {
+    Q_INIT_RESOURCE(cursors);
+    Q_INIT_RESOURCE(icons);
+    Q_INIT_RESOURCE(manual);
+    Q_INIT_RESOURCE(painttoolicons);
     Q_INIT_RESOURCE(patterns);
+    Q_INIT_RESOURCE(shaders);
+    Q_INIT_RESOURCE(startscreen);
+    Q_INIT_RESOURCE(view);
 }

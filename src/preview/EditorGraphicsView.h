@@ -1,11 +1,15 @@
 #pragma once
 
 #include <QGraphicsView>
+#include <QPointer>
+
+#include <optional>
 
 class EditorScene;
+class QGestureEvent;
 
-/// A view with continuous zoom and panning: middle button, Space and drag, Alt and wheel. Zooming
-/// keeps the pixel under the pointer.
+/// A view with continuous zoom and panning: middle button, Space and drag, wheel, Alt and wheel,
+/// two fingers. Zooming keeps the pixel under the pointer, resizing what is in the middle.
 class EditorGraphicsView : public QGraphicsView
 {
     Q_OBJECT
@@ -17,15 +21,61 @@ public:
     explicit EditorGraphicsView(QWidget *parent = nullptr);
 
     /// 1 shows a scene pixel as one logical pixel of the screen.
-    double zoom() const;
+    double zoom() const { return transform().m11(); }
     void setEditorScene(EditorScene *scene);
 
 public Q_SLOTS:
     /// Keeps the point under the pointer, the centre when the pointer is elsewhere.
     void setZoom(double zoom);
-    /// Shows all of @p rect, centred, with some room around; never above 1600 %.
+    /// Shows all of @p rect, centred, with some room around; never above 1600 %. In a view that is
+    /// not shown yet, as soon as it is.
     void zoomToFit(const QRectF &rect);
 
 Q_SIGNALS:
     void zoomChanged(double zoom);
+
+protected:
+    bool event(QEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
+    void wheelEvent(QWheelEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+    void mouseDoubleClickEvent(QMouseEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+    void showEvent(QShowEvent *event) override;
+    void scrollContentsBy(int dx, int dy) override;
+
+private:
+    /// A point of the scene that was put at a point of the view. While neither pointer nor scroll
+    /// bars move it is known exactly, and zooming back and forth does not drift.
+    struct Anchor
+    {
+        QPointF scene;
+        QPointF view;
+        QPoint scroll;
+    };
+
+    QPoint scroll() const;
+    QPointF sceneAt(const QPointF &viewPoint) const;
+    void place(const QPointF &scenePoint, const QPointF &viewPoint);
+    void zoomAround(const QPointF &viewPoint, double zoom);
+    void applyZoom(double zoom);
+    void fit(const QRectF &rect);
+    void panBy(const QPoint &distance);
+    void updateReach();
+    void updatePointer();
+
+    bool mayHoldToPan() const;
+    bool handleSpace(const QEvent &event);
+    void setHeld(bool isHeld);
+    bool startPan(QMouseEvent &event);
+    void pinch(const QGestureEvent &event);
+
+    QPointer<EditorScene> m_scene;
+    std::optional<Anchor> m_anchor;
+    QRectF m_pendingFit;
+    Qt::MouseButton m_panButton = Qt::NoButton;
+    QPoint m_panFrom;
+    bool m_isHeld = false;
 };

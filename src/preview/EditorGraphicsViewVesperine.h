@@ -10,4 +10,13 @@ class EditorGraphicsViewVesperine : public EditorGraphicsView
 public:
     explicit EditorGraphicsViewVesperine(QWidget *parent = nullptr);
     ~EditorGraphicsViewVesperine() override;
+
+protected:
+    void showEvent(QShowEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    void forwardModifier(QKeyEvent &event);
+
+    QPointer<QWidget> m_window;
 };

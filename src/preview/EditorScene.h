@@ -1,8 +1,10 @@
 #pragma once
 
+#include <QCursor>
 #include <QGraphicsScene>
 
-/// What every editor's scene has, whatever it draws: the zoom at which it is seen.
+/// What every editor's scene has, whatever it draws: the zoom at which it is seen and the pointer
+/// over it. Its scene rectangle is its content; views let the user go beyond.
 class EditorScene : public QGraphicsScene
 {
     Q_OBJECT
@@ -13,7 +15,25 @@ public:
     float displayScaleFactor() const { return m_displayScaleFactor; }
     /// The zoom of the view, 1 for one scene pixel a screen pixel.
     virtual void setDisplayScaleFactor(float factor) { m_displayScaleFactor = factor; }
+    /// Only looking, while the user holds the key that pans.
+    virtual void setViewOnly(bool isViewOnly) { Q_UNUSED(isViewOnly) }
+
+    /// The mouse pointer of all views while they don't pan.
+    const QCursor &pointer() const { return m_pointer; }
+
+Q_SIGNALS:
+    void pointerChanged();
+
+protected:
+    void setPointer(const QCursor &pointer)
+    {
+        if (pointer == m_pointer)
+            return;
+        m_pointer = pointer;
+        Q_EMIT pointerChanged();
+    }
 
 private:
     float m_displayScaleFactor = 1.0F;
+    QCursor m_pointer;
 };

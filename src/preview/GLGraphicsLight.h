@@ -2,6 +2,7 @@
 
 #include <QColor>
 #include <QGraphicsObject>
+#include <QImage>
 #include <QVector3D>
 
 /// The light that the user drags over the scene. Its icon keeps its size on the screen.
@@ -31,9 +32,16 @@ public:
 Q_SIGNALS:
     void moved();
 
+protected:
+    QVariant itemChange(GraphicsItemChange change, const QVariant &value) override;
+
 private:
+    const QImage &icon();
+
     Kind m_kind = Kind::Point;
     float m_height = 32.0F;
     QColor m_color = Qt::white;
     float m_displayScaleFactor = 1.0F;
+    QImage m_icon;
+    QColor m_iconColor;
 };

@@ -1,22 +1,14 @@
 #pragma once
 
+#include "preview/DisplayMode.h"
 #include "preview/EditorScene.h"
+#include "preview/SceneLight.h"
 
-#include <QColor>
+#include <memory>
 
 class GLGraphicsLight;
 class GLGraphicsSprite;
-
-/// How the sprites are shown; the number is known to the shaders.
-enum class DisplayMode { Texture = 1, LitSurface = 2, LitTexture = 3, NormalMap = 4 };
-
-/// The light settings that are the same for the whole scene.
-struct SceneLight
-{
-    QColor color = Qt::white; ///< its alpha is the intensity
-    QColor ambient = QColor(0x80, 0x80, 0x80);
-    float brightness = 100.0F; ///< percent
-};
+class SceneRenderer;
 
 /// Draws all sprites with shaders, below the items that the toolkit paints. The view's viewport
 /// needs to be an OpenGL widget.
@@ -53,12 +45,27 @@ public Q_SLOTS:
     void timedAdvance();
     void scheduleAdvance();
 
+Q_SIGNALS:
+    /// @p sprite is larger than a texture may be, which is @p limit pixels wide and high, and drawn
+    /// from a smaller one; told once for each sprite.
+    void spriteScaledDown(GLGraphicsSprite *sprite, int limit);
+
 protected:
     void drawBackground(QPainter *painter, const QRectF &rect) override;
 
 private:
+    void useCurrentContext();
+    void drawFrame(const QPainter &painter);
+    QVector<GLGraphicsSprite *> sprites() const;
+    void nameScaledDown(GLGraphicsSprite &sprite);
+
     DisplayMode m_displayMode = DisplayMode::LitTexture;
     SceneLight m_sceneLight;
+    float m_textureOverlayFactor = 0.0F;
     GLGraphicsLight *m_light;
     bool m_isAnimating = false;
+    bool m_isAdvanceScheduled = false;
+    std::unique_ptr<SceneRenderer> m_renderer;
+    QMetaObject::Connection m_contextEnd;
+    bool m_hasFailed = false;
 };

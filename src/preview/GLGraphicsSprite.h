@@ -1,5 +1,7 @@
 #pragma once
 
+#include "preview/SpriteTexture.h"
+
 #include <QGraphicsItem>
 #include <QImage>
 
@@ -18,17 +20,29 @@ public:
     /// Draws nothing: the scene draws all sprites itself in its background pass.
     void paint(QPainter *painter, const QStyleOptionGraphicsItem *option, QWidget *widget) override;
 
-    const QImage &colorImage() const { return m_color; }
-    const QImage &normalImage() const { return m_normals; }
+    const QImage &colorImage() const { return m_color.image(); }
+    const QImage &normalImage() const { return m_normals.image(); }
     void setColorImage(const QImage &image);
     /// Only @p changed, in pixels, is uploaded again; a null rectangle means the whole image.
     void setNormalImage(const QImage &image, const QRect &changed = QRect());
     /// Alpha above one half where pixels are selected; null for no selection.
     void setSelectionImage(const QImage &image);
-    bool hasSelection() const { return !m_selection.isNull(); }
+    bool hasSelection() const { return !m_selection.image().isNull(); }
+
+    /// Binds colours, normals and selection to the texture units 0, 1 and 2 of @p context, which is
+    /// current.
+    void bindTextures(const std::shared_ptr<BorrowedContext> &context);
+    /// Frees the textures; the next draw makes them again.
+    void releaseTextures();
+    /// True once, when it is drawn from smaller textures, since the driver allows none of its size.
+    bool takeScaledDownNotice();
+
+protected:
+    QVariant itemChange(GraphicsItemChange change, const QVariant &value) override;
 
 private:
-    QImage m_color;
-    QImage m_normals;
-    QImage m_selection;
+    SpriteTexture m_color;
+    SpriteTexture m_normals;
+    SpriteTexture m_selection;
+    bool m_isScaledDownKnown = false;
 };

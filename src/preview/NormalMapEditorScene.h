@@ -3,31 +3,29 @@
 #include "model/properties/ChangeManager.h"
 #include "model/properties/Observer.h"
 #include "preview/GLGraphicsScene.h"
+#include "preview/PointedPixel.h"
 #include "tools/InteractionMode.h"
 
-#include <QElapsedTimer>
-#include <QHash>
-#include <QPointF>
-#include <QPointer>
-#include <QTimer>
+#include <QCursor>
+#include <QRectF>
+
+#include <memory>
 
 class Body;
+class BodyItems;
+class FloatImage;
+class GLGraphicsSprite;
 class ItemSelectionModel;
+class LightRotation;
 class PaintTool;
 class PixelSelectionModel;
 class Project;
+class ProjectLight;
 class ScalableToolCursor;
+class ScenePointer;
+class SceneSelection;
 class SpriteItem;
-class ToolCursor;
-
-/// The pixel of a sprite that the pointer is over.
-struct PointedPixel
-{
-    Body *body = nullptr; ///< null when the pointer is over none
-    QPoint pixel;
-    QPointF slope; ///< x and y, 1 is 45 degrees
-    QColor normal; ///< as the normal map has it
-};
+class ToolRouting;
 
 /// The editor's scene: a sprite item for each body of a project, the light, the pointer of the
 /// active tool, and whatever the mouse does there. Selections, project and tools are borrowed.
@@ -46,17 +44,17 @@ public:
     /// The one selected body, null with none or several.
     Body *currentBody() const { return m_currentBody; }
     /// Null when the scene does not show @p body.
-    SpriteItem *spriteItem(const Body *body) const { return m_items.value(body); }
+    SpriteItem *spriteItem(const Body *body) const;
     /// The rectangle of all sprites; empty without any.
     QRectF spritesRect() const;
     /// What a view shows to begin with: all sprites, or the start screen.
     QRectF contentRect() const;
 
-    PaintTool *tool() const { return m_tool; }
+    PaintTool *tool() const;
     /// The tool that gets the events from now on; deactivates the former one. Null for none.
     void setTool(PaintTool *tool);
     /// Only looking, while Space is held: overrides what the tool asked for.
-    void setViewOnly(bool isViewOnly);
+    void setViewOnly(bool isViewOnly) override;
     InteractionMode interactionMode() const;
 
     void setDisplayMode(DisplayMode mode) override;
@@ -73,8 +71,52 @@ Q_SIGNALS:
     /// Something that can't be shown as it is, such as a sprite larger than textures may be.
     void noticed(const QString &message);
 
+protected:
+    bool event(QEvent *event) override;
+    void mousePressEvent(QGraphicsSceneMouseEvent *event) override;
+    void mouseMoveEvent(QGraphicsSceneMouseEvent *event) override;
+    void mouseReleaseEvent(QGraphicsSceneMouseEvent *event) override;
+    void mouseDoubleClickEvent(QGraphicsSceneMouseEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void keyReleaseEvent(QKeyEvent *event) override;
+
 private:
-    QHash<const Body *, SpriteItem *> m_items;
+    void makeStartScreen();
+    void connectParts(ItemSelectionModel &bodies, PixelSelectionModel &pixels);
+    void updateItems();
+    void addItem(SpriteItem *item);
+    void dropItem(SpriteItem *item);
+    void updateContent();
+    void placeLight();
+
+    void updateCurrentBody();
+    void showPixelSelection(Body *body, const FloatImage &mask);
+    void updateAnimating();
+    void setToolCursor(const ScalableToolCursor &cursor);
+
+    const SpriteItem *itemHere() const;
+    QCursor pointerHere() const;
+    void updateHover();
+    void updatePointedPixel();
+    using ToolOperation = void (ToolRouting::*)(const QGraphicsSceneMouseEvent &);
+    void pressed(QGraphicsSceneMouseEvent &event, ToolOperation operation);
+    void updateViews();
+    void noticeScaledDown(GLGraphicsSprite *sprite, int limit);
+
+    ItemSelectionModel &m_bodies;
+    PixelSelectionModel &m_pixels;
+    Project *m_project = nullptr;
+    Observation m_listObservation;
+
+    std::unique_ptr<BodyItems> m_items;
+    std::unique_ptr<GLGraphicsSprite> m_startScreen;
+    std::unique_ptr<ToolRouting> m_routing;
+    std::unique_ptr<SceneSelection> m_selection;
+    std::unique_ptr<ProjectLight> m_projectLight;
+    std::unique_ptr<ScenePointer> m_pointer;
+    std::unique_ptr<LightRotation> m_rotation;
+
     Body *m_currentBody = nullptr;
-    PaintTool *m_tool = nullptr;
+    bool m_isViewOnly = false;
+    PointedPixel m_pointed;
 };

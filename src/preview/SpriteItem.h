@@ -36,6 +36,8 @@ Q_SIGNALS:
     void sizeChanged();
 
 private:
+    void showNormals(const QImage &normals);
+
     Body &m_body;
     std::unique_ptr<NormalMapProcessor> m_processor;
     Observation m_spriteObservation;

@@ -4,6 +4,7 @@
 #include <QWidget>
 
 class GAction;
+class QLineEdit;
 
 /// Shows and sets the zoom in percent, and owns the zoom actions.
 class ZoomWidget : public QWidget
@@ -15,7 +16,7 @@ public:
 
     double zoom() const { return m_zoom; }
     /// "Zoom In", "Zoom Out", "Zoom 1:1", "Zoom Fit", in this order.
-    QVector<GAction *> zoomActions() const;
+    QVector<GAction *> zoomActions() const { return {m_in, m_out, m_oneToOne, m_fit}; }
 
 public Q_SLOTS:
     /// Shows @p zoom (1 is 100 percent) without a signal.
@@ -25,6 +26,19 @@ Q_SIGNALS:
     void zoomRequested(double zoom);
     void fitRequested();
 
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
 private:
+    void zoomIn();
+    void zoomOut();
+    void takeText();
+    void showZoom();
+
     double m_zoom = 1.0;
+    QLineEdit *m_edit;
+    GAction *m_in;
+    GAction *m_out;
+    GAction *m_oneToOne;
+    GAction *m_fit;
 };

@@ -1,0 +1,130 @@
+#include "preview/BodyItems.h"
+
+#include "model/Body.h"
+#include "model/Sprite.h"
+#include "preview/SpriteItem.h"
+#include "preview/SpriteLayout.h"
+
+#include <QGraphicsScene>
+#include <QSet>
+#include <QtMath>
+
+namespace {
+Body &bodyOf(const std::shared_ptr<Property> &entry)
+{
+    return static_cast<Body &>(*entry);
+}
+
+QRectF sceneRect(const SpriteItem &item)
+{
+    return {item.pos(), item.boundingRect().size()};
+}
+
+bool isOpaqueAt(const SpriteItem &item, const QPointF &position)
+{
+    const QPointF local = position - item.pos();
+    const QPoint pixel(qFloor(local.x()), qFloor(local.y()));
+    const QImage &image = item.body().sprite().image();
+    return image.valid(pixel) && qAlpha(image.pixel(pixel)) > 0;
+}
+} // namespace
+
+BodyItems::BodyItems(QGraphicsScene &scene, QObject *parent)
+    : QObject(parent)
+    , m_scene(scene)
+{
+}
+
+BodyItems::~BodyItems() = default;
+
+void BodyItems::show(const PropertyList::Entries &bodies)
+{
+    removeAllBut(bodies);
+    add(bodies);
+    m_order.clear();
+    for (const auto &entry : bodies) {
+        m_order.append(item(&bodyOf(entry)));
+        // Below 1, where overlays begin.
+        m_order.last()->setZValue(double(m_order.size()) / (bodies.size() + 1));
+    }
+}
+
+void BodyItems::clear()
+{
+    show({});
+    m_places.clear();
+}
+
+void BodyItems::removeAllBut(const PropertyList::Entries &bodies)
+{
+    QSet<const Body *> kept;
+    for (const auto &entry : bodies)
+        kept.insert(&bodyOf(entry));
+    for (auto it = m_items.begin(); it != m_items.end();) {
+        SpriteItem &item = *it->second;
+        if (kept.contains(it->first)) {
+            ++it;
+            continue;
+        }
+        m_places[it->first].position = item.pos();
+        m_order.removeOne(&item);
+        Q_EMIT itemAboutToGo(&item);
+        it = m_items.erase(it);
+    }
+}
+
+void BodyItems::add(const PropertyList::Entries &bodies)
+{
+    QVector<SpriteItem *> unplaced;
+    QVector<QSize> sizes;
+    const QRect occupied = rect().toAlignedRect();
+    for (const auto &entry : bodies) {
+        Body &body = bodyOf(entry);
+        auto &item = m_items[&body];
+        if (item)
+            continue;
+        item = std::make_unique<SpriteItem>(body);
+        const Place known = m_places.value(&body);
+        // Another body may have got the address of one that is gone.
+        const bool isKnown = known.body.lock() == entry;
+        m_places.insert(&body, {entry, known.position});
+        if (isKnown) {
+            item->setPos(known.position);
+        } else {
+            unplaced.append(item.get());
+            sizes.append(item->boundingRect().size().toSize());
+        }
+        m_scene.addItem(item.get());
+        Q_EMIT itemAdded(item.get());
+    }
+    const QVector<QPoint> places = layoutSprites(sizes, occupied);
+    for (int i = 0; i < unplaced.size(); ++i)
+        unplaced[i]->setPos(places[i]);
+}
+
+SpriteItem *BodyItems::item(const Body *body) const
+{
+    const auto found = m_items.find(body);
+    return found == m_items.end() ? nullptr : found->second.get();
+}
+
+QRectF BodyItems::rect() const
+{
+    QRectF result;
+    for (const auto &[body, item] : m_items)
+        result |= sceneRect(*item);
+    return result;
+}
+
+SpriteItem *BodyItems::itemAt(const QPointF &position) const
+{
+    SpriteItem *topmost = nullptr;
+    for (auto it = m_order.crbegin(); it != m_order.crend(); ++it) {
+        if (!sceneRect(**it).contains(position))
+            continue;
+        if (isOpaqueAt(**it, position))
+            return *it;
+        topmost = topmost ? topmost : *it;
+    }
+    return topmost;
+}

@@ -1,0 +1,62 @@
+#pragma once
+
+#include "model/properties/PropertyList.h"
+
+#include <QHash>
+#include <QObject>
+#include <QPointF>
+#include <QRectF>
+
+#include <memory>
+#include <unordered_map>
+
+class Body;
+class QGraphicsScene;
+class SpriteItem;
+
+/// The sprite items of the bodies of a project, in a borrowed scene. A body that comes back, as by
+/// undo, finds its place again.
+class BodyItems : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit BodyItems(QGraphicsScene &scene, QObject *parent = nullptr);
+    ~BodyItems() override;
+
+    /// Makes and removes items until there is one for each of @p bodies, the last one topmost.
+    void show(const PropertyList::Entries &bodies);
+    /// Forgets the places, too.
+    void clear();
+
+    bool isEmpty() const { return m_items.empty(); }
+    /// Null for a body that is not shown.
+    SpriteItem *item(const Body *body) const;
+    /// All in the order of the project's list.
+    const QVector<SpriteItem *> &items() const { return m_order; }
+    /// Empty without any.
+    QRectF rect() const;
+    /// The topmost item with an opaque pixel at @p position, else the topmost whose rectangle has
+    /// it; null for none.
+    SpriteItem *itemAt(const QPointF &position) const;
+
+Q_SIGNALS:
+    void itemAdded(SpriteItem *item);
+    /// Still alive and in the scene.
+    void itemAboutToGo(SpriteItem *item);
+
+private:
+    struct Place
+    {
+        std::weak_ptr<Property> body;
+        QPointF position;
+    };
+
+    void removeAllBut(const PropertyList::Entries &bodies);
+    void add(const PropertyList::Entries &bodies);
+
+    QGraphicsScene &m_scene;
+    std::unordered_map<const Body *, std::unique_ptr<SpriteItem>> m_items;
+    QVector<SpriteItem *> m_order;
+    QHash<const Body *, Place> m_places;
+};

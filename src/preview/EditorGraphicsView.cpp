@@ -1,0 +1,310 @@
+#include "preview/EditorGraphicsView.h"
+
+#include "preview/EditorScene.h"
+
+#include <QAbstractSpinBox>
+#include <QApplication>
+#include <QComboBox>
+#include <QGestureEvent>
+#include <QKeyEvent>
+#include <QKeySequenceEdit>
+#include <QLineEdit>
+#include <QMouseEvent>
+#include <QPinchGesture>
+#include <QPlainTextEdit>
+#include <QScrollBar>
+#include <QTextEdit>
+#include <QWheelEvent>
+
+#include <cmath>
+
+namespace {
+constexpr double maximumFitZoom = 16.0;
+constexpr double fitShare = 0.9;         // of the view's sides
+constexpr double notchesToDouble = 4.0;  // of a mouse wheel
+constexpr int angleOfNotch = 120;        // as the toolkit counts
+constexpr int scrolledAnglePerPixel = 2; // a notch is 60 pixels
+
+QPointF middle(const QSize &size)
+{
+    return {size.width() / 2.0, size.height() / 2.0};
+}
+
+bool takesText(const QWidget *widget)
+{
+    if (const auto *box = qobject_cast<const QComboBox *>(widget))
+        return box->isEditable();
+    return qobject_cast<const QLineEdit *>(widget) || qobject_cast<const QTextEdit *>(widget) ||
+           qobject_cast<const QPlainTextEdit *>(widget) ||
+           qobject_cast<const QAbstractSpinBox *>(widget) ||
+           qobject_cast<const QKeySequenceEdit *>(widget);
+}
+
+bool isSpace(const QEvent &event)
+{
+    const bool isKey = event.type() == QEvent::KeyPress || event.type() == QEvent::KeyRelease;
+    return isKey && static_cast<const QKeyEvent &>(event).key() == Qt::Key_Space;
+}
+} // namespace
+
+EditorGraphicsView::EditorGraphicsView(QWidget *parent)
+    : QGraphicsView(parent)
+{
+    setTransformationAnchor(NoAnchor);
+    setResizeAnchor(NoAnchor);
+    // The content has room on all sides: bars would only tell how much of nothing there is.
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setLayoutDirection(Qt::LeftToRight);
+    setMouseTracking(true);
+    qApp->installEventFilter(this);
+}
+
+void EditorGraphicsView::setEditorScene(EditorScene *scene)
+{
+    if (m_scene)
+        m_scene->disconnect(this);
+    m_scene = scene;
+    setScene(scene);
+    if (!scene)
+        return;
+    connect(scene, &QGraphicsScene::sceneRectChanged, this, &EditorGraphicsView::updateReach);
+    connect(scene, &EditorScene::pointerChanged, this, &EditorGraphicsView::updatePointer);
+    scene->setDisplayScaleFactor(static_cast<float>(zoom()));
+    updateReach();
+    updatePointer();
+}
+
+void EditorGraphicsView::setZoom(double zoom)
+{
+    const QPointF pointer = viewport()->mapFromGlobal(QCursor::pos());
+    zoomAround(viewport()->underMouse() ? pointer : middle(viewport()->size()), zoom);
+}
+
+void EditorGraphicsView::zoomToFit(const QRectF &rect)
+{
+    if (isVisible())
+        fit(rect);
+    else
+        m_pendingFit = rect;
+}
+
+void EditorGraphicsView::fit(const QRectF &rect)
+{
+    if (rect.isEmpty())
+        return;
+    const double across = viewport()->width() * fitShare / rect.width();
+    const double down = viewport()->height() * fitShare / rect.height();
+    applyZoom(qBound(minimumZoom, qMin(across, down), maximumFitZoom));
+    place(rect.center(), middle(viewport()->size()));
+}
+
+void EditorGraphicsView::zoomAround(const QPointF &viewPoint, double zoom)
+{
+    const QPointF scenePoint = sceneAt(viewPoint);
+    applyZoom(qBound(minimumZoom, zoom, maximumZoom));
+    place(scenePoint, viewPoint);
+}
+
+void EditorGraphicsView::applyZoom(double zoom)
+{
+    if (zoom == this->zoom())
+        return;
+    setTransform(QTransform::fromScale(zoom, zoom));
+    updateReach();
+    if (m_scene)
+        m_scene->setDisplayScaleFactor(static_cast<float>(zoom));
+    Q_EMIT zoomChanged(zoom);
+}
+
+QPoint EditorGraphicsView::scroll() const
+{
+    return {horizontalScrollBar()->value(), verticalScrollBar()->value()};
+}
+
+QPointF EditorGraphicsView::sceneAt(const QPointF &viewPoint) const
+{
+    if (m_anchor && m_anchor->view == viewPoint && m_anchor->scroll == scroll())
+        return m_anchor->scene;
+    return viewportTransform().inverted().map(viewPoint);
+}
+
+void EditorGraphicsView::place(const QPointF &scenePoint, const QPointF &viewPoint)
+{
+    panBy((viewPoint - viewportTransform().map(scenePoint)).toPoint());
+    m_anchor = Anchor{scenePoint, viewPoint, scroll()};
+}
+
+void EditorGraphicsView::panBy(const QPoint &distance)
+{
+    horizontalScrollBar()->setValue(horizontalScrollBar()->value() - distance.x());
+    verticalScrollBar()->setValue(verticalScrollBar()->value() - distance.y());
+}
+
+// One can go beyond the content until it has just left the view.
+void EditorGraphicsView::updateReach()
+{
+    if (!m_scene)
+        return;
+    const QSizeF room = QSizeF(viewport()->size()) / zoom();
+    setSceneRect(
+        m_scene->sceneRect().adjusted(-room.width(), -room.height(), room.width(), room.height()));
+}
+
+void EditorGraphicsView::updatePointer()
+{
+    if (m_panButton != Qt::NoButton)
+        viewport()->setCursor(Qt::ClosedHandCursor);
+    else if (m_isHeld)
+        viewport()->setCursor(Qt::OpenHandCursor);
+    else if (m_scene)
+        viewport()->setCursor(m_scene->pointer());
+}
+
+void EditorGraphicsView::scrollContentsBy(int dx, int dy)
+{
+    QGraphicsView::scrollContentsBy(dx, dy);
+    // The toolkit leaves this out in a view that does not follow its items by itself.
+    viewport()->update();
+}
+
+void EditorGraphicsView::resizeEvent(QResizeEvent *event)
+{
+    const QPointF centre = sceneAt(middle(event->oldSize().expandedTo({0, 0})));
+    QGraphicsView::resizeEvent(event);
+    updateReach();
+    place(centre, middle(viewport()->size()));
+}
+
+void EditorGraphicsView::showEvent(QShowEvent *event)
+{
+    QGraphicsView::showEvent(event);
+    fit(m_pendingFit);
+    m_pendingFit = {};
+}
+
+void EditorGraphicsView::wheelEvent(QWheelEvent *event)
+{
+    if (event->modifiers() & Qt::ControlModifier) {
+        event->ignore();
+        return;
+    }
+    event->accept();
+    if (event->modifiers() & Qt::AltModifier) {
+        // Some platforms turn the wheel's axis while Alt is held.
+        const QPoint angle = event->angleDelta();
+        const double notches = double(angle.y() ? angle.y() : angle.x()) / angleOfNotch;
+        zoomAround(event->position(), zoom() * std::exp2(notches / notchesToDouble));
+        return;
+    }
+    const QPoint exact = event->pixelDelta();
+    const QPoint distance = exact.isNull() ? event->angleDelta() / scrolledAnglePerPixel : exact;
+    panBy(event->modifiers() & Qt::ShiftModifier ? distance.transposed() : distance);
+}
+
+bool EditorGraphicsView::startPan(QMouseEvent &event)
+{
+    const bool isStart =
+        event.button() == Qt::MiddleButton || (m_isHeld && event.button() == Qt::LeftButton);
+    if (m_panButton == Qt::NoButton && isStart) {
+        m_panButton = event.button();
+        m_panFrom = event.pos();
+        updatePointer();
+    }
+    const bool isTaken = m_isHeld || m_panButton != Qt::NoButton;
+    event.setAccepted(isTaken);
+    return isTaken;
+}
+
+void EditorGraphicsView::mousePressEvent(QMouseEvent *event)
+{
+    if (!startPan(*event))
+        QGraphicsView::mousePressEvent(event);
+}
+
+void EditorGraphicsView::mouseDoubleClickEvent(QMouseEvent *event)
+{
+    if (!startPan(*event))
+        QGraphicsView::mouseDoubleClickEvent(event);
+}
+
+void EditorGraphicsView::mouseMoveEvent(QMouseEvent *event)
+{
+    if (m_panButton == Qt::NoButton) {
+        QGraphicsView::mouseMoveEvent(event);
+        return;
+    }
+    panBy(event->pos() - m_panFrom);
+    m_panFrom = event->pos();
+}
+
+void EditorGraphicsView::mouseReleaseEvent(QMouseEvent *event)
+{
+    if (m_panButton == Qt::NoButton || event->button() != m_panButton) {
+        QGraphicsView::mouseReleaseEvent(event);
+        return;
+    }
+    m_panButton = Qt::NoButton;
+    updatePointer();
+}
+
+bool EditorGraphicsView::event(QEvent *event)
+{
+    if (event->type() == QEvent::Gesture) {
+        pinch(static_cast<const QGestureEvent &>(*event));
+        return true;
+    }
+    if (event->type() == QEvent::WindowDeactivate)
+        setHeld(false);
+    return QGraphicsView::event(event);
+}
+
+void EditorGraphicsView::pinch(const QGestureEvent &event)
+{
+    const auto *gesture = static_cast<const QPinchGesture *>(event.gesture(Qt::PinchGesture));
+    if (!gesture)
+        return;
+    if (gesture->changeFlags() & QPinchGesture::CenterPointChanged)
+        panBy((gesture->centerPoint() - gesture->lastCenterPoint()).toPoint());
+    if (gesture->changeFlags() & QPinchGesture::ScaleFactorChanged)
+        zoomAround(viewport()->mapFromGlobal(gesture->centerPoint().toPoint()),
+                   zoom() * gesture->scaleFactor());
+}
+
+// Space is heard before the widget that has the focus, so that a list or a button doesn't act on
+// it.
+bool EditorGraphicsView::eventFilter(QObject *watched, QEvent *event)
+{
+    if (isSpace(*event) && handleSpace(*event))
+        return true;
+    return QGraphicsView::eventFilter(watched, event);
+}
+
+bool EditorGraphicsView::handleSpace(const QEvent &event)
+{
+    const bool repeats = static_cast<const QKeyEvent &>(event).isAutoRepeat();
+    if (m_isHeld && event.type() == QEvent::KeyRelease && !repeats) {
+        setHeld(false);
+        return true;
+    }
+    if (m_isHeld || event.type() == QEvent::KeyRelease || repeats || !mayHoldToPan())
+        return m_isHeld;
+    setHeld(true);
+    return true;
+}
+
+bool EditorGraphicsView::mayHoldToPan() const
+{
+    return viewport()->underMouse() && !QApplication::activeModalWidget() &&
+           !QApplication::activePopupWidget() && !takesText(QApplication::focusWidget());
+}
+
+void EditorGraphicsView::setHeld(bool isHeld)
+{
+    if (isHeld == m_isHeld)
+        return;
+    m_isHeld = isHeld;
+    if (m_scene)
+        m_scene->setViewOnly(isHeld);
+    updatePointer();
+}

@@ -1,0 +1,52 @@
+#include "preview/EditorGraphicsViewVesperine.h"
+
+#include <QKeyEvent>
+#include <QOpenGLWidget>
+
+EditorGraphicsViewVesperine::EditorGraphicsViewVesperine(QWidget *parent)
+    : EditorGraphicsView(parent)
+{
+    setViewport(new QOpenGLWidget);
+    // The scene is drawn as a whole or not at all; it tells when.
+    setViewportUpdateMode(NoViewportUpdate);
+    viewport()->setAttribute(Qt::WA_AcceptTouchEvents);
+    viewport()->setMouseTracking(true);
+    setDragMode(RubberBandDrag);
+    grabGesture(Qt::PinchGesture);
+    connect(this, &QGraphicsView::rubberBandChanged, viewport(), qOverload<>(&QWidget::update));
+}
+
+EditorGraphicsViewVesperine::~EditorGraphicsViewVesperine() = default;
+
+void EditorGraphicsViewVesperine::showEvent(QShowEvent *event)
+{
+    EditorGraphicsView::showEvent(event);
+    if (m_window == window())
+        return;
+    if (m_window)
+        m_window->removeEventFilter(this);
+    m_window = window();
+    m_window->installEventFilter(this);
+}
+
+// Tools see the modifiers wherever the focus is.
+bool EditorGraphicsViewVesperine::eventFilter(QObject *watched, QEvent *event)
+{
+    const bool isKey = event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease;
+    if (isKey && watched == m_window && !hasFocus())
+        forwardModifier(static_cast<QKeyEvent &>(*event));
+    return EditorGraphicsView::eventFilter(watched, event);
+}
+
+void EditorGraphicsViewVesperine::forwardModifier(QKeyEvent &event)
+{
+    const int key = event.key();
+    if (key != Qt::Key_Shift && key != Qt::Key_Control && key != Qt::Key_Alt)
+        return;
+    // A copy and no delivery: an ignored event would come back through the window.
+    QKeyEvent copy(event.type(), key, event.modifiers(), event.text(), event.isAutoRepeat());
+    if (event.type() == QEvent::KeyPress)
+        keyPressEvent(&copy);
+    else
+        keyReleaseEvent(&copy);
+}

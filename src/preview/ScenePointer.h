@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QCursor>
+#include <QPointF>
+
+#include <memory>
+#include <optional>
+
+class GLGraphicsLight;
+class QGraphicsScene;
+class ScalableToolCursor;
+class ToolCursor;
+
+/// Where the pointer is over a scene and what the active tool shows there. Scene and light are
+/// borrowed.
+class ScenePointer
+{
+public:
+    ScenePointer(QGraphicsScene &scene, GLGraphicsLight &light);
+    ~ScenePointer();
+
+    void moveTo(const QPointF &position);
+    void leave() { m_isInside = false; }
+    void enter() { m_isInside = true; }
+    /// Nothing while the pointer is elsewhere.
+    std::optional<QPointF> position() const { return m_isInside ? m_position : std::nullopt; }
+    /// Where it was last; nothing before it came.
+    std::optional<QPointF> lastPosition() const { return m_position; }
+    /// Over a light that shows.
+    bool isOverLight() const;
+
+    /// Outlines are drawn by an item, beside a blank mouse pointer.
+    void setToolCursor(const ScalableToolCursor &cursor);
+    const QCursor &toolPointer() const { return m_toolPointer; }
+    /// Shows the outlines if the tool @p isInUse, unless the pointer is over the light or
+    /// elsewhere.
+    void showToolCursor(bool isInUse);
+
+private:
+    void setItem(std::unique_ptr<ToolCursor> item);
+
+    QGraphicsScene &m_scene;
+    GLGraphicsLight &m_light;
+    std::unique_ptr<ToolCursor> m_item;
+    QCursor m_toolPointer;
+    std::optional<QPointF> m_position;
+    bool m_isInside = false;
+};

@@ -1,0 +1,61 @@
+#include "preview/SpriteItem.h"
+
+#include "model/Body.h"
+#include "model/NormalMapProcessor.h"
+#include "model/Sprite.h"
+
+namespace {
+
+// Alpha says how much a pixel is selected.
+QImage selectionImage(const FloatImage &selection)
+{
+    if (selection.isNull())
+        return {};
+    QImage image(selection.size(), QImage::Format_Alpha8);
+    for (int y = 0; y < selection.height(); ++y) {
+        const float *weights = selection.row(y);
+        uchar *alpha = image.scanLine(y);
+        for (int x = 0; x < selection.width(); ++x)
+            alpha[x] = uchar(qBound(0.0F, weights[x], 1.0F) * 255.0F + 0.5F);
+    }
+    return image;
+}
+
+} // namespace
+
+SpriteItem::SpriteItem(Body &body)
+    : m_body(body)
+    , m_processor(std::make_unique<NormalMapProcessor>(body))
+    , m_spriteObservation(ChangeManager::instance().observe(body.sprite(), *this))
+{
+    setColorImage(body.sprite().image());
+    setNormalImage(m_processor->normalMap());
+    connect(
+        m_processor.get(), &NormalMapProcessor::normalMapChanged, this, &SpriteItem::showNormals);
+}
+
+SpriteItem::~SpriteItem() = default;
+
+void SpriteItem::setPixelSelection(const FloatImage &selection)
+{
+    m_processor->setMask(selection);
+    setSelectionImage(selectionImage(selection));
+    Q_EMIT contentChanged();
+}
+
+void SpriteItem::observableChanged(Observable &)
+{
+    const QImage &image = m_body.sprite().image();
+    const bool hasNewSize = image.size() != colorImage().size();
+    setColorImage(image);
+    if (hasNewSize)
+        Q_EMIT sizeChanged();
+    Q_EMIT contentChanged();
+}
+
+void SpriteItem::showNormals(const QImage &normals)
+{
+    // Replaces the former image at once: to keep that one would make the next update copy it.
+    setNormalImage(normals, m_processor->changedArea());
+    Q_EMIT contentChanged();
+}

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <QRect>
+#include <QSize>
+#include <QVector>
+
+/// Between sprites that were laid out, in pixels.
+constexpr int spriteGap = 16;
+
+/// Top left corners for sprites of @p sizes: rows from left to right without overlap, together as
+/// square as it goes. They lie around the origin, or beside @p occupied unless that is empty.
+QVector<QPoint> layoutSprites(const QVector<QSize> &sizes, const QRect &occupied);
