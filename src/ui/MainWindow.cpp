@@ -123,8 +123,8 @@ void MainWindow::placePanels()
     m_editor->setZoomWidget(*m_zoom);
 
     statusBar()->setStyleSheet(
-        QStringLiteral("QStatusBar { border-top: 1px solid palette(shadow); background: #dddddd; };"
-                       "QLabel { color: #202024; }"));
+        QStringLiteral("QLabel { color: #202024; }"
+                       "QStatusBar { border-top: 1px solid palette(shadow); background: #dddddd; };"));
     m_pointed->setObjectName(QStringLiteral("pointedPixel"));
     statusBar()->addPermanentWidget(m_pointed);
     statusBar()->addPermanentWidget(m_zoom);
@@ -155,8 +155,9 @@ void MainWindow::createMenus()
     draw->addAction(&m_spriteActions->selectAll());
     m_editor->addDrawActions(*draw);
     createViewMenu();
-    createWindowMenu({m_sprites, m_tools});
+    menuBar()->addMenu(createWindowMenu({m_sprites, m_tools}));
     QMenu *help = createHelpMenu(applicationTexts());
+    menuBar()->addMenu(help);
     help->addSeparator();
     help->addAction(m_feedback);
     connect(m_feedback, &QAction::triggered, this, &MainWindow::showFeedback);

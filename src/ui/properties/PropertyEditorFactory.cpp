@@ -12,6 +12,7 @@
 #include "model/properties/PropertyDescriptionTypes.h"
 #include "ui/properties/PropertyEditor.h"
 
+#include <QBoxLayout>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
@@ -154,6 +155,7 @@ void PropertyEditorFactory::visit(const PropertyDescriptionColor &description)
 {
     auto *name = new QLabel(&m_editor);
     name->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    name->setForegroundRole(QPalette::PlaceholderText);
     auto *button = new GColorButton(&m_editor);
     button->setLabel(description.label());
     button->setAlphaOffered(false); // a project's file keeps none
