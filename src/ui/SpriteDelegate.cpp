@@ -44,7 +44,7 @@ QImage fitted(const QImage &image, int side)
 {
     const int longest = std::max(image.width(), image.height());
     if (longest <= side)
-        return image.scaled(image.size() * (side / longest));
+        return image.scaled(image.width() * (side / longest), image.height() * (side / longest));
     const auto sizeIn = [&image](int box) {
         return image.size().scaled(box, box, Qt::KeepAspectRatio).expandedTo(QSize(1, 1));
     };
@@ -55,8 +55,8 @@ QImage fitted(const QImage &image, int side)
 
 void drawCheckerboard(QPainter &painter, int side, const QPalette &palette)
 {
-    const QColor base = palette.color(QPalette::Active, QPalette::Base);
-    const QColor text = palette.color(QPalette::Active, QPalette::Text);
+    const QColor &base = palette.color(QPalette::Active, QPalette::Base);
+    const QColor &text = palette.color(QPalette::Active, QPalette::Text);
     const int cell = std::max(1, side / 8);
     painter.fillRect(0, 0, side, side, mixed(base, text, 0.20));
     for (int y = 0; y < side; y += cell) {
