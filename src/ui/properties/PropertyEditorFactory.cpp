@@ -12,6 +12,7 @@
 #include "model/properties/PropertyDescriptionTypes.h"
 #include "ui/properties/PropertyEditor.h"
 
+#include <QBoxLayout>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
