@@ -189,7 +189,7 @@ private Q_SLOTS:
 
         above->setVisible(false);
         shown.scene.setDisplayMode(DisplayMode::LitTexture);
-        shown.scene.light().setPos(76, 4);
+        shown.scene.light().setPos(110, 4);
         const QRect place(20, 10, 40, 30);
         QVERIFY(difference(shown.shot().copy(place), shown.expectedSprite()) <= 1);
         // A part that is exposed alone, and a view that is scrolled.
