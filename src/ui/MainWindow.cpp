@@ -102,10 +102,10 @@ MainWindow::MainWindow(GApplication &application, QWidget *parent)
 
 MainWindow::~MainWindow()
 {
-    // The panels let go of the project, which the controller is about to take along.
+    // The panels borrow the controller's project and selection, which would go before them.
     m_controller.setInstalled({});
-    m_sprites->setProject(nullptr);
-    m_editor->setProject(nullptr);
+    disconnect(&project().undoStack(), nullptr, this, nullptr);
+    delete takeCentralWidget();
 }
 
 void MainWindow::placePanels()
@@ -244,7 +244,10 @@ void MainWindow::installProject()
     m_sprites->setProject(&project);
     m_editor->setProject(&project);
     m_undoActions->setStack(project.undoStack());
-    connect(&project.undoStack(), &GUndoStack::indexChanged, this, [this] { updateTitle(); });
+    connect(&project.undoStack(), &GUndoStack::indexChanged, this, [this] {
+        updateTitle();
+        updateActions();
+    });
     connect(&project.undoStack(), &GUndoStack::cleanChanged, this, [this] { updateTitle(); });
     updateActions();
     updateTitle();

@@ -13,6 +13,7 @@
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScreen>
 #include <QSplitter>
 #include <QTemporaryDir>
 #include <QTest>
@@ -178,6 +179,9 @@ void cancel(QDialog &dialog)
 
 } // namespace
 
+Q_DECLARE_METATYPE(QMessageBox::StandardButton)
+Q_DECLARE_METATYPE(QList<ModalDriver::Step>)
+
 class TestGMainWindow : public QObject
 {
     Q_OBJECT
@@ -291,6 +295,7 @@ void TestGMainWindow::savesUnderChosenName()
     createFile(QStringLiteral("there.doc"));
     FakeWindow window(*m_settings);
     window.m_isModified = true;
+    window.updateTitle();
     further.prepend(typed.isEmpty() ? ModalDriver::Step(cancel) : choose(file(typed)));
     const ModalDriver driver(further);
     QCOMPARE(window.save(), !saved.isEmpty());

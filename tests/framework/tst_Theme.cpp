@@ -14,6 +14,10 @@
 
 #include <cmath>
 
+Q_DECLARE_METATYPE(ThemeChoice)
+Q_DECLARE_METATYPE(QIcon::Mode)
+Q_DECLARE_METATYPE(QIcon::State)
+
 namespace {
 
 double luminance(const QColor &color)
@@ -96,12 +100,13 @@ void TestTheme::colorsAreTellable_data()
         applyTheme(theme);
         const QPalette palette = QApplication::palette();
         const ThemeColors colors = themeColors(palette);
-        const auto add = [theme](const char *name, QColor front, QColor ground, double least) {
-            QTest::addRow("%s %s", theme == ThemeChoice::Dark ? "dark" : "light", name)
-                << front << ground << least;
-        };
-        const QColor window = palette.color(QPalette::Window);
-        const QColor base = palette.color(QPalette::Base);
+        const auto add =
+            [theme](const char *name, const QColor &front, const QColor &ground, double least) {
+                QTest::addRow("%s %s", theme == ThemeChoice::Dark ? "dark" : "light", name)
+                    << front << ground << least;
+            };
+        const QColor &window = palette.color(QPalette::Window);
+        const QColor &base = palette.color(QPalette::Base);
         add("text on window", palette.color(QPalette::WindowText), window, 4.5);
         add("text on base", palette.color(QPalette::Text), base, 4.5);
         add("text on other rows",
