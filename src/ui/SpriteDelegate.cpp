@@ -1,5 +1,6 @@
 #include "ui/SpriteDelegate.h"
 
+#include "framework/ControlSizes.h"
 #include "framework/ThemedIcon.h"
 #include "framework/UiScale.h"
 #include "ui/SpriteListModel.h"
@@ -188,9 +189,11 @@ void SpriteDelegate::updateEditorGeometry(QWidget *editor,
                                           const QStyleOptionViewItem &option,
                                           const QModelIndex &) const
 {
+    // Over the name, so that size and state stay readable.
     QRect area = textArea(option.rect);
-    area.setHeight(std::max(editor->sizeHint().height(), scaled(24)));
-    area.moveTop(option.rect.center().y() + 1 - area.height() / 2);
+    const int middle = area.top() + area.height() / 4;
+    area.setHeight(scaled(controlHeight));
+    area.moveTop(middle - area.height() / 2);
     editor->setGeometry(area.adjusted(-scaled(rowMargin + 1), 0, 0, 0));
 }
 
