@@ -77,6 +77,8 @@ ZoomWidget::ZoomWidget(QWidget *parent)
     layout->setSpacing(8);
     layout->addWidget(label);
     layout->addWidget(m_edit);
+    // The status bar would pull label and field apart.
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);
 
     m_in->setShortcuts(QKeySequence::ZoomIn);
     m_out->setShortcuts(QKeySequence::ZoomOut);

@@ -126,6 +126,7 @@ void MainWindow::placePanels()
         QStringLiteral("QLabel { color: #202024; }"
                        "QStatusBar { border-top: 1px solid palette(shadow); background: #dddddd; };"));
     m_pointed->setObjectName(QStringLiteral("pointedPixel"));
+    m_pointed->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     statusBar()->addPermanentWidget(m_pointed);
     statusBar()->addPermanentWidget(m_zoom);
 }
