@@ -1,6 +1,7 @@
 #include "preview/BodyOutlines.h"
 
-#include <QGraphicsScene>
+#include "framework/Theme.h"
+
 #include <QPainter>
 #include <QPalette>
 
@@ -32,7 +33,8 @@ void BodyOutlines::paint(QPainter *painter,
                          const QStyleOptionGraphicsItem * /*option*/,
                          QWidget * /*widget*/)
 {
-    QPen pen(scene()->palette().color(QPalette::Highlight), 1.0);
+    // What is behind the sprites is dark in the light theme, too.
+    QPen pen(themeColors(QPalette(Qt::black)).accent, 1.0);
     pen.setCosmetic(true);
     pen.setJoinStyle(Qt::MiterJoin);
     painter->setPen(pen);
