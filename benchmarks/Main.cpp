@@ -1,6 +1,11 @@
 // The measurements of the program, each as its speed relative to a reference of the same run:
 // milliseconds of one machine say nothing about another.
 
+#include "base/Resources.h"
+#include "ui/VesperineApplication.h"
+
+#include <QTemporaryDir>
+
 #include <benchmark/benchmark.h>
 
 #include <cstdio>
@@ -50,6 +55,16 @@ int main(int argc, char **argv)
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv))
         return 1;
+    initialiseResources();
+    VesperineApplication::prepare();
+    if (const QString problem = GApplication::missingDisplay(); !problem.isEmpty()) {
+        std::fprintf(stderr, "%s\n", qPrintable(problem));
+        return 1;
+    }
+    // The user's settings are no business of ours, nor of the programs that are started.
+    const QTemporaryDir settings;
+    qputenv("XDG_CONFIG_HOME", settings.path().toLocal8Bit());
+    const GApplication application(argc, argv);
     RatioTable table;
     benchmark::RunSpecifiedBenchmarks(&table);
     return 0;

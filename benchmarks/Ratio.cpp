@@ -31,14 +31,18 @@ void measure(benchmark::State &state, double goal, const std::function<Contest()
     const Contest contest = prepare();
     // The first touch of the memory is nobody's work.
     contest.work();
+    contest.tidyUp();
     contest.reference();
+    contest.tidyUp();
 
     std::vector<double> ratios;
     std::vector<double> times;
     for ([[maybe_unused]] auto once : state) {
         for (double total = 0.0; total < shortestTime || ratios.size() < fewestRounds;) {
             const double work = secondsOf(contest.work);
+            contest.tidyUp();
             const double reference = secondsOf(contest.reference);
+            contest.tidyUp();
             times.push_back(work);
             ratios.push_back(reference / work);
             total += work + reference;

@@ -8,6 +8,8 @@ struct Contest
 {
     std::function<void()> work;
     std::function<void()> reference;
+    /// Called after each of the two, in nobody's time.
+    std::function<void()> tidyUp = [] {};
 };
 
 /// Adds a row to the table: the speed of the work relative to that of its reference (2 is twice as

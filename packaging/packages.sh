@@ -5,7 +5,7 @@ vesperine_build_packages=(cmake ninja-build g++ ccache qtbase5-dev qtbase5-priva
     libopencv-core-dev libopencv-imgproc-dev libcli11-dev zlib1g-dev)
 vesperine_test_packages=("${vesperine_build_packages[@]}" python3 git clang-format-14 clang-tidy-14
     libzip-dev xvfb xauth)
-vesperine_bench_packages=("${vesperine_build_packages[@]}" libbenchmark-dev)
+vesperine_bench_packages=("${vesperine_build_packages[@]}" libbenchmark-dev xvfb xauth)
 
 # ensure_packages PACKAGE...: asks only the local package list, so that a second call is at once.
 ensure_packages() {

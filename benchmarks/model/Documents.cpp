@@ -2,6 +2,7 @@
 
 #include "imaging/FloatImage.h"
 #include "imaging/HeightsToAngles.h"
+#include "imaging/Surfaces.h"
 #include "model/Project.h"
 #include "model/PropertyAngleImage.h"
 #include "model/Sprite.h"
@@ -27,6 +28,20 @@ AngleImage paintedSurface(const QSize &size, int seed)
     return surface;
 }
 } // namespace
+
+void saveSprite(const QString &path, int side)
+{
+    const auto open = discsAndHoles(side, 0.0);
+    QImage sprite(side, side, QImage::Format_ARGB32);
+    for (int y = 0; y < side; ++y) {
+        for (int x = 0; x < side; ++x) {
+            const double alpha = 255.0 * (1.0 - open[std::size_t(y) * std::size_t(side) + x]);
+            const int grain = (x * 7 + y * 13) % 8;
+            sprite.setPixel(x, y, qRgba(x * 240 / side + grain, y * 240 / side, 90, int(alpha)));
+        }
+    }
+    sprite.save(path);
+}
 
 PaintedProject::PaintedProject(int bodies, const QSize &size)
     : folder(std::make_shared<QTemporaryDir>())

@@ -17,3 +17,6 @@ struct PaintedProject
     std::shared_ptr<QTemporaryDir> folder;
     std::shared_ptr<Project> project;
 };
+
+/// Writes a square sprite as artists have them: a shape with smooth edges, and colours that run.
+void saveSprite(const QString &path, int side);
