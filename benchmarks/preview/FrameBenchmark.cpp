@@ -17,8 +17,7 @@
 
 namespace {
 
-constexpr QRect view(-600, -600, 1200, 1200); // in pixels of the picture, the origin in its middle
-constexpr double zoom = 0.5;
+constexpr QRect view(-1100, -1100, 2200, 2200); // one pixel of the scene is one of the picture
 
 /// Draws the sprites of a project into a picture, the same part of the scene each time.
 class Frame
@@ -33,7 +32,6 @@ public:
         m_picture = std::make_unique<QOpenGLFramebufferObject>(
             view.size(), QOpenGLFramebufferObject::CombinedDepthStencil);
         m_scene.setProject(m_painted.project.get());
-        m_scene.setDisplayScaleFactor(float(zoom));
         for (const Body *body : m_painted.project->bodies().all())
             m_scene.spriteItem(body)->processor().waitForIdle();
     }
@@ -51,8 +49,7 @@ public:
         m_picture->bind();
         QOpenGLPaintDevice device(m_picture->size());
         QPainter painter(&device);
-        const QRectF source(QPointF(view.topLeft()) / zoom, QSizeF(view.size()) / zoom);
-        m_scene.render(&painter, QRectF(QPointF(), m_picture->size()), source);
+        m_scene.render(&painter, QRectF(QPointF(), m_picture->size()), view);
         painter.end();
         m_context.functions()->glFinish();
     }
