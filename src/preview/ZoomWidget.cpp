@@ -62,6 +62,7 @@ ZoomWidget::ZoomWidget(QWidget *parent)
     , m_oneToOne(new GAction(tr("Zoom 1:1"), this))
     , m_fit(new GAction(tr("Zoom Fit"), this))
 {
+    setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Preferred);
     setToolTip(zoomToolTip());
     auto *label = new QLabel(tr("Zoom:"), this);
     label->setBuddy(m_edit);
