@@ -357,8 +357,12 @@ void TestPropertyStructEdit::everyTypeHasAnEditor()
     Folder folder;
     QMimeData dropped;
     dropped.setUrls({QUrl::fromLocalFile(folder.write(latin1("dropped.png"), {}))});
+    auto *pathEdit = panel.edit.findChild<GPathEdit *>();
+    QDragEnterEvent enter({}, Qt::CopyAction, &dropped, Qt::LeftButton, {});
+    QCoreApplication::sendEvent(pathEdit, &enter);
+    QVERIFY(enter.isAccepted());
     QDropEvent drop({}, Qt::CopyAction, &dropped, Qt::LeftButton, {});
-    QCoreApplication::sendEvent(panel.edit.findChild<GPathEdit *>(), &drop);
+    QCoreApplication::sendEvent(pathEdit, &drop);
     QCOMPARE(all.valueOf<PropertyFilename>("file").fileName(), latin1("dropped.png"));
     panel.number("int", latin1("999"));
     QCOMPARE(all.valueOf<PropertyInt>("int"), 50);
