@@ -28,6 +28,8 @@ const int litSurfaceMode = 2;
 const int normalMapMode = 4;
 const vec4 flatNormal = vec4(0.5, 0.5, 1.0, 1.0);
 const vec4 white = vec4(1.0);
+// Below the least alpha that a sprite stores: a filtered texture may be a trace away from it.
+const float noAlpha = 0.5 / 255.0;
 
 vec4 lit(vec4 surface, vec3 normal)
 {
@@ -56,7 +58,7 @@ vec2 middleOfTexel(vec2 place)
 
 bool isTransparent(vec2 place)
 {
-    return texture2D(texture, middleOfTexel(place)).a <= 0.0;
+    return texture2D(texture, middleOfTexel(place)).a < noAlpha;
 }
 
 bool isSpriteOutline()
@@ -70,7 +72,7 @@ bool isSpriteOutline()
 
 vec4 shownNormal(vec4 premultiplied, vec4 normalColor)
 {
-    if (premultiplied.a <= 0.0)
+    if (premultiplied.a < noAlpha)
         return flatNormal;
     if (isSpriteOutline())
         return white;

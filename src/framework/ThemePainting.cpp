@@ -75,8 +75,8 @@ void paintSign(QPainter &painter, const QRectF &rect, const QColor &disc, QChar 
 
 QColor shade(const QPalette &palette, double share)
 {
-    const QColor from = palette.color(QPalette::Active, QPalette::Window);
-    const QColor to = palette.color(QPalette::Active, QPalette::WindowText);
+    const QColor &from = palette.color(QPalette::Active, QPalette::Window);
+    const QColor &to = palette.color(QPalette::Active, QPalette::WindowText);
     const auto mixed = [share](int a, int b) { return qRound(a + (b - a) * share); };
     return {mixed(from.red(), to.red()),
             mixed(from.green(), to.green()),
@@ -347,8 +347,7 @@ QRect scrollBarPart(const QStyleOptionSlider &option, QStyle::SubControl part, i
 QIcon signIcon(const QColor &disc, QChar mark)
 {
     QIcon icon;
-    for (const double ratio : {1.0, 1.5, 2.0, 3.0}) {
-        const int side = qRound(scaled(32) * ratio);
+    for (const int side : {16, 24, 32, 48, 64, 96, 128}) {
         QPixmap pixmap(side, side);
         pixmap.fill(Qt::transparent);
         QPainter painter(&pixmap);

@@ -249,7 +249,6 @@ int ThemeStyle::pixelMetric(PixelMetric metric,
     case PM_ScrollBarExtent:
         return scaled(10);
     case PM_ScrollBarSliderMin:
-        return scaled(24);
     case PM_ToolBarIconSize:
         return scaled(24);
     case PM_ToolBarItemSpacing:
@@ -261,7 +260,6 @@ int ThemeStyle::pixelMetric(PixelMetric metric,
     case PM_MenuPanelWidth:
         return 1;
     case PM_MenuVMargin:
-        return scaled(4);
     case PM_MenuBarItemSpacing:
         return scaled(4);
     case PM_MenuBarHMargin:

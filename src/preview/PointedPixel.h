@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QColor>
+#include <QMetaType>
 #include <QPoint>
 #include <QPointF>
 
@@ -17,6 +18,8 @@ struct PointedPixel
 
     bool operator==(const PointedPixel &) const = default;
 };
+
+Q_DECLARE_METATYPE(PointedPixel)
 
 /// What @p item shows at @p position of the scene, which lies inside of it.
 PointedPixel pointedPixel(const SpriteItem &item, const QPointF &position);

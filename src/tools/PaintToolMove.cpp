@@ -1,14 +1,16 @@
 #include "tools/PaintToolMove.h"
 
-#include <QIcon>
+#include "framework/GAction.h"
+#include "framework/ThemedIcon.h"
 
 PaintToolMove::PaintToolMove(QObject *parent)
-    : PaintTool(QIcon(QStringLiteral(":/painttoolicons/move.svg")),
+    : PaintTool(themedIcon(QStringLiteral(":/painttoolicons/move.svg")),
                 tr("Move sprites"),
                 tr("Move"),
                 QStringLiteral("V"),
                 parent)
 {
+    action().setStatusTip(tr("Drag sprites to arrange them in the view."));
 }
 
 void PaintToolMove::activate(const ToolContext & /*context*/, const AngleImage & /*image*/)

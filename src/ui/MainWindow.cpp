@@ -102,10 +102,10 @@ MainWindow::MainWindow(GApplication &application, QWidget *parent)
 
 MainWindow::~MainWindow()
 {
-    // The panels let go of the project, which the controller is about to take along.
+    // The panels borrow the controller's project and selection, which would go before them.
     m_controller.setInstalled({});
-    m_sprites->setProject(nullptr);
-    m_editor->setProject(nullptr);
+    disconnect(&project().undoStack(), nullptr, this, nullptr);
+    delete takeCentralWidget();
 }
 
 void MainWindow::placePanels()
@@ -123,8 +123,8 @@ void MainWindow::placePanels()
     m_editor->setZoomWidget(*m_zoom);
 
     statusBar()->setStyleSheet(
-        QStringLiteral("QStatusBar { border-top: 1px solid palette(shadow); background: #dddddd; };"
-                       "QLabel { color: #202024; }"));
+        QStringLiteral("QLabel { color: #202024; }"
+                       "QStatusBar { border-top: 1px solid palette(shadow); background: #dddddd; };"));
     m_pointed->setObjectName(QStringLiteral("pointedPixel"));
     statusBar()->addPermanentWidget(m_pointed);
     statusBar()->addPermanentWidget(m_zoom);
@@ -155,8 +155,9 @@ void MainWindow::createMenus()
     draw->addAction(&m_spriteActions->selectAll());
     m_editor->addDrawActions(*draw);
     createViewMenu();
-    createWindowMenu({m_sprites, m_tools});
+    menuBar()->addMenu(createWindowMenu({m_sprites, m_tools}));
     QMenu *help = createHelpMenu(applicationTexts());
+    menuBar()->addMenu(help);
     help->addSeparator();
     help->addAction(m_feedback);
     connect(m_feedback, &QAction::triggered, this, &MainWindow::showFeedback);
@@ -243,7 +244,10 @@ void MainWindow::installProject()
     m_sprites->setProject(&project);
     m_editor->setProject(&project);
     m_undoActions->setStack(project.undoStack());
-    connect(&project.undoStack(), &GUndoStack::indexChanged, this, [this] { updateTitle(); });
+    connect(&project.undoStack(), &GUndoStack::indexChanged, this, [this] {
+        updateTitle();
+        updateActions();
+    });
     connect(&project.undoStack(), &GUndoStack::cleanChanged, this, [this] { updateTitle(); });
     updateActions();
     updateTitle();

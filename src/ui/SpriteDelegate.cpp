@@ -1,5 +1,6 @@
 #include "ui/SpriteDelegate.h"
 
+#include "framework/ControlSizes.h"
 #include "framework/ThemedIcon.h"
 #include "framework/UiScale.h"
 #include "ui/SpriteListModel.h"
@@ -44,7 +45,7 @@ QImage fitted(const QImage &image, int side)
 {
     const int longest = std::max(image.width(), image.height());
     if (longest <= side)
-        return image.scaled(image.size() * (side / longest));
+        return image.scaled(image.width() * (side / longest), image.height() * (side / longest));
     const auto sizeIn = [&image](int box) {
         return image.size().scaled(box, box, Qt::KeepAspectRatio).expandedTo(QSize(1, 1));
     };
@@ -55,8 +56,8 @@ QImage fitted(const QImage &image, int side)
 
 void drawCheckerboard(QPainter &painter, int side, const QPalette &palette)
 {
-    const QColor base = palette.color(QPalette::Active, QPalette::Base);
-    const QColor text = palette.color(QPalette::Active, QPalette::Text);
+    const QColor &base = palette.color(QPalette::Active, QPalette::Base);
+    const QColor &text = palette.color(QPalette::Active, QPalette::Text);
     const int cell = std::max(1, side / 8);
     painter.fillRect(0, 0, side, side, mixed(base, text, 0.20));
     for (int y = 0; y < side; y += cell) {
@@ -148,9 +149,8 @@ void SpriteDelegate::paint(QPainter *painter,
     drawBackground(*painter, option);
     const QRect picture = thumbnailArea(option.rect);
     const auto image = index.data(SpriteListModel::imageRole).value<QImage>();
-    painter->drawPixmap(
-        picture.topLeft(),
-        thumbnail(image, option.palette, painter->device()->devicePixelRatioF()));
+    painter->drawPixmap(picture.topLeft(),
+                        thumbnail(image, option.palette, painter->device()->devicePixelRatioF()));
     const QString status = index.data(SpriteListModel::statusIconRole).toString();
     if (!status.isEmpty()) {
         const int gap = scaled((thumbnailSide - statusSide) / 2);
@@ -189,9 +189,11 @@ void SpriteDelegate::updateEditorGeometry(QWidget *editor,
                                           const QStyleOptionViewItem &option,
                                           const QModelIndex &) const
 {
+    // Over the name, so that size and state stay readable.
     QRect area = textArea(option.rect);
-    area.setHeight(std::max(editor->sizeHint().height(), scaled(24)));
-    area.moveTop(option.rect.center().y() + 1 - area.height() / 2);
+    const int middle = area.top() + area.height() / 4;
+    area.setHeight(scaled(controlHeight));
+    area.moveTop(middle - area.height() / 2);
     editor->setGeometry(area.adjusted(-scaled(rowMargin + 1), 0, 0, 0));
 }
 

@@ -36,15 +36,16 @@ QString detailText(const Body &body)
 QString toolTipText(const Body &body)
 {
     const Sprite &sprite = body.sprite();
-    const QString path = QDir::toNativeSeparators(sprite.filename().value().path());
+    QString path = QDir::toNativeSeparators(sprite.filename().value().path());
     if (sprite.isWrongSized())
         return SpriteListModel::tr("%1\nThe image is %2 now, but its surface was painted at %3.\n"
-                                   "Bring the image back to its former size, or open the project "
-                                   "again to clear the surface.")
+                                   "Bring the image back to its former size, choose another one "
+                                   "under the list, or open the project again to clear the "
+                                   "surface.")
             .arg(path, sizeText(sprite.fileSize()), sizeText(body.paintedSize()));
     if (!sprite.statusIcon().isEmpty())
         return SpriteListModel::tr("%1\nThe image can't be read.\nPut the file back in its place, "
-                                   "or open the project again to search for it.")
+                                   "or choose it under the list.")
             .arg(path);
     return path;
 }

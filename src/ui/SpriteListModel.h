@@ -19,9 +19,10 @@ class SpriteListModel : public QAbstractListModel, public Observer
     Q_OBJECT
 
 public:
-    static constexpr int detailRole = Qt::UserRole;        ///< size and state, one line
-    static constexpr int imageRole = Qt::UserRole + 1;     ///< QImage, null when there is none
-    static constexpr int statusIconRole = Qt::UserRole + 2; ///< resource path, empty without trouble
+    static constexpr int detailRole = Qt::UserRole;    ///< size and state, one line
+    static constexpr int imageRole = Qt::UserRole + 1; ///< QImage, null when there is none
+    static constexpr int statusIconRole =
+        Qt::UserRole + 2; ///< resource path, empty without trouble
 
     using QAbstractListModel::QAbstractListModel;
 

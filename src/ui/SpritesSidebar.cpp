@@ -1,5 +1,6 @@
 #include "ui/SpritesSidebar.h"
 
+#include "framework/ControlSizes.h"
 #include "framework/GAction.h"
 #include "framework/ThemedIcon.h"
 #include "framework/UiScale.h"
@@ -165,6 +166,7 @@ QWidget *SpritesSidebar::createDisplayModePanel()
 QWidget *SpritesSidebar::createLightPanel()
 {
     auto *settings = createPanel(tr("Global light"));
+    settings->setContentsMargins(scaled(edge), scaled(4), scaled(edge), scaled(4));
     m_lightEdit = new PropertyStructEdit;
     settings->addWidget(m_lightEdit);
     m_lightPanel = new QWidget;
@@ -196,6 +198,7 @@ QWidget *SpritesSidebar::createAutoRotateRow()
 QWidget *SpritesSidebar::createNormalMapPanel()
 {
     auto *layout = createPanel(tr("Normal map"));
+    layout->setContentsMargins(scaled(edge), scaled(4), scaled(edge), scaled(4));
     m_normalMapPanel = layout->parentWidget();
     auto *label = new QLabel(tr("Texture overlay"));
     auto *slider = new QSlider(Qt::Horizontal);
@@ -207,7 +210,8 @@ QWidget *SpritesSidebar::createNormalMapPanel()
         Q_EMIT textureOverlayChanged(percent / 100.0);
     });
     auto *grid = new QGridLayout;
-    grid->setHorizontalSpacing(scaled(12));
+    grid->setSpacing(scaled(controlSpacing));
+    grid->setColumnMinimumWidth(0, scaled(labelColumnWidth));
     grid->addWidget(label, 0, 0);
     grid->addWidget(slider, 0, 1);
     layout->addLayout(grid);

@@ -65,7 +65,7 @@ void DialogScript::look()
 {
     QWidget *dialog = QApplication::activeModalWidget();
     if (!dialog)
-        m_answered = nullptr;
+        m_answered.clear();
     if (!dialog || dialog == m_answered || !dialog->isVisible() ||
         qobject_cast<QProgressDialog *>(dialog))
         return;

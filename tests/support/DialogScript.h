@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QObject>
+#include <QPointer>
 #include <QStringList>
 #include <QTimer>
 
@@ -34,7 +35,7 @@ private:
     void look();
 
     QTimer m_timer;
-    QWidget *m_answered = nullptr;
+    QPointer<QWidget> m_answered;
     std::deque<Answer> m_answers;
     QStringList m_seen;
     int m_unexpected = 0;

@@ -2,18 +2,48 @@
 
 #include "tools/PaintTool.h"
 
-/// A tool or effect that does nothing.
+#include <QIcon>
+#include <QStringList>
+
+/// Writes down what it is told and asks for what the test sets.
 class FakeTool : public PaintTool
 {
 public:
-    FakeTool(const QString &label, const QString &shortLabel, bool worksOnSeveralBodies = false)
-        : PaintTool({}, label, shortLabel, {})
+    explicit FakeTool(const QString &label = QStringLiteral("Fake tool"),
+                      const QString &shortLabel = QStringLiteral("Fake"),
+                      bool worksOnSeveralBodies = false)
+        : PaintTool(QIcon(), label, shortLabel, {})
         , m_worksOnSeveralBodies(worksOnSeveralBodies)
     {
     }
 
     bool worksOnSeveralBodies() const override { return m_worksOnSeveralBodies; }
+    void activate(const ToolContext &context, const AngleImage &image) override;
+    void deactivate() override { log(QStringLiteral("deactivate")); }
+    void mousePress(const ToolPointerEvent &event) override { log("press", event); }
+    void mouseMove(const ToolPointerEvent &event) override { log("move", event); }
+    void mouseRelease(const ToolPointerEvent &event) override { log("release", event); }
+    void mouseDoubleClick(const ToolPointerEvent &event) override { log("double", event); }
+    void keyPress(int key, Qt::KeyboardModifiers modifiers) override;
+    void keyRelease(int key, Qt::KeyboardModifiers modifiers) override;
+    QGraphicsItem *overlayItem() const override { return overlay; }
+    void updateTexture(QImage image) override { log(QStringLiteral("texture"), image.size()); }
+    void updateNormalMap(AngleImage normalmap) override;
+    void updateSelection(FloatImage selection) override;
+
+    /// What was written down since the last call.
+    QStringList takeLog() { return std::exchange(m_log, {}); }
+
+    InteractionMode mode = InteractionMode::Tool;
+    QGraphicsItem *overlay = nullptr;
+    ToolPointerEvent lastEvent;
+    AngleImage surface;
 
 private:
+    void log(const QString &line) { m_log.append(line); }
+    void log(const QString &what, const QSize &size);
+    void log(const char *what, const ToolPointerEvent &event);
+
     bool m_worksOnSeveralBodies;
+    QStringList m_log;
 };

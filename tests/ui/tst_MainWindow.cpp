@@ -1,6 +1,7 @@
 #include "base/GSettings.h"
 #include "base/Resources.h"
 #include "framework/GApplication.h"
+#include "framework/RecentFiles.h"
 #include "model/Project.h"
 #include "model/Sprite.h"
 #include "model/properties/PropertyT.h"
@@ -31,6 +32,11 @@
 #include <QUrl>
 
 namespace {
+QString operator""_s(const char *text, std::size_t size)
+{
+    return QString::fromUtf8(text, int(size));
+}
+
 // The window of a test with what a test asks it for.
 class TestedWindow : public MainWindow
 {
@@ -63,19 +69,19 @@ private Q_SLOTS:
 
     void startsEmptyWithEverythingThatNeedsASpriteDisabled()
     {
-        QCOMPARE(enabled({"Export normals",
-                          "Export normals as...",
-                          "Export lit sprite",
-                          "Remove sprites",
-                          "Undo",
-                          "Save As..."}),
+        QCOMPARE(enabled({"Export normals"_s,
+                          "Export normals as..."_s,
+                          "Export lit sprite"_s,
+                          "Remove sprites"_s,
+                          "Undo"_s,
+                          "Save As..."_s}),
                  (QVector<bool>{false, false, false, false, false, true}));
         const auto menus = m_window->menuBar()->actions();
         QStringList titles;
         for (const QAction *menu : menus)
             titles.append(menu->text());
         QCOMPARE(titles.mid(0, 4) << titles.last(),
-                 (QStringList{"&File", "&Edit", "&Draw", "&View", "&Help"}));
+                 (QStringList{"&File"_s, "&Edit"_s, "&Draw"_s, "&View"_s, "&Help"_s}));
         const auto *bar = m_window->findChild<QToolBar *>();
         QStringList tools;
         for (const QAction *action : bar->actions()) {
@@ -83,68 +89,69 @@ private Q_SLOTS:
                 tools.append(plain(action->text()));
         }
         QCOMPARE(tools.mid(1, 7),
-                 (QStringList{"Save",
-                              "Add sprites...",
-                              "Remove sprites",
-                              "Undo",
-                              "Redo",
-                              "Export normals",
-                              "Export lit sprite"}));
-        QCOMPARE(tools.last(), QStringLiteral("Send feedback..."));
+                 (QStringList{"Save"_s,
+                              "Add sprites..."_s,
+                              "Remove sprites"_s,
+                              "Undo"_s,
+                              "Redo"_s,
+                              "Export normals"_s,
+                              "Export lit sprite"_s}));
+        QCOMPARE(tools.last(), "Send feedback..."_s);
         QVERIFY(!m_window->isDocumentModified());
     }
 
     void droppedSpritesAreAddedAsOneStepAndSelected()
     {
-        m_folder.writeSprite("sprites/a.png", {20, 10});
-        m_folder.writeSprite("sprites/deep/b.png", {12, 12});
-        m_folder.writeSprite("c.png", {8, 8});
-        drop({m_folder.path("sprites"), m_folder.path("c.png")});
-        QCOMPARE(names(), (QStringList{"a", "b", "c"}));
+        m_folder.writeSprite("sprites/a.png"_s, {20, 10});
+        m_folder.writeSprite("sprites/deep/b.png"_s, {12, 12});
+        m_folder.writeSprite("c.png"_s, {8, 8});
+        drop({m_folder.path("sprites"_s), m_folder.path("c.png"_s)});
+        QCOMPARE(names(), (QStringList{"a"_s, "b"_s, "c"_s}));
         QCOMPARE(m_window->findChild<ShapeTreeView *>()->selectionModel()->selectedRows().size(),
                  3);
         QVERIFY(m_window->isDocumentModified());
-        QCOMPARE(enabled({"Export normals", "Export lit sprite"}), (QVector<bool>{true, false}));
-        trigger("Undo");
-        trigger("Undo");
+        QCOMPARE(enabled({"Export normals"_s, "Export lit sprite"_s}),
+                 (QVector<bool>{true, false}));
+        trigger("Undo"_s);
+        trigger("Undo"_s);
         QCOMPARE(names(), QStringList());
         QVERIFY(!m_window->isDocumentModified());
-        QCOMPARE(enabled({"Export normals"}), (QVector<bool>{false}));
+        QCOMPARE(enabled({"Export normals"_s}), (QVector<bool>{false}));
     }
 
     void unreadableFilesAreNamedAndTheOthersAdded()
     {
-        m_folder.writeSprite("good.png", {4, 4});
-        m_folder.write("bad.png", "no picture");
+        m_folder.writeSprite("good.png"_s, {4, 4});
+        m_folder.write("bad.png"_s, "no picture");
         DialogScript script;
-        script.then(DialogScript::click("OK"));
-        drop({m_folder.path("good.png"), m_folder.path("bad.png")});
+        script.then(DialogScript::click("OK"_s));
+        drop({m_folder.path("good.png"_s), m_folder.path("bad.png"_s)});
         QVERIFY(script.isDone());
-        QVERIFY(script.seen().first().contains(QStringLiteral("Failed to add following files:")));
-        QVERIFY(script.seen().first().contains(m_folder.path("bad.png")));
-        QCOMPARE(names(), QStringList{"good"});
+        QVERIFY(script.seen().first().contains("Failed to add following files:"_s));
+        QVERIFY(script.seen().first().contains(m_folder.path("bad.png"_s)));
+        QCOMPARE(names(), QStringList{"good"_s});
     }
 
     void removesRenamesAndSelectsByKeys()
     {
-        addSprites({"a.png", "b.png"});
+        addSprites({"a.png"_s, "b.png"_s});
         auto *list = m_window->findChild<ShapeTreeView *>();
         list->setFocus();
         QTest::keyClick(list, Qt::Key_A, Qt::ControlModifier);
         QCOMPARE(list->selectionModel()->selectedRows().size(), 2);
         clickRow(1);
         QTest::keyClick(list, Qt::Key_F2);
-        auto *edit = list->findChild<QLineEdit *>();
+        auto *edit = qobject_cast<QLineEdit *>(QApplication::focusWidget());
         QVERIFY(edit);
         edit->selectAll();
-        QTest::keyClicks(edit, QStringLiteral("moon"));
+        QTest::keyClicks(edit, "moon"_s);
         QTest::keyClick(edit, Qt::Key_Return);
-        QCOMPARE(names(), (QStringList{"a", "moon"}));
-        QVERIFY(action("Undo", "&Edit")->text().contains(QStringLiteral("rename body")));
+        QTRY_COMPARE(names(), (QStringList{"a"_s, "moon"_s}));
+        QVERIFY(action("Undo"_s, "&Edit"_s)->text().contains("rename body"_s));
         QTest::keyClick(list, Qt::Key_Delete);
-        QCOMPARE(names(), QStringList{"a"});
-        trigger("Undo");
-        QCOMPARE(names(), (QStringList{"a", "moon"}));
+        QCOMPARE(names(), QStringList{"a"_s});
+        trigger("Undo"_s);
+        QCOMPARE(names(), (QStringList{"a"_s, "moon"_s}));
     }
 
     void displayModesFollowMenuKeysAndPanels()
@@ -177,135 +184,137 @@ private Q_SLOTS:
         QTest::keyClick(height, Qt::Key_End);
         QCOMPARE(scene.light().position().z(), 1024.0F);
         QVERIFY(m_window->isDocumentModified());
-        trigger("Undo");
+        trigger("Undo"_s);
         QCOMPARE(scene.light().position().z(), 32.0F);
     }
 
     void savesClosesAndReopens()
     {
-        addSprites({"a.png"});
-        const QString path = m_folder.path("game");
+        addSprites({"a.png"_s});
+        const QString path = m_folder.path("game"_s);
         DialogScript script;
         script.then(DialogScript::chooseFile(path));
-        trigger("Save As...");
+        trigger("Save As..."_s);
         QVERIFY(script.isDone());
-        QCOMPARE(m_window->documentPath(), path + QStringLiteral(".vep"));
+        QCOMPARE(m_window->documentPath(), path + ".vep"_s);
         QVERIFY(!m_window->isWindowModified());
-        QVERIFY(m_window->windowTitle().startsWith(QStringLiteral("game.vep")));
+        QVERIFY(m_window->windowTitle().startsWith("game.vep"_s));
 
-        addSprites({"b.png"});
+        addSprites({"b.png"_s});
         QVERIFY(m_window->isWindowModified());
-        script.then(DialogScript::click("Cancel"));
+        script.then(DialogScript::click("Cancel"_s));
         QVERIFY(!m_window->close());
-        script.then(DialogScript::click("Discard"));
+        script.then(DialogScript::click("Discard"_s));
         QVERIFY(m_window->close());
         QVERIFY(script.isDone());
 
         openWindow();
-        QVERIFY(m_window->openPath(path + QStringLiteral(".vep")));
-        QCOMPARE(names(), QStringList{"a"});
+        QVERIFY(m_window->openPath(path + ".vep"_s));
+        QCOMPARE(names(), QStringList{"a"_s});
         QVERIFY(!m_window->isDocumentModified());
-        QCOMPARE(enabled({"Undo", "Export lit sprite"}), (QVector<bool>{false, true}));
-        const auto *recent = m_window->findChild<QMenu *>(QStringLiteral("recentDocuments"));
-        QVERIFY(recent);
-        QVERIFY(recent->actions().first()->text().contains(QStringLiteral("game.vep")));
+        QCOMPARE(enabled({"Undo"_s, "Export lit sprite"_s}), (QVector<bool>{false, true}));
+        const auto *recent = m_window->findChild<RecentFiles *>();
+        QVERIFY(recent->actions().first()->text().contains("game.vep"_s));
     }
 
     void projectsOfTheFormerFormatAreSavedAnew()
     {
-        const QString obsolete = m_folder.path("old.vex");
-        const QString path = m_folder.path("new.vep");
+        const QString obsolete = m_folder.path("old.vex"_s);
+        const QString path = m_folder.path("new.vep"_s);
         DialogScript script;
         script.then(DialogScript::chooseFile(obsolete))
-            .then(DialogScript::click("OK"))
+            .then(DialogScript::click("OK"_s))
             .then(DialogScript::chooseFile(path));
-        trigger("Save As...");
+        trigger("Save As..."_s);
         QVERIFY(script.isDone());
-        QVERIFY(script.seen()[1].startsWith(QStringLiteral("File format change|'.vex' file")));
+        QVERIFY(script.seen()[1].startsWith("File format change|'.vex' file"_s));
         QVERIFY(!QFile::exists(obsolete));
         QVERIFY(QFile::exists(path));
     }
 
     void aBrokenProjectLeavesTheOneThatIsOpen()
     {
-        addSprites({"a.png"});
-        const QString broken = m_folder.write("broken.vep", "no archive");
+        addSprites({"a.png"_s});
+        const QString broken = m_folder.write("broken.vep"_s, "no archive");
         DialogScript script;
-        script.then(DialogScript::click("Discard")).then(DialogScript::click("OK"));
+        script.then(DialogScript::click("Discard"_s)).then(DialogScript::click("OK"_s));
         QVERIFY(!m_window->openPath(broken));
         QVERIFY(script.isDone());
-        QVERIFY(script.seen()[1].startsWith(QStringLiteral("Error|Failed to load")));
-        QCOMPARE(names(), QStringList{"a"});
+        QVERIFY(script.seen()[1].startsWith("Error|Failed to load"_s));
+        QCOMPARE(names(), QStringList{"a"_s});
     }
 
     void publishDialogAsksUntilTheSpritesAreSafe()
     {
-        addSprites({"a.png"});
+        addSprites({"a.png"_s});
         DialogScript script;
         const auto clear = [](QWidget &dialog) {
             const auto edits = dialog.findChildren<QLineEdit *>();
             for (QLineEdit *edit : edits)
                 edit->clear();
-            DialogScript::click("OK")(dialog);
+            DialogScript::click("OK"_s)(dialog);
         };
-        script.then(clear).then(DialogScript::click("Back")).then(DialogScript::click("Cancel"));
-        trigger("Export normals");
+        script.then(clear)
+            .then(DialogScript::click("Back"_s))
+            .then(DialogScript::click("Cancel"_s));
+        trigger("Export normals"_s);
         QVERIFY(script.isDone());
-        QCOMPARE(QDir(m_folder.path({})).entryList(QDir::Files), QStringList{"a.png"});
+        QCOMPARE(QDir(m_folder.path(QString())).entryList(QDir::Files), QStringList{"a.png"_s});
 
-        script.then(DialogScript::click("OK")).then(DialogScript::click("OK"));
-        trigger("Export normals");
+        script.then(DialogScript::click("OK"_s)).then(DialogScript::click("OK"_s));
+        trigger("Export normals"_s);
         QVERIFY(script.isDone());
-        QCOMPARE(script.seen().last(),
-                 QStringLiteral("|Exported 1 normal maps|to sprite directory"));
-        const QImage map(m_folder.path("a_n.png"));
+        QCOMPARE(script.seen().last(), "|Exported 1 normal maps|to sprite directory"_s);
+        const QImage map(m_folder.path("a_n.png"_s));
         QCOMPARE(map.pixel(0, 0), 0xFF7F7FFFU);
-        QCOMPARE(project().publishNormalmapPostfix().value(), QStringLiteral("_n"));
+        QCOMPARE(project().publishNormalmapPostfix().value(), "_n"_s);
 
         // The settings are known now: no dialog, but the report.
-        project().publishDirectory().setValue(GFileName(m_folder.path("maps/deep")));
-        script.then(DialogScript::click("OK"));
-        trigger("Export normals");
+        project().publishDirectory().setValue(GFileName(m_folder.path("maps/deep"_s)));
+        script.then(DialogScript::click("OK"_s));
+        trigger("Export normals"_s);
         QVERIFY(script.isDone());
-        QVERIFY(script.seen().last().endsWith(QStringLiteral("|to ") + m_folder.path("maps/deep")));
-        QVERIFY(QFile::exists(m_folder.path("maps/deep/a_n.png")));
+        QVERIFY(script.seen().last().endsWith("|to "_s + m_folder.path("maps/deep"_s)));
+        QVERIFY(QFile::exists(m_folder.path("maps/deep/a_n.png"_s)));
     }
 
     void exportsALitSpriteBesideTheSprite()
     {
-        addSprites({"hero.png"});
+        addSprites({"hero.png"_s});
         DialogScript script;
         QString proposed;
         script.then([&](QWidget &dialog) {
-            proposed = dialog.findChild<QLineEdit *>(QStringLiteral("fileNameEdit"))->text();
+            proposed = dialog.findChild<QLineEdit *>("fileNameEdit"_s)->text();
             QMetaObject::invokeMethod(&dialog, "accept");
         });
-        trigger("Export lit sprite");
+        trigger("Export lit sprite"_s);
         QVERIFY(script.isDone());
-        QVERIFY(proposed.endsWith(QStringLiteral("hero_lit.png")));
-        QCOMPARE(QImage(m_folder.path("hero_lit.png")).size(), QSize(16, 16));
+        QVERIFY(proposed.endsWith("hero_lit.png"_s));
+        QCOMPARE(QImage(m_folder.path("hero_lit.png"_s)).size(), QSize(16, 16));
 
-        script.then(DialogScript::chooseFile(m_folder.path("lit.unknown")))
-            .then(DialogScript::click("Close"));
-        trigger("Export lit sprite");
+        script.then(DialogScript::chooseFile(m_folder.path("lit.unknown"_s)))
+            .then(DialogScript::click("Close"_s));
+        trigger("Export lit sprite"_s);
         QVERIFY(script.isDone());
         QCOMPARE(script.seen().last(),
-                 QStringLiteral("Error|Export to '%1' failed!|").arg(m_folder.path("lit.unknown")));
+                 "Error|Export to '%1' failed!|"_s.arg(m_folder.path("lit.unknown"_s)));
     }
 
     void preferencesOpenByLinkAndAreKept()
     {
         DialogScript script;
         script.then([this](QWidget &dialog) {
-            dialog.findChild<QLineEdit *>()->setText(m_folder.path({}));
+            auto *patterns = dialog.findChild<QLineEdit *>();
+            patterns->setFocus();
+            QTest::keyClicks(patterns, m_folder.path(QString()));
             auto *theme = dialog.findChild<QComboBox *>();
             theme->setCurrentIndex(theme->findData(int(ThemeChoice::Light)));
-            DialogScript::click("OK")(dialog);
+            DialogScript::click("OK"_s)(dialog);
         });
-        trigger("Preferences...");
+        trigger("Preferences..."_s);
         QVERIFY(script.isDone());
-        QCOMPARE(QDir(application().settings().value("patterns").toString()),
-                 QDir(m_folder.path({})));
+        QCOMPARE(QDir(application().settings().value("patterns"_s).toString()),
+                 QDir(m_folder.path(QString())));
         QCOMPARE(application().theme(), ThemeChoice::Light);
         QVERIFY(m_window->palette().color(QPalette::Window).lightness() > 200);
         application().setTheme(ThemeChoice::Dark);
@@ -314,47 +323,48 @@ private Q_SLOTS:
 
     void missingMovedAndResizedSpritesAreAskedFor()
     {
-        addSprites({"gone.png", "moved.png", "grown.png"});
-        const QString path = m_folder.path("p.vep");
+        addSprites({"gone.png"_s, "moved.png"_s, "grown.png"_s});
+        const QString path = m_folder.path("p.vep"_s);
         DialogScript script;
         script.then(DialogScript::chooseFile(path));
-        trigger("Save As...");
-        QFile::remove(m_folder.path("gone.png"));
-        QDir().mkdir(m_folder.path("else"));
-        QFile::rename(m_folder.path("moved.png"), m_folder.path("else/moved.png"));
-        m_folder.writeSprite("grown.png", {40, 30});
+        trigger("Save As..."_s);
+        QFile::remove(m_folder.path("gone.png"_s));
+        QDir().mkdir(m_folder.path("else"_s));
+        QFile::rename(m_folder.path("moved.png"_s), m_folder.path("else/moved.png"_s));
+        m_folder.writeSprite("grown.png"_s, {40, 30});
 
-        script.then(DialogScript::click("Search..."))
-            .then(DialogScript::chooseFile(m_folder.path("else")))
-            .then(DialogScript::click("Remove from project"))
-            .then(DialogScript::click("Clear normal map"))
-            .then(DialogScript::click("Continue"));
+        script.then(DialogScript::click("Search..."_s))
+            .then(DialogScript::chooseFile(m_folder.path("else"_s)))
+            .then(DialogScript::click("Remove from project"_s))
+            .then(DialogScript::click("Clear normal map"_s))
+            .then(DialogScript::click("Continue"_s));
         QVERIFY(m_window->openPath(path));
         QVERIFY(script.isDone());
         QCOMPARE(script.seen().mid(1),
-                 (QStringList{"Textures not found",
-                              "Select search path",
-                              "Textures not found",
-                              "Size conflict",
-                              "Summary"}));
-        QCOMPARE(names(), (QStringList{"moved", "grown"}));
+                 (QStringList{"Textures not found"_s,
+                              "Select search path"_s,
+                              "Textures not found"_s,
+                              "Size conflict"_s,
+                              "Summary"_s}));
+        QCOMPARE(names(), (QStringList{"moved"_s, "grown"_s}));
         QCOMPARE(body(1).paintedSize(), QSize(40, 30));
         QVERIFY(m_window->isDocumentModified());
     }
 
-    void everyFocusableWidgetHasANameAndEveryResourceOpens()
+    void everyFocusableWidgetHasAName()
     {
-        addSprites({"a.png"});
+        addSprites({"a.png"_s});
         QStringList unnamed;
         const auto widgets = m_window->findChildren<QWidget *>();
         for (const QWidget *widget : widgets) {
             const auto *interface =
                 QAccessible::queryAccessibleInterface(const_cast<QWidget *>(widget));
-            if (widget->isVisible() && (widget->focusPolicy() & Qt::TabFocus) != 0 && interface &&
+            if (widget->isVisible() && !widget->focusProxy() &&
+                (widget->focusPolicy() & Qt::TabFocus) != 0 && interface &&
                 interface->text(QAccessible::Name).isEmpty())
                 unnamed.append(QString::fromLatin1(widget->metaObject()->className()));
         }
-        QCOMPARE(unnamed, QStringList());
+        QCOMPARE(unnamed.join(QLatin1Char(' ')), QString());
     }
 
 private:

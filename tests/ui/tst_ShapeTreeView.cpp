@@ -19,14 +19,9 @@
 #include <memory>
 
 namespace {
-int differingPixels(const QImage &one, const QImage &other)
+QStringList words(const char *text)
 {
-    int count = 0;
-    for (int y = 0; y < one.height(); ++y) {
-        for (int x = 0; x < one.width(); ++x)
-            count += one.pixel(x, y) != other.pixel(x, y) ? 1 : 0;
-    }
-    return count;
+    return QString::fromLatin1(text).split(QLatin1Char(' '));
 }
 } // namespace
 
@@ -123,20 +118,11 @@ private Q_SLOTS:
         // What was selected in the document stays, and nothing was pushed.
         QCOMPARE(m_selection.selection().size(), 2);
         QCOMPARE(m_project->undoStack().count(), steps);
-        body("c").name().setValue(QStringLiteral("other"));
-        QCOMPARE(rows(), QStringLiteral("other"));
-    }
-
-    void manyBodiesAreInsertedAtOnce()
-    {
-        addBodies("a z");
         QSignalSpy inserted(m_list->model(), &QAbstractItemModel::rowsInserted);
-        auto entries = m_project->bodies().entries();
-        for (int i = 0; i < 1000; ++i)
-            entries.insert(1, std::make_shared<Body>(*m_project));
-        m_project->bodies().setEntries(entries);
-        QCOMPARE(inserted.count(), 1);
-        QCOMPARE(m_list->model()->rowCount(), 1002);
+        QVERIFY(now({0, 1, 2, 3, 4}));
+        QCOMPARE(inserted.count(), 2);
+        body(QStringLiteral("c")).name().setValue(QStringLiteral("other"));
+        QCOMPARE(rows(), QStringLiteral("a b other d e"));
     }
 
     void renaming_data()
@@ -148,7 +134,6 @@ private Q_SLOTS:
         QTest::newRow("escape") << "new" << int(Qt::Key_Escape) << "body";
         QTest::newRow("nothing typed") << "" << int(Qt::Key_Return) << "body";
         QTest::newRow("blanks") << "   " << int(Qt::Key_Return) << "body";
-        QTest::newRow("the same") << "body" << int(Qt::Key_Return) << "body";
         QTest::newRow("control character") << "a\001b" << int(Qt::Key_Return) << "ab";
     }
 
@@ -194,54 +179,41 @@ private Q_SLOTS:
 
     void stateOfTheSprite()
     {
-        const QString path = m_folder.writeSprite(QStringLiteral("s.png"), {6, 4});
+        const QString path = m_folder.writeSprite(QStringLiteral("s.png"), {6000, 4});
         const Body &body = addBody(*m_project, QStringLiteral("s"), path);
         const auto text = [&](int role) {
             return m_list->model()->index(0, 0).data(role).toString();
         };
-        QCOMPARE(text(SpriteListModel::detailRole), QStringLiteral("6 × 4 px"));
+        QCOMPARE(text(SpriteListModel::detailRole), QStringLiteral("6000 × 4 px"));
         QVERIFY(text(SpriteListModel::statusIconRole).isEmpty());
-        body.paintedNormalMap().setAngleImage(AngleImage(6, 4), QStringLiteral("x"));
+        const auto thumbnail = [&] { return QColor(grab().pixel(32, 24)); };
+        QCOMPARE(thumbnail(), QColor(Qt::blue));
+        body.paintedNormalMap().setAngleImage(AngleImage(6000, 4), QStringLiteral("x"));
         m_folder.writeSprite(QStringLiteral("s.png"), {3, 3});
         body.loadSprite();
         QCOMPARE(text(SpriteListModel::detailRole), QStringLiteral("3 × 3 px · size changed"));
-        QVERIFY(text(Qt::ToolTipRole).contains(QStringLiteral("6 × 4 px")));
-        const QImage before = grab();
+        QVERIFY(text(Qt::ToolTipRole).contains(QStringLiteral("6000 × 4 px")));
         QVERIFY(QFile::remove(path));
         body.loadSprite();
-        QCOMPARE(text(SpriteListModel::detailRole), QStringLiteral("6 × 4 px · missing"));
+        QCOMPARE(text(SpriteListModel::detailRole), QStringLiteral("6000 × 4 px · missing"));
         QVERIFY(text(Qt::ToolTipRole).contains(path));
-        QCOMPARE(text(Qt::AccessibleTextRole), QStringLiteral("s, 6 × 4 px · missing"));
-        QVERIFY(differingPixels(before, grab()) > 20);
-    }
-
-    void aLargeSpriteIsShownOnceItIsRead()
-    {
-        addBodies("a");
-        const QImage before = grab();
-        body("a").sprite().filename().setValue(
-            GFileName(m_folder.writeSprite(QStringLiteral("large.png"), {4096, 4000}, Qt::green)));
-        body("a").loadSprite();
-        const QImage after = grab();
-        QCOMPARE(QColor(after.pixel(32, 24)), QColor(Qt::green));
-        QVERIFY(QColor(before.pixel(32, 24)) != QColor(Qt::green));
+        QCOMPARE(text(Qt::AccessibleTextRole), QStringLiteral("s, 6000 × 4 px · missing"));
+        QVERIFY(thumbnail() != QColor(Qt::blue) && thumbnail() != QColor(Qt::red));
     }
 
     void theEmptyListTellsWhatToDo()
     {
-        const QImage empty = grab();
-        QVERIFY(differingPixels(empty, QImage(empty.size(), empty.format())) > 0);
-        const auto isUniform = [](const QImage &image) {
-            QImage plain(image.size(), image.format());
-            plain.fill(image.pixel(0, 0));
-            return differingPixels(image, plain) == 0;
+        const auto isPlain = [this] {
+            const QImage below = grab().copy(0, 60, 300, 300);
+            QImage plain(below.size(), below.format());
+            plain.fill(below.pixel(0, 0));
+            return below == plain;
         };
-        const QRect below(0, 100, 300, 250);
-        QVERIFY(!isUniform(empty.copy(below)));
+        QVERIFY(!isPlain());
         addBodies("a");
-        QVERIFY(isUniform(grab().copy(below)));
+        QVERIFY(isPlain());
         m_project->bodies().setEntries({});
-        QCOMPARE(differingPixels(empty, grab()), 0);
+        QVERIFY(!isPlain());
     }
 
     void pathsCanBeDropped()
@@ -251,51 +223,44 @@ private Q_SLOTS:
         files.setUrls({QUrl::fromLocalFile(QStringLiteral("/s/a b.png")),
                        QUrl(QStringLiteral("https://example.org/c.png")),
                        QUrl::fromLocalFile(QStringLiteral("/s/folder"))});
-        const QImage idle = grab();
-        QVERIFY(drag<QDragEnterEvent>(files));
-        QVERIFY(differingPixels(idle, grab()) > 100);
-        QVERIFY(drop(files));
-        QCOMPARE(differingPixels(idle, grab()), 0);
-        QCOMPARE(dropped.takeFirst().first().toStringList(),
-                 QStringList({QStringLiteral("/s/a b.png"), QStringLiteral("/s/folder")}));
         QMimeData text;
         text.setText(QStringLiteral("/s/a.png"));
-        QVERIFY(!drag<QDragEnterEvent>(text));
-        QVERIFY(!drop(text));
+        const QImage idle = grab();
+        QVERIFY(send<QDragEnterEvent>(files));
+        QVERIFY(grab() != idle);
+        QVERIFY(send<QDropEvent>(files));
+        QCOMPARE(grab(), idle);
+        QCOMPARE(dropped.takeFirst().first().toStringList(),
+                 QStringList({QStringLiteral("/s/a b.png"), QStringLiteral("/s/folder")}));
+        QVERIFY(!send<QDragEnterEvent>(text));
+        QVERIFY(!send<QDropEvent>(text));
         QVERIFY(dropped.isEmpty());
     }
 
 private:
     void addBodies(const char *names)
     {
-        for (const QString &name : QString::fromLatin1(names).split(QLatin1Char(' ')))
+        for (const QString &name : words(names))
             addBody(*m_project, name);
     }
 
-    Body &body(const QString &name) const
-    {
-        for (Body *body : m_project->bodies().all()) {
-            if (body->name().value() == name)
-                return *body;
-        }
-        qFatal("There is no body '%s'", qUtf8Printable(name));
-    }
+    int row(const QString &name) const { return rows().split(QLatin1Char(' ')).indexOf(name); }
 
-    Body &body(const char *name) const { return body(QString::fromLatin1(name)); }
+    Body &body(const QString &name) const { return m_project->bodies().at(row(name)); }
 
     void select(const char *names)
     {
         QList<Body *> bodies;
-        for (const QString &name : QString::fromLatin1(names).split(QLatin1Char(' ')))
+        for (const QString &name : words(names))
             bodies.append(&body(name));
         m_selection.setSelection(bodies);
     }
 
     void click(const char *name, Qt::KeyboardModifiers modifiers = {})
     {
-        const int row = m_project->bodies().all().indexOf(&body(name));
-        const QRect area = m_list->visualRect(m_list->model()->index(row, 0));
-        QTest::mouseClick(m_list->viewport(), Qt::LeftButton, modifiers, area.center());
+        const QModelIndex index = m_list->model()->index(row(QString::fromLatin1(name)), 0);
+        const QPoint at = m_list->visualRect(index).center();
+        QTest::mouseClick(m_list->viewport(), Qt::LeftButton, modifiers, at);
     }
 
     QString selected() const
@@ -309,16 +274,16 @@ private:
     QString rows() const
     {
         QStringList names;
-        for (int row = 0; row < m_list->model()->rowCount(); ++row)
-            names.append(m_list->model()->index(row, 0).data().toString());
+        for (int i = 0; i < m_list->model()->rowCount(); ++i)
+            names.append(m_list->model()->index(i, 0).data().toString());
         return names.join(QLatin1Char(' '));
     }
 
     QString shown() const
     {
         QStringList names;
-        for (const QModelIndex &row : m_list->selectionModel()->selectedRows())
-            names.append(row.data().toString());
+        for (const QModelIndex &index : m_list->selectionModel()->selectedRows())
+            names.append(index.data().toString());
         names.sort();
         return names.join(QLatin1Char(' '));
     }
@@ -326,17 +291,9 @@ private:
     QImage grab() const { return m_list->viewport()->grab().toImage(); }
 
     template <class Event>
-    bool drag(const QMimeData &data)
+    bool send(const QMimeData &data)
     {
-        Event event({50, 50}, Qt::CopyAction, &data, Qt::LeftButton, {});
-        event.ignore();
-        QCoreApplication::sendEvent(m_list->viewport(), &event);
-        return event.isAccepted();
-    }
-
-    bool drop(const QMimeData &data)
-    {
-        QDropEvent event({50, 50}, Qt::CopyAction, &data, Qt::LeftButton, {});
+        Event event(QPoint(50, 50), Qt::CopyAction, &data, Qt::LeftButton, {});
         event.ignore();
         QCoreApplication::sendEvent(m_list->viewport(), &event);
         return event.isAccepted();

@@ -1,0 +1,49 @@
+#include "support/FakeTool.h"
+
+#include <QtMath>
+
+void FakeTool::activate(const ToolContext &context, const AngleImage &image)
+{
+    surface = image;
+    log(QStringLiteral("activate"), context.texture.size());
+    Q_EMIT interactionModeChanged(mode);
+    ScalableToolCursor cursor;
+    cursor.setExtent(20.0);
+    cursor.addShape(std::make_shared<ScalableToolCursor::ShapeCircle>(QPointF(), 10.0));
+    Q_EMIT cursorChanged(cursor);
+}
+
+void FakeTool::keyPress(int key, Qt::KeyboardModifiers)
+{
+    log(QStringLiteral("key %1").arg(key, 0, 16));
+}
+
+void FakeTool::keyRelease(int key, Qt::KeyboardModifiers)
+{
+    log(QStringLiteral("key up %1").arg(key, 0, 16));
+}
+
+void FakeTool::updateNormalMap(AngleImage normalmap)
+{
+    surface = normalmap;
+    log(QStringLiteral("surface"), surface.size());
+}
+
+void FakeTool::updateSelection(FloatImage selection)
+{
+    log(QStringLiteral("selection"), selection.size());
+}
+
+void FakeTool::log(const QString &what, const QSize &size)
+{
+    log(QStringLiteral("%1 %2x%3").arg(what).arg(size.width()).arg(size.height()));
+}
+
+void FakeTool::log(const char *what, const ToolPointerEvent &event)
+{
+    lastEvent = event;
+    log(QStringLiteral("%1 %2,%3")
+            .arg(QLatin1String(what))
+            .arg(qFloor(event.position.x()))
+            .arg(qFloor(event.position.y())));
+}
