@@ -55,7 +55,7 @@ void GNumberEdit::setLabel(const QString &label)
 {
     setAccessibleName(label);
     m_slider->setAccessibleName(label);
-    m_spinBox->setAccessibleName(label);
+    m_spinBox->setLabel(label);
 }
 
 void GNumberEdit::setMixed(bool isMixed)

@@ -48,7 +48,7 @@ struct Panel
         changes.clear();
     }
 
-    void type(const QString &text)
+    void type(const QString &text) const
     {
         spinBox->setFocus(Qt::TabFocusReason);
         QTest::keyClicks(spinBox, text);
