@@ -34,7 +34,8 @@ int longerSide(const QRect &rect)
     return std::max(rect.width(), rect.height());
 }
 
-/// The rows whose longer side is shortest, of all that the first row's length gives.
+/// The rows whose longer side is shortest, of all that the first row's length gives; rather wide
+/// than high.
 QVector<QRect> squarestRows(const QVector<QSize> &sizes)
 {
     QVector<QRect> best;
@@ -42,7 +43,7 @@ QVector<QRect> squarestRows(const QVector<QSize> &sizes)
     for (const QSize &size : sizes) {
         width += size.width() + spriteGap;
         const QVector<QRect> rows = inRows(sizes, width);
-        if (best.isEmpty() || longerSide(bounds(rows)) < longerSide(bounds(best)))
+        if (best.isEmpty() || longerSide(bounds(rows)) <= longerSide(bounds(best)))
             best = rows;
     }
     return best;

@@ -115,16 +115,21 @@ void ZoomWidget::takeText()
     const double zoom =
         std::clamp(typed, EditorGraphicsView::minimumZoom, EditorGraphicsView::maximumZoom);
     // Leaving the field untouched must not round a continuous zoom to a whole percentage.
-    const bool isNew = m_edit->isModified();
+    const bool isNew = m_edit->text() != shownText();
     showZoom();
     m_edit->clearFocus();
-    if (isNew && zoom != m_zoom)
+    if (isNew)
         Q_EMIT zoomRequested(zoom);
+}
+
+QString ZoomWidget::shownText() const
+{
+    return QStringLiteral("%1%").arg(percentOf(m_zoom));
 }
 
 void ZoomWidget::showZoom()
 {
-    m_edit->setText(QStringLiteral("%1%").arg(percentOf(m_zoom)));
+    m_edit->setText(shownText());
 }
 
 // Escape, and leaving with what is no percentage, bring the zoom back.
