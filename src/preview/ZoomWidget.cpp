@@ -1,6 +1,7 @@
 #include "preview/ZoomWidget.h"
 
 #include "framework/GAction.h"
+#include "framework/ThemedIcon.h"
 #include "preview/EditorGraphicsView.h"
 
 #include <QHBoxLayout>
@@ -39,6 +40,11 @@ public:
     }
 };
 
+QIcon zoomIcon(const QString &name)
+{
+    return themedIcon(QStringLiteral(":/icons/zoom_%1.svg").arg(name));
+}
+
 QString zoomToolTip()
 {
     // The keys are named as users of the first version know them, exchanged ones included.
@@ -57,10 +63,10 @@ QString zoomToolTip()
 ZoomWidget::ZoomWidget(QWidget *parent)
     : QWidget(parent)
     , m_edit(new QLineEdit(this))
-    , m_in(new GAction(tr("Zoom In"), this))
-    , m_out(new GAction(tr("Zoom Out"), this))
-    , m_oneToOne(new GAction(tr("Zoom 1:1"), this))
-    , m_fit(new GAction(tr("Zoom Fit"), this))
+    , m_in(new GAction(zoomIcon(QStringLiteral("in")), tr("Zoom In"), this))
+    , m_out(new GAction(zoomIcon(QStringLiteral("out")), tr("Zoom Out"), this))
+    , m_oneToOne(new GAction(zoomIcon(QStringLiteral("one")), tr("Zoom 1:1"), this))
+    , m_fit(new GAction(zoomIcon(QStringLiteral("fit")), tr("Zoom Fit"), this))
 {
     setToolTip(zoomToolTip());
     auto *label = new QLabel(tr("Zoom:"), this);
@@ -77,6 +83,7 @@ ZoomWidget::ZoomWidget(QWidget *parent)
     layout->setSpacing(8);
     layout->addWidget(label);
     layout->addWidget(m_edit);
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 
     m_in->setShortcuts(QKeySequence::ZoomIn);
     m_out->setShortcuts(QKeySequence::ZoomOut);

@@ -1,9 +1,9 @@
 #include "tools/PaintToolMove.h"
 
-#include <QIcon>
+#include "framework/ThemedIcon.h"
 
 PaintToolMove::PaintToolMove(QObject *parent)
-    : PaintTool(QIcon(QStringLiteral(":/painttoolicons/move.svg")),
+    : PaintTool(themedIcon(QStringLiteral(":/painttoolicons/move.svg")),
                 tr("Move sprites"),
                 tr("Move"),
                 QStringLiteral("V"),

@@ -149,41 +149,47 @@ private Q_SLOTS:
 void tst_NormalMapEditorScene::newSpritesAreLaidOut_data()
 {
     using Sizes = QVector<QSize>;
+    using Rects = QVector<QRect>;
     QTest::addColumn<Sizes>("sizes");
-    QTest::addColumn<QRect>("occupied");
+    QTest::addColumn<Rects>("others");
     QTest::addColumn<QRect>("bounds");
     const QSize small(64, 64);
-    QTest::newRow("none") << Sizes() << QRect() << QRect();
-    QTest::newRow("one around the origin") << Sizes{small} << QRect() << QRect(-32, -32, 64, 64);
-    QTest::newRow("four in a square") << Sizes(4, small) << QRect() << QRect(-72, -72, 144, 144);
-    QTest::newRow("five in rows of three")
-        << Sizes(5, small) << QRect() << QRect(-112, -72, 224, 144);
+    const QRect first(-32, -32, 64, 64);
+    QTest::newRow("none") << Sizes() << Rects() << QRect();
+    QTest::newRow("one around the origin") << Sizes{small} << Rects() << first;
+    QTest::newRow("four in a square") << Sizes(4, small) << Rects() << QRect(-72, -72, 144, 144);
+    QTest::newRow("rather wide") << Sizes(5, small) << Rects() << QRect(-112, -72, 224, 144);
+    QTest::newRow("many") << Sizes(400, small) << Rects() << QRect(-792, -792, 1584, 1584);
     QTest::newRow("narrow ones in one row")
-        << Sizes(6, QSize(10, 160)) << QRect() << QRect(-70, -80, 140, 160);
-    QTest::newRow("mixed") << Sizes{{200, 10}, {40, 90}, {90, 90}, {30, 30}} << QRect()
+        << Sizes(6, QSize(10, 160)) << Rects() << QRect(-70, -80, 140, 160);
+    QTest::newRow("mixed") << Sizes{{200, 10}, {40, 90}, {90, 90}, {30, 30}} << Rects()
                            << QRect(-100, -58, 200, 116);
-    QTest::newRow("without pixels") << Sizes(2, QSize()) << QRect() << QRect(-9, 0, 18, 1);
-    QTest::newRow("right of others")
-        << Sizes{small} << QRect(-32, -32, 64, 64) << QRect(48, -32, 64, 64);
-    QTest::newRow("below others") << Sizes{small} << QRect(-32, -32, 144, 64)
-                                  << QRect(-32, 48, 64, 64);
+    QTest::newRow("without pixels") << Sizes(2, QSize()) << Rects() << QRect(-9, 0, 18, 1);
+    QTest::newRow("right of another") << Sizes{small} << Rects{first} << first.translated(80, 0);
+    QTest::newRow("below a row") << Sizes{small} << Rects{first, first.translated(80, 0)}
+                                 << first.translated(0, 80);
+    QTest::newRow("into a gap") << Sizes{small}
+                                << Rects{first, first.translated(80, 0), first.translated(0, 80)}
+                                << first.translated(80, 80);
+    QTest::newRow("a gap too small")
+        << Sizes{{70, 70}} << Rects{first, first.translated(160, 0)} << QRect(-32, 48, 70, 70);
 }
 
 void tst_NormalMapEditorScene::newSpritesAreLaidOut()
 {
     QFETCH(QVector<QSize>, sizes);
-    QFETCH(QRect, occupied);
+    QFETCH(QVector<QRect>, others);
     QFETCH(QRect, bounds);
 
-    const QVector<QPoint> places = layoutSprites(sizes, occupied);
+    const QVector<QPoint> places = layoutSprites(sizes, others);
     QCOMPARE(places.size(), sizes.size());
     QRect united;
-    QVector<QRect> apart{occupied.marginsAdded({spriteGap, spriteGap, spriteGap, spriteGap})};
     for (int i = 0; i < places.size(); ++i) {
         const QRect rect(places[i], sizes[i].expandedTo({1, 1}));
-        for (const QRect &other : apart)
-            QVERIFY2(occupied.isNull() || !other.intersects(rect), qPrintable(QString::number(i)));
-        apart.append(rect.marginsAdded({spriteGap, spriteGap, spriteGap, spriteGap}));
+        const QRect claimed = rect.marginsAdded({spriteGap, spriteGap, spriteGap, spriteGap});
+        for (const QRect &other : std::as_const(others))
+            QVERIFY2(!other.intersects(claimed), qPrintable(QString::number(i)));
+        others.append(rect);
         united |= rect;
     }
     QCOMPARE(united, bounds);
@@ -264,6 +270,8 @@ void tst_NormalMapEditorScene::placesLiveWithTheirBodies()
     Editor editor;
     const Body &a = editor.add(QStringLiteral("a"));
     const Body &b = editor.add(QStringLiteral("b"));
+    QCOMPARE(editor.scene.spritesRect(), QRectF(-72, -32, 144, 64));
+    QCoreApplication::processEvents();
     const QPointF placeOfB = editor.scene.spriteItem(&b)->pos();
     editor.scene.spriteItem(&a)->setPos(500, 300);
 
