@@ -29,10 +29,11 @@ vec4 lit(vec4 surface, vec3 normal)
     return vec4(surface.rgb * (ambient + light * Brightness), surface.a);
 }
 
-// There the texel has its own value, however the texture is filtered.
+// There the texel has its own value, however the texture is filtered. What lies on a border belongs
+// to the texel after it, also when rounding puts it just before.
 vec2 middleOfTexel(vec2 place)
 {
-    return (floor(place / TexelSize) + 0.5) * TexelSize;
+    return (floor(place / TexelSize + 0.004) + 0.5) * TexelSize;
 }
 
 bool isSelected(vec2 place)

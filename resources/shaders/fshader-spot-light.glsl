@@ -28,6 +28,8 @@ const int litSurfaceMode = 2;
 const int normalMapMode = 4;
 const vec4 flatNormal = vec4(0.5, 0.5, 1.0, 1.0);
 const vec4 white = vec4(1.0);
+// Below the least alpha that a sprite stores: a filtered texture may be a trace away from it.
+const float noAlpha = 0.5 / 255.0;
 
 vec4 lit(vec4 surface, vec3 normal)
 {
@@ -39,22 +41,24 @@ vec4 lit(vec4 surface, vec3 normal)
     return vec4(surface.rgb * (ambient + light * Brightness), surface.a);
 }
 
-// Half a screen pixel, and a little more: the neighbour begins just there where sprite pixels and
-// screen pixels meet, and rounding must not decide whether it is seen.
+// Half a screen pixel. Where the borders of sprite pixels do not fall between device pixels, the
+// last one inside may lie up to a whole device pixel away: without this the lines would have gaps.
 vec2 reachOfOutlines()
 {
-    return 0.5 * TexelSize / displayScaleFacor * 1.0625;
+    vec2 screenPixel = TexelSize / displayScaleFacor;
+    return max(0.5 * screenPixel, screenPixel / pixelRatio);
 }
 
-// There the texel has its own value, however the texture is filtered.
+// There the texel has its own value, however the texture is filtered. What lies on a border belongs
+// to the texel after it, also when rounding puts it just before.
 vec2 middleOfTexel(vec2 place)
 {
-    return (floor(place / TexelSize) + 0.5) * TexelSize;
+    return (floor(place / TexelSize + 0.004) + 0.5) * TexelSize;
 }
 
 bool isTransparent(vec2 place)
 {
-    return texture2D(texture, middleOfTexel(place)).a <= 0.0;
+    return texture2D(texture, middleOfTexel(place)).a < noAlpha;
 }
 
 bool isSpriteOutline()
@@ -68,7 +72,7 @@ bool isSpriteOutline()
 
 vec4 shownNormal(vec4 premultiplied, vec4 normalColor)
 {
-    if (premultiplied.a <= 0.0)
+    if (premultiplied.a < noAlpha)
         return flatNormal;
     if (isSpriteOutline())
         return white;

@@ -24,6 +24,12 @@ void GSettings::setValue(const QString &key, const QVariant &value)
         m_memory.insert(key, value);
 }
 
+void GSettings::flush()
+{
+    if (m_store)
+        m_store->sync();
+}
+
 void GSettings::clear()
 {
     if (m_store)

@@ -49,6 +49,21 @@ struct ExportOptions
     int jobs = 0; ///< 0 for one a processor
 };
 
+struct LitOptions
+{
+    QString project;
+    QString body;
+    QString light; ///< X,Y[,Z] as it was typed
+    QString output;
+};
+
+struct ThumbnailOptions
+{
+    QString project;
+    QString output;
+    int size = 0; ///< of the square's sides
+};
+
 struct InfoOptions
 {
     QStringList projects;
@@ -86,6 +101,10 @@ ExitCode runSet(const ChangeOptions &options, Console &console);
 ExitCode runImport(const ImportOptions &options, Console &console);
 ExitCode runRepair(const RepairOptions &options, Console &console);
 ExitCode runExport(const ExportOptions &options, Console &console);
+/// Writes a body's sprite as it looks in the light of a lamp.
+ExitCode runLit(const LitOptions &options, Console &console);
+/// Writes a small picture of the first bodies.
+ExitCode runThumbnail(const ThumbnailOptions &options, Console &console);
 ExitCode runInfo(const InfoOptions &options, Console &console);
 /// Names every body with trouble.
 ExitCode runCheck(const QStringList &projects, Console &console);

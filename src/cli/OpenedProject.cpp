@@ -13,7 +13,7 @@ OpenedProject::OpenedProject(Console &console)
 {
 }
 
-bool OpenedProject::open(const QString &path)
+bool OpenedProject::openWithoutSprites(const QString &path)
 {
     try {
         m_controller.openProject(path);
@@ -21,6 +21,13 @@ bool OpenedProject::open(const QString &path)
         m_console.complain(error.message());
         return false;
     }
+    return true;
+}
+
+bool OpenedProject::open(const QString &path)
+{
+    if (!openWithoutSprites(path))
+        return false;
     m_controller.loadTextures();
     return true;
 }

@@ -13,6 +13,9 @@ class OpenedProject
 public:
     explicit OpenedProject(Console &console);
 
+    /// Reads the project, but no sprite: for commands that need few. Says why when it can't be
+    /// read, and returns false.
+    bool openWithoutSprites(const QString &path);
     /// Reads the project and its sprites. Says why when it can't be read, and returns false.
     bool open(const QString &path);
     /// Saves to @p outputPath, or where the project came from when it is empty. Says why when that

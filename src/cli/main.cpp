@@ -43,6 +43,7 @@ public:
         m_surfaces.addTo(m_app);
         addReports();
         addExport();
+        addPictures();
     }
 
     int run(int argc, char **argv)
@@ -199,6 +200,35 @@ private:
         });
     }
 
+    void addPictures()
+    {
+        auto *lit = command("lit", "Write the sprite of a body as a lamp lights it");
+        project(lit);
+        lit->add_option("--body", m_body, "The body")->required();
+        lit->add_option("--light",
+                        m_light,
+                        "X,Y[,Z]: where the lamp hangs, in pixels from the sprite's top left and "
+                        "above it; Z is else the project's light_height")
+            ->required();
+        lit->add_option("--output", m_output, "Picture to write: .png, .jpg or .jpeg")->required();
+        lit->callback([this] {
+            m_command = [this](Console &console) {
+                return runLit({text(m_project), text(m_body), text(m_light), text(m_output)},
+                              console);
+            };
+        });
+        auto *thumbnail = command("thumbnail", "Write a small picture of the first bodies");
+        project(thumbnail);
+        thumbnail->add_option("FILE", m_output, "Picture to write, a PNG by any name")->required();
+        thumbnail->add_option("--size", m_size, "Of its sides in pixels, 16 to 1024, else 256")
+            ->check(CLI::Range(16, 1024));
+        thumbnail->callback([this] {
+            m_command = [this](Console &console) {
+                return runThumbnail({text(m_project), text(m_output), m_size}, console);
+            };
+        });
+    }
+
     void setVerbosity() const
     {
         constexpr int levels[] = {GLogger::warnings, GLogger::information, GLogger::debugging};
@@ -219,7 +249,9 @@ private:
     std::string m_image;
     std::string m_output;
     std::string m_suffix;
+    std::string m_light;
     int m_jobs = 0;
+    int m_size = 256;
     bool m_force = false;
     bool m_removeMissing = false;
     bool m_clearResized = false;

@@ -8,6 +8,7 @@
 #include <QHBoxLayout>
 #include <QIcon>
 #include <QLabel>
+#include <QPushButton>
 #include <QVBoxLayout>
 
 AboutDialog::AboutDialog(const QString &sentence, const QString &licence, QWidget *parent)
@@ -30,7 +31,7 @@ AboutDialog::AboutDialog(const QString &sentence, const QString &licence, QWidge
     auto *terms = new QLabel(licence);
     for (QLabel *label : {purpose, terms}) {
         label->setWordWrap(true);
-        label->setMinimumWidth(scaled(300));
+        label->setFixedWidth(scaled(320));
     }
     QPalette quiet = palette();
     quiet.setColor(QPalette::WindowText, themeColors(quiet).quietText);
@@ -38,10 +39,12 @@ AboutDialog::AboutDialog(const QString &sentence, const QString &licence, QWidge
         label->setPalette(quiet);
 
     auto *texts = new QVBoxLayout;
+    texts->setSpacing(scaled(4));
     texts->addWidget(title);
     texts->addWidget(version);
     texts->addSpacing(scaled(12));
     texts->addWidget(purpose);
+    texts->addSpacing(scaled(4));
     texts->addWidget(terms);
     texts->addStretch();
     auto *top = new QHBoxLayout;
@@ -50,6 +53,7 @@ AboutDialog::AboutDialog(const QString &sentence, const QString &licence, QWidge
     top->addLayout(texts, 1);
 
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Close);
+    buttons->button(QDialogButtonBox::Close)->setAutoDefault(false);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(scaled(24), scaled(24), scaled(24), scaled(16));

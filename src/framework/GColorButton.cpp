@@ -3,6 +3,7 @@
 #include "framework/ControlSizes.h"
 #include "framework/EditorKeys.h"
 #include "framework/MixedText.h"
+#include "framework/Theme.h"
 #include "framework/UiScale.h"
 
 #include <QColorDialog>
@@ -96,9 +97,9 @@ void GColorButton::paintEvent(QPaintEvent *)
         painter.drawText(area, Qt::AlignCenter, mixedText());
     }
     painter.setClipping(false);
-    QColor border = palette().color(hasFocus() ? QPalette::Highlight : QPalette::WindowText);
-    if (!hasFocus())
-        border.setAlphaF(isLively ? 0.9 : 0.5);
+    const ThemeColors colors = themeColors(palette());
+    const QColor plain = isLively ? colors.quietText : colors.field;
+    const QColor border = hasFocus() ? colors.accent : plain;
     painter.strokePath(shape, QPen(border, line));
 }
 

@@ -9,6 +9,7 @@ GLineEdit::GLineEdit(QWidget *parent)
     : QLineEdit(parent)
 {
     setFixedHeight(scaled(controlHeight));
+    setTextMargins(scaled(3), 0, scaled(3), 0);
     auto *keys = new EditorKeys(
         *this, [this] { finish(); }, [this] { return cancel(); });
     keys->watch(*this);

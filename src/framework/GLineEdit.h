@@ -17,8 +17,6 @@ public:
     /// Shows that several texts differ, until one is typed.
     void setMixed(bool isMixed);
     void setEmptyText(const QString &text);
-    /// The text that counts.
-    const QString &committedText() const { return m_committed; }
     /// Takes @p text as if the user had typed and finished it.
     void commit(const QString &text);
 

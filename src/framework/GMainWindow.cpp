@@ -164,8 +164,12 @@ bool GMainWindow::mayReplaceDocument()
 
 QString GMainWindow::chooseSavePath()
 {
-    QString proposal = documentPath();
-    if (proposal.isEmpty()) {
+    QString proposal;
+    if (const QFileInfo present(documentPath()); !documentPath().isEmpty()) {
+        // A document may have been opened under a suffix that is no longer written.
+        proposal =
+            present.dir().filePath(present.completeBaseName() + QLatin1Char('.') + m_type.suffix);
+    } else {
         const QString documents =
             QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
         proposal = QDir(m_settings.value(folderKey(), documents).toString())

@@ -28,7 +28,7 @@ GNumberEdit::GNumberEdit(int decimals, QWidget *parent)
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(scaled(controlSpacing));
     row->addWidget(m_slider, 1);
-    row->addWidget(m_spinBox);
+    row->addWidget(m_spinBox, 1);
     setFocusProxy(m_spinBox);
     m_slider->setRange(0, SliderScale::stepCount - 1);
     m_spinBox->setPrecision(decimals);
@@ -55,7 +55,7 @@ void GNumberEdit::setLabel(const QString &label)
 {
     setAccessibleName(label);
     m_slider->setAccessibleName(label);
-    m_spinBox->setAccessibleName(label);
+    m_spinBox->setLabel(label);
 }
 
 void GNumberEdit::setMixed(bool isMixed)
@@ -70,11 +70,9 @@ void GNumberEdit::setMixed(bool isMixed)
 void GNumberEdit::setSliderVisible(bool isVisible)
 {
     m_slider->setVisible(isVisible);
-    if (isVisible)
-        m_spinBox->setFixedWidth(scaled(valueColumnWidth));
-    else
-        m_spinBox->setMaximumWidth(QWIDGETSIZE_MAX);
-    m_spinBox->setSizePolicy(isVisible ? QSizePolicy::Fixed : QSizePolicy::Expanding,
+    m_spinBox->setMinimumWidth(isVisible ? scaled(valueColumnWidth) : 0);
+    m_spinBox->setMaximumWidth(isVisible ? scaled(valueColumnWidth) : QWIDGETSIZE_MAX);
+    m_spinBox->setSizePolicy(isVisible ? QSizePolicy::Fixed : QSizePolicy::Ignored,
                              QSizePolicy::Fixed);
 }
 

@@ -69,7 +69,7 @@ void GPathEdit::setMixed(bool isMixed)
 
 QString GPathEdit::path() const
 {
-    return QDir::fromNativeSeparators(m_line->committedText().trimmed());
+    return QDir::fromNativeSeparators(m_line->text().trimmed());
 }
 
 void GPathEdit::setPath(const QString &path)

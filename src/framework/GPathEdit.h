@@ -27,6 +27,7 @@ public:
     void setLabel(const QString &label);
     void setMixed(bool isMixed);
 
+    /// As it stands there, also while it is being typed.
     QString path() const;
 
 public Q_SLOTS:

@@ -4,18 +4,8 @@
 #include "framework/UiScale.h"
 
 #include <QMouseEvent>
-#include <QPainter>
-
-namespace {
-constexpr double handleRadius = 6;
-constexpr double grooveRadius = 2;
-constexpr double focusGap = 3; // between the handle and the ring that shows the focus
-
-double margin()
-{
-    return (handleRadius + focusGap) * uiScaleFactor();
-}
-} // namespace
+#include <QStyleOptionSlider>
+#include <QStylePainter>
 
 GSlider::GSlider(QWidget *parent)
     : QSlider(Qt::Horizontal, parent)
@@ -23,6 +13,7 @@ GSlider::GSlider(QWidget *parent)
     setFocusPolicy(Qt::StrongFocus);
     setAttribute(Qt::WA_Hover);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    setFixedHeight(scaled(controlHeight));
 }
 
 void GSlider::setMixed(bool isMixed)
@@ -31,72 +22,47 @@ void GSlider::setMixed(bool isMixed)
     update();
 }
 
-QSize GSlider::sizeHint() const
-{
-    return {scaled(120), scaled(controlHeight)};
-}
-
 QSize GSlider::minimumSizeHint() const
 {
-    return {scaled(48), scaled(controlHeight)};
+    return {scaled(2 * controlHeight), scaled(controlHeight)};
 }
 
 void GSlider::paintEvent(QPaintEvent *)
 {
-    const double scale = uiScaleFactor();
-    const QPointF handle(handleX(), height() / 2.0);
-    QRectF groove(margin(), 0, width() - 2 * margin(), 2 * grooveRadius * scale);
-    groove.moveCenter({width() / 2.0, handle.y()});
-    QColor empty = palette().color(QPalette::WindowText);
-    empty.setAlphaF(0.28);
-
-    QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(Qt::NoPen);
-    const auto drawGroove = [&](const QRectF &part, const QColor &color) {
-        painter.setBrush(color);
-        painter.drawRoundedRect(part, grooveRadius * scale, grooveRadius * scale);
-    };
-    drawGroove(groove, empty);
-    if (m_isMixed)
-        painter.setOpacity(0.4);
-    else
-        drawGroove(isRightToLeft() ? QRectF(QPointF(handle.x(), groove.top()), groove.bottomRight())
-                                   : QRectF(groove.topLeft(), QPointF(handle.x(), groove.bottom())),
-                   palette().color(QPalette::Highlight));
-
-    const bool isLively = isSliderDown() || (underMouse() && isEnabled());
-    const double radius = (isLively ? handleRadius + 1 : handleRadius) * scale;
-    painter.setBrush(palette().color(QPalette::WindowText));
-    painter.drawEllipse(handle, radius, radius);
-    if (!hasFocus())
-        return;
-    painter.setOpacity(1);
-    painter.setBrush(Qt::NoBrush);
-    painter.setPen(QPen(palette().color(QPalette::Highlight), 1.5 * scale));
-    painter.drawEllipse(handle, margin() - scale, margin() - scale);
+    QStyleOptionSlider option;
+    initStyleOption(&option);
+    option.subControls = QStyle::SC_SliderGroove | QStyle::SC_SliderHandle;
+    if (isSliderDown()) {
+        option.activeSubControls = QStyle::SC_SliderHandle;
+        option.state |= QStyle::State_Sunken;
+    }
+    if (m_isMixed) {
+        option.sliderPosition = option.minimum;
+        option.state.setFlag(QStyle::State_Enabled, hasFocus());
+    }
+    QStylePainter(this).drawComplexControl(QStyle::CC_Slider, option);
 }
 
+// The place under the pointer is taken in every style, and a held handle does not jump.
 void GSlider::mousePressEvent(QMouseEvent *event)
 {
     if (event->button() != Qt::LeftButton) {
         event->ignore();
         return;
     }
-    const double offset = event->localPos().x() - handleX();
-    // Taking hold of the handle does not move it.
-    const bool holdsHandle = !m_isMixed && qAbs(offset) <= handleRadius * uiScaleFactor();
-    m_grabbedAt = holdsHandle ? offset : 0;
+    const QRect handle = partRect(QStyle::SC_SliderHandle);
+    const bool holdsHandle = !m_isMixed && handle.contains(event->pos());
+    m_grabbedAt = holdsHandle ? event->pos().x() - handle.left() : handle.width() / 2;
     setSliderDown(true);
     if (!holdsHandle)
-        pickAt(event->localPos().x());
+        pickAt(event->pos().x());
     update();
 }
 
 void GSlider::mouseMoveEvent(QMouseEvent *event)
 {
     if (isSliderDown())
-        pickAt(event->localPos().x());
+        pickAt(event->pos().x());
 }
 
 void GSlider::mouseReleaseEvent(QMouseEvent *event)
@@ -115,28 +81,20 @@ void GSlider::wheelEvent(QWheelEvent *event)
         event->ignore();
 }
 
-// QSlider paints anew only the part that it takes for its handle.
-bool GSlider::event(QEvent *event)
+QRect GSlider::partRect(QStyle::SubControl part) const
 {
-    if (event->type() == QEvent::HoverEnter || event->type() == QEvent::HoverLeave)
-        update();
-    return QSlider::event(event);
+    QStyleOptionSlider option;
+    initStyleOption(&option);
+    return style()->subControlRect(QStyle::CC_Slider, &option, part, this);
 }
 
-double GSlider::handleX() const
+void GSlider::pickAt(int x)
 {
-    const double travel = width() - 2 * margin();
-    const double share =
-        maximum() > minimum() ? double(sliderPosition() - minimum()) / (maximum() - minimum()) : 0;
-    return margin() + travel * (isRightToLeft() ? 1 - share : share);
-}
-
-void GSlider::pickAt(double x)
-{
-    const double travel = qMax(1.0, width() - 2 * margin());
-    const double share = qBound(0.0, (x - m_grabbedAt - margin()) / travel, 1.0);
-    const double fromStart = isRightToLeft() ? 1 - share : share;
-    setSliderPosition(minimum() + qRound(fromStart * (maximum() - minimum())));
+    const QRect groove = partRect(QStyle::SC_SliderGroove);
+    const int travel = groove.width() - partRect(QStyle::SC_SliderHandle).width();
+    const int position = x - m_grabbedAt - groove.left();
+    setSliderPosition(QStyle::sliderValueFromPosition(
+        minimum(), maximum(), position, travel, isRightToLeft() != invertedAppearance()));
     Q_EMIT picked(sliderPosition());
     update();
 }

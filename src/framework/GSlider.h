@@ -1,8 +1,9 @@
 #pragma once
 
 #include <QSlider>
+#include <QStyle>
 
-/// A flat horizontal slider: a click takes the handle to its place, the wheel counts only with the
+/// A horizontal slider: a click takes the handle to its place, the wheel counts only with the
 /// focus.
 class GSlider : public QSlider
 {
@@ -14,7 +15,6 @@ public:
     /// Shows no value until one is set by the user.
     void setMixed(bool isMixed);
 
-    QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
 Q_SIGNALS:
@@ -27,12 +27,11 @@ protected:
     void mouseMoveEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
     void wheelEvent(QWheelEvent *event) override;
-    bool event(QEvent *event) override;
 
 private:
-    double handleX() const;
-    void pickAt(double x);
+    QRect partRect(QStyle::SubControl part) const;
+    void pickAt(int x);
 
     bool m_isMixed = false;
-    double m_grabbedAt = 0; // of the pointer, from the handle's centre
+    int m_grabbedAt = 0; // of the pointer, from the handle's left edge
 };

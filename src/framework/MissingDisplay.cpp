@@ -14,6 +14,7 @@
 #include <xcb/xcb.h>
 
 #include <algorithm>
+#include <memory>
 
 namespace {
 
@@ -51,13 +52,18 @@ bool canReachWayland()
     return isThere;
 }
 
+struct Disconnect
+{
+    void operator()(xcb_connection_t *connection) const { xcb_disconnect(connection); }
+};
+
 bool canReachX11(const QByteArray &display)
 {
-    xcb_connection_t *connection =
-        xcb_connect(display.isEmpty() ? nullptr : display.constData(), nullptr);
-    const bool isThere = xcb_connection_has_error(connection) == 0;
-    xcb_disconnect(connection);
-    return isThere;
+    // Kept open: a server without a session, such as Xvfb, starts anew when its last client leaves,
+    // and would refuse the toolkit meanwhile.
+    static std::unique_ptr<xcb_connection_t, Disconnect> connection;
+    connection.reset(xcb_connect(display.isEmpty() ? nullptr : display.constData(), nullptr));
+    return xcb_connection_has_error(connection.get()) == 0;
 }
 
 /// What the toolkit would try, in its order.

@@ -17,6 +17,12 @@ NumberSpinBox::NumberSpinBox(QWidget *parent)
     connect(lineEdit(), &QLineEdit::textEdited, this, [this] { m_isTyped = true; });
 }
 
+void NumberSpinBox::setLabel(const QString &label)
+{
+    setAccessibleName(label);
+    lineEdit()->setAccessibleName(label);
+}
+
 void NumberSpinBox::setPrecision(int decimals)
 {
     setDecimals(decimals);

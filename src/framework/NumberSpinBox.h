@@ -11,6 +11,8 @@ class NumberSpinBox : public QDoubleSpinBox
 public:
     explicit NumberSpinBox(QWidget *parent = nullptr);
 
+    /// What accessibility tools call it and the text in it.
+    void setLabel(const QString &label);
     /// Also the smallest step.
     void setPrecision(int decimals);
     void setUnit(const QString &unit);

@@ -64,7 +64,7 @@ void RecentFiles::rebuild()
     clear();
     const QStringList paths = this->paths();
     for (int i = 0; i < paths.size(); ++i) {
-        const QString path = paths.at(i);
+        const QString &path = paths.at(i);
         QAction *action = addAction(entryText(i, path));
         action->setData(path);
         action->setEnabled(QFileInfo(path).isFile());

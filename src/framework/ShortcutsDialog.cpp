@@ -10,6 +10,7 @@
 #include <QMainWindow>
 #include <QMenu>
 #include <QMenuBar>
+#include <QPushButton>
 #include <QSet>
 #include <QTreeWidget>
 #include <QVBoxLayout>
@@ -101,6 +102,7 @@ ShortcutsDialog::ShortcutsDialog(const QList<ShortcutGroup> &groups, QWidget *pa
     m_list->expandAll();
 
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Close);
+    buttons->button(QDialogButtonBox::Close)->setAutoDefault(false);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(search);

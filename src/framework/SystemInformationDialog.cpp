@@ -64,6 +64,7 @@ SystemInformationDialog::SystemInformationDialog(const QString &text, QWidget *p
     view->document()->setDocumentMargin(scaled(8));
 
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Close);
+    buttons->button(QDialogButtonBox::Close)->setAutoDefault(false);
     QPushButton *copying = buttons->addButton(tr("Copy"), QDialogButtonBox::ActionRole);
     connect(copying, &QPushButton::clicked, this, [text] {
         QGuiApplication::clipboard()->setText(text);

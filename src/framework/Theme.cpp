@@ -3,7 +3,9 @@
 #include "framework/ThemeStyle.h"
 
 #include <QApplication>
+#include <QLabel>
 #include <QStyleFactory>
+#include <QTextDocument>
 #include <QToolTip>
 #include <QWidget>
 
@@ -105,12 +107,19 @@ bool isDesktopDark()
     return tellsNothing || isDark(desktop);
 }
 
-/// Style sheets of single widgets keep the colours that "palette(...)" had when they were set.
-void renewStyleSheets()
+/// Style sheets of single widgets keep the colours that "palette(...)" had when they were set, and
+/// labels those of their links.
+void renewColors()
 {
     for (QWidget *widget : QApplication::allWidgets()) {
         if (const QString sheet = widget->styleSheet(); !sheet.isEmpty())
             widget->setStyleSheet(sheet);
+        auto *label = qobject_cast<QLabel *>(widget);
+        if (!label || !Qt::mightBeRichText(label->text()))
+            continue;
+        const QString text = label->text();
+        label->setText(QString());
+        label->setText(text);
     }
 }
 
@@ -125,7 +134,7 @@ void applyTheme(ThemeChoice choice)
     const QPalette palette = paletteOf(goesDark ? dark : light);
     QApplication::setPalette(palette);
     QToolTip::setPalette(palette);
-    renewStyleSheets();
+    renewColors();
 }
 
 ThemeColors themeColors(const QPalette &palette)

@@ -3,6 +3,8 @@
 #include "framework/Theme.h"
 #include "framework/UiScale.h"
 
+#include <QAbstractScrollArea>
+#include <QIcon>
 #include <QPainter>
 #include <QPainterPath>
 #include <QStyleOption>
@@ -42,7 +44,7 @@ bool isHovered(const QStyleOption &option)
 QColor accentOf(const QStyleOption &option)
 {
     if (!has(option, QStyle::State_Enabled))
-        return shade(option.palette, 0.25);
+        return shade(option.palette, 0.13);
     const QColor accent = themeColors(option.palette).accent;
     if (has(option, QStyle::State_Sunken))
         return accent.darker(112);
@@ -54,12 +56,27 @@ QPen roundPen(const QColor &color, double width)
     return {color, width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin};
 }
 
+void paintSign(QPainter &painter, const QRectF &rect, const QColor &disc, QChar mark)
+{
+    const Painting painting(painter);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(disc);
+    const double inset = rect.width() / 16;
+    painter.drawEllipse(rect.adjusted(inset, inset, -inset, -inset));
+    QFont font = painter.font();
+    font.setPixelSize(qMax(1, qRound(rect.height() * 0.62)));
+    font.setWeight(QFont::DemiBold);
+    painter.setFont(font);
+    painter.setPen(disc.lightness() > 140 ? QColor(Qt::black) : QColor(Qt::white));
+    painter.drawText(rect, Qt::AlignCenter, QString(mark));
+}
+
 } // namespace
 
 QColor shade(const QPalette &palette, double share)
 {
-    const QColor from = palette.color(QPalette::Active, QPalette::Window);
-    const QColor to = palette.color(QPalette::Active, QPalette::WindowText);
+    const QColor &from = palette.color(QPalette::Active, QPalette::Window);
+    const QColor &to = palette.color(QPalette::Active, QPalette::WindowText);
     const auto mixed = [share](int a, int b) { return qRound(a + (b - a) * share); };
     return {mixed(from.red(), to.red()),
             mixed(from.green(), to.green()),
@@ -179,6 +196,42 @@ void paintArrow(QPainter &painter, const QStyleOption &option, const QRect &rect
     painter.drawPolyline(points, 3);
 }
 
+void paintMenuTitle(QPainter &painter, const QStyleOptionMenuItem &option, const QStyle &style)
+{
+    painter.fillRect(option.rect, option.palette.window());
+    const bool isOpen = has(option, QStyle::State_Selected) || has(option, QStyle::State_Sunken);
+    if (isOpen && has(option, QStyle::State_Enabled))
+        paintBox(painter, option.rect, shade(option.palette, 0.14));
+    style.drawItemText(&painter,
+                       option.rect,
+                       Qt::AlignCenter | Qt::TextShowMnemonic | Qt::TextDontClip |
+                           Qt::TextSingleLine,
+                       option.palette,
+                       has(option, QStyle::State_Enabled),
+                       option.text,
+                       QPalette::WindowText);
+}
+
+void paintTab(QPainter &painter, const QStyleOptionTab &option)
+{
+    if (isHovered(option))
+        painter.fillRect(option.rect, shade(option.palette, 0.08));
+    const bool isSelected = has(option, QStyle::State_Selected);
+    const int thickness = isSelected ? scaled(2) : 1;
+    QRect line(0, 0, option.rect.width(), thickness);
+    line.moveBottomLeft(option.rect.bottomLeft());
+    const ThemeColors colors = themeColors(option.palette);
+    painter.fillRect(line, isSelected ? colors.accent : colors.line);
+}
+
+void paintMenuSeparator(QPainter &painter, const QStyleOption &option)
+{
+    painter.fillRect(option.rect, option.palette.base());
+    QRect line(0, 0, option.rect.width(), 1);
+    line.moveCenter(option.rect.center());
+    painter.fillRect(line, shade(option.palette, 0.16));
+}
+
 void paintItemRow(QPainter &painter, const QStyleOptionViewItem &option)
 {
     if (has(option, QStyle::State_Selected))
@@ -237,15 +290,69 @@ void paintSlider(QPainter &painter,
     painter.drawEllipse(handle.center(), radius, radius);
 }
 
-void paintScrollHandle(QPainter &painter, const QStyleOptionSlider &option, const QRect &handle)
+void paintScrollBar(QPainter &painter,
+                    const QStyleOptionSlider &option,
+                    const QStyle &style,
+                    const QWidget *widget)
 {
     const Painting painting(painter);
+    const QWidget *container = widget ? widget->parentWidget() : nullptr;
+    if (const auto *area = qobject_cast<const QAbstractScrollArea *>(
+            container ? container->parentWidget() : nullptr))
+        painter.fillRect(option.rect, option.palette.brush(area->viewport()->backgroundRole()));
+
     const bool isHeld = has(option, QStyle::State_Sunken) &&
                         option.activeSubControls.testFlag(QStyle::SC_ScrollBarSlider);
     const ThemeColors colors = themeColors(option.palette);
+    const QRect handle =
+        style.subControlRect(QStyle::CC_ScrollBar, &option, QStyle::SC_ScrollBarSlider, widget);
     const QRectF body = QRectF(handle).adjusted(2, 2, -2, -2);
     const double radius = qMin(body.width(), body.height()) / 2;
     painter.setPen(Qt::NoPen);
     painter.setBrush(isHeld || isHovered(option) ? colors.quietText : colors.field);
     painter.drawRoundedRect(body, radius, radius);
+}
+
+QRect scrollBarPart(const QStyleOptionSlider &option, QStyle::SubControl part, int shortest)
+{
+    const bool isHorizontal = option.orientation == Qt::Horizontal;
+    const int length = isHorizontal ? option.rect.width() : option.rect.height();
+    const qint64 range = qint64(option.maximum) - option.minimum;
+    int handle = length;
+    if (range > 0) {
+        const qint64 wanted = qint64(option.pageStep) * length / (range + option.pageStep);
+        handle = qMin(length, qMax(shortest, static_cast<int>(wanted)));
+    }
+    const int start = QStyle::sliderPositionFromValue(
+        option.minimum, option.maximum, option.sliderPosition, length - handle, option.upsideDown);
+    int from = 0;
+    int size = 0;
+    if (part == QStyle::SC_ScrollBarGroove) {
+        size = length;
+    } else if (part == QStyle::SC_ScrollBarSlider) {
+        from = start;
+        size = handle;
+    } else if (part == QStyle::SC_ScrollBarSubPage) {
+        size = start;
+    } else if (part == QStyle::SC_ScrollBarAddPage) {
+        from = start + handle;
+        size = length - from;
+    }
+    const QRect rect = isHorizontal ? QRect(from, 0, size, option.rect.height())
+                                    : QRect(0, from, option.rect.width(), size);
+    return QStyle::visualRect(
+        option.direction, option.rect, rect.translated(option.rect.topLeft()));
+}
+
+QIcon signIcon(const QColor &disc, QChar mark)
+{
+    QIcon icon;
+    for (const int side : {16, 24, 32, 48, 64, 96, 128}) {
+        QPixmap pixmap(side, side);
+        pixmap.fill(Qt::transparent);
+        QPainter painter(&pixmap);
+        paintSign(painter, pixmap.rect(), disc, mark);
+        icon.addPixmap(pixmap);
+    }
+    return icon;
 }

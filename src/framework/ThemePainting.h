@@ -1,14 +1,17 @@
 #pragma once
 
 #include <QColor>
+#include <QRect>
+#include <QStyle>
 
+class QIcon;
 class QPainter;
 class QPalette;
-class QRect;
 class QRectF;
-class QStyle;
 class QStyleOption;
+class QStyleOptionMenuItem;
 class QStyleOptionSlider;
+class QStyleOptionTab;
 class QStyleOptionViewItem;
 class QWidget;
 
@@ -28,10 +31,22 @@ void paintPushButton(QPainter &painter, const QStyleOption &option);
 void paintTick(QPainter &painter, const QStyleOption &option, bool isRound);
 /// A chevron; @p degrees turn it clockwise from pointing down.
 void paintArrow(QPainter &painter, const QStyleOption &option, const QRect &rect, int degrees);
+/// The title of a menu in the menu bar.
+void paintMenuTitle(QPainter &painter, const QStyleOptionMenuItem &option, const QStyle &style);
+void paintTab(QPainter &painter, const QStyleOptionTab &option);
+void paintMenuSeparator(QPainter &painter, const QStyleOption &option);
 void paintItemRow(QPainter &painter, const QStyleOptionViewItem &option);
 void paintSlider(QPainter &painter,
                  const QStyleOptionSlider &option,
                  const QStyle &style,
                  const QWidget *widget);
-/// The handle of a scroll bar in @p handle.
-void paintScrollHandle(QPainter &painter, const QStyleOptionSlider &option, const QRect &handle);
+/// The handle, on the ground of what it scrolls.
+void paintScrollBar(QPainter &painter,
+                    const QStyleOptionSlider &option,
+                    const QStyle &style,
+                    const QWidget *widget);
+/// Where a part of a scroll bar is that has no arrows; the handle is at least @p shortest long.
+QRect scrollBarPart(const QStyleOptionSlider &option, QStyle::SubControl part, int shortest);
+
+/// The sign of a message box: a disc with @p mark.
+QIcon signIcon(const QColor &disc, QChar mark);

@@ -6,6 +6,7 @@
 
 #include <QAbstractItemView>
 #include <QAbstractSpinBox>
+#include <QApplication>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QMenu>
@@ -33,6 +34,13 @@ void paintLineEdit(QPainter &painter, const QStyleOption &option, const QWidget 
         paintField(painter, option);
     else
         painter.fillRect(option.rect, option.palette.brush(QPalette::Base));
+}
+
+/// A menu's line without a title.
+bool isSeparator(const QStyleOption *option)
+{
+    const auto *item = qstyleoption_cast<const QStyleOptionMenuItem *>(option);
+    return item && item->menuItemType == QStyleOptionMenuItem::Separator && item->text.isEmpty();
 }
 
 /// The ground of a checked entry's icon in a menu, which has the colour read on the accent.
@@ -88,37 +96,6 @@ Option withQuietHighlight(const Option &option)
     return quiet;
 }
 
-QRect scrollBarPart(const QStyleOptionSlider &option, QStyle::SubControl part, int shortest)
-{
-    const bool isHorizontal = option.orientation == Qt::Horizontal;
-    const int length = isHorizontal ? option.rect.width() : option.rect.height();
-    const qint64 range = qint64(option.maximum) - option.minimum;
-    int handle = length;
-    if (range > 0) {
-        const qint64 wanted = qint64(option.pageStep) * length / (range + option.pageStep);
-        handle = qMin(length, qMax(shortest, static_cast<int>(wanted)));
-    }
-    const int start = QStyle::sliderPositionFromValue(
-        option.minimum, option.maximum, option.sliderPosition, length - handle, option.upsideDown);
-    int from = 0;
-    int size = 0;
-    if (part == QStyle::SC_ScrollBarGroove) {
-        size = length;
-    } else if (part == QStyle::SC_ScrollBarSlider) {
-        from = start;
-        size = handle;
-    } else if (part == QStyle::SC_ScrollBarSubPage) {
-        size = start;
-    } else if (part == QStyle::SC_ScrollBarAddPage) {
-        from = start + handle;
-        size = length - from;
-    }
-    const QRect rect = isHorizontal ? QRect(from, 0, size, option.rect.height())
-                                    : QRect(0, from, option.rect.width(), size);
-    return QStyle::visualRect(
-        option.direction, option.rect, rect.translated(option.rect.topLeft()));
-}
-
 } // namespace
 
 ThemeStyle::ThemeStyle()
@@ -150,6 +127,8 @@ void ThemeStyle::drawPrimitive(PrimitiveElement element,
     case PE_FrameGroupBox:
     case PE_FrameStatusBarItem:
     case PE_PanelStatusBar:
+    case PE_FrameTabWidget:
+    case PE_FrameTabBarBase:
         return;
     case PE_FrameFocusRect:
         return paintFocus(*painter, *option);
@@ -193,7 +172,16 @@ void ThemeStyle::drawControl(ControlElement element,
     const auto *toolButton = qstyleoption_cast<const QStyleOptionToolButton *>(option);
     const auto *button = qstyleoption_cast<const QStyleOptionButton *>(option);
     const auto *progress = qstyleoption_cast<const QStyleOptionProgressBar *>(option);
-    if ((element == CE_MenuItem || element == CE_MenuBarItem) && menuItem) {
+    if (element == CE_MenuBarItem && menuItem)
+        return paintMenuTitle(*painter, *menuItem, *proxy());
+    if (element == CE_MenuBarEmptyArea)
+        return painter->fillRect(option->rect, option->palette.window());
+    if (const auto *tab = qstyleoption_cast<const QStyleOptionTab *>(option);
+        element == CE_TabBarTabShape && tab)
+        return paintTab(*painter, *tab);
+    if (element == CE_MenuItem && isSeparator(option))
+        return paintMenuSeparator(*painter, *option);
+    if (element == CE_MenuItem && menuItem) {
         const auto quiet = withQuietHighlight(*menuItem);
         return QProxyStyle::drawControl(element, &quiet, painter, widget);
     }
@@ -210,8 +198,7 @@ void ThemeStyle::drawControl(ControlElement element,
         filled.palette.setColor(QPalette::ButtonText, themeColors(option->palette).onAccent);
         return QProxyStyle::drawControl(element, &filled, painter, widget);
     }
-    if (element == CE_ToolBar || element == CE_MenuBarEmptyArea || element == CE_HeaderSection ||
-        element == CE_HeaderEmptyArea)
+    if (element == CE_ToolBar || element == CE_HeaderSection || element == CE_HeaderEmptyArea)
         return paintBar(*painter, *option);
     if (element == CE_ProgressBarGroove)
         return paintField(*painter, *option);
@@ -236,10 +223,7 @@ void ThemeStyle::drawComplexControl(ComplexControl control,
     if (control == CC_Slider && slider)
         return paintSlider(*painter, *slider, *proxy(), widget);
     if (control == CC_ScrollBar && slider)
-        return paintScrollHandle(
-            *painter,
-            *slider,
-            proxy()->subControlRect(control, option, SC_ScrollBarSlider, widget));
+        return paintScrollBar(*painter, *slider, *proxy(), widget);
     if (const auto *spin = qstyleoption_cast<const QStyleOptionSpinBox *>(option);
         control == CC_SpinBox && spin) {
         if (spin->frame)
@@ -265,7 +249,6 @@ int ThemeStyle::pixelMetric(PixelMetric metric,
     case PM_ScrollBarExtent:
         return scaled(10);
     case PM_ScrollBarSliderMin:
-        return scaled(24);
     case PM_ToolBarIconSize:
         return scaled(24);
     case PM_ToolBarItemSpacing:
@@ -277,7 +260,6 @@ int ThemeStyle::pixelMetric(PixelMetric metric,
     case PM_MenuPanelWidth:
         return 1;
     case PM_MenuVMargin:
-        return scaled(4);
     case PM_MenuBarItemSpacing:
         return scaled(4);
     case PM_MenuBarHMargin:
@@ -307,6 +289,7 @@ int ThemeStyle::styleHint(StyleHint hint,
     case SH_ToolTipLabel_Opacity:
         return 255;
     case SH_EtchDisabledText:
+    case SH_DialogButtonBox_ButtonsHaveIcons:
     case SH_ScrollView_FrameOnlyAroundContents:
         return 0;
     default:
@@ -325,6 +308,36 @@ QRect ThemeStyle::subControlRect(ComplexControl control,
     return QProxyStyle::subControlRect(control, option, part, widget);
 }
 
+QRect ThemeStyle::subElementRect(SubElement element,
+                                 const QStyleOption *option,
+                                 const QWidget *widget) const
+{
+    const QRect rect = QProxyStyle::subElementRect(element, option, widget);
+    if (element != SE_LineEditContents || isInsideField(widget))
+        return rect;
+    return rect.adjusted(scaled(3), 0, -scaled(3), 0);
+}
+
+QIcon ThemeStyle::standardIcon(StandardPixmap icon,
+                               const QStyleOption *option,
+                               const QWidget *widget) const
+{
+    const QPalette palette = QApplication::palette();
+    const ThemeColors colors = themeColors(palette);
+    switch (icon) {
+    case SP_MessageBoxInformation:
+        return signIcon(colors.quietText, QLatin1Char('i'));
+    case SP_MessageBoxQuestion:
+        return signIcon(colors.quietText, QLatin1Char('?'));
+    case SP_MessageBoxWarning:
+        return signIcon(colors.accent, QLatin1Char('!'));
+    case SP_MessageBoxCritical:
+        return signIcon(colors.trouble, QLatin1Char('!'));
+    default:
+        return QProxyStyle::standardIcon(icon, option, widget);
+    }
+}
+
 QSize ThemeStyle::sizeFromContents(ContentsType type,
                                    const QStyleOption *option,
                                    const QSize &size,
@@ -335,6 +348,9 @@ QSize ThemeStyle::sizeFromContents(ContentsType type,
     switch (type) {
     case CT_LineEdit:
         return isInsideField(widget) ? wanted : wanted.expandedTo(atLeast);
+    case CT_MenuItem:
+        return isSeparator(option) ? QSize(wanted.width(), scaled(9))
+                                   : wanted.expandedTo(QSize(0, scaled(26)));
     case CT_SpinBox:
     case CT_ComboBox:
         return wanted.expandedTo(atLeast);

@@ -38,6 +38,12 @@ public:
                          const QStyleOptionComplex *option,
                          SubControl part,
                          const QWidget *widget) const override;
+    QRect subElementRect(SubElement element,
+                         const QStyleOption *option,
+                         const QWidget *widget) const override;
+    QIcon standardIcon(StandardPixmap icon,
+                       const QStyleOption *option,
+                       const QWidget *widget) const override;
     QSize sizeFromContents(ContentsType type,
                            const QStyleOption *option,
                            const QSize &size,

@@ -23,7 +23,7 @@ IconColors iconColors(QIcon::Mode mode, QIcon::State state)
     const QPalette palette = QGuiApplication::palette();
     const ThemeColors colors = themeColors(palette);
     if (mode == QIcon::Disabled) {
-        const QColor quiet = palette.color(QPalette::Disabled, QPalette::WindowText);
+        const QColor &quiet = palette.color(QPalette::Disabled, QPalette::WindowText);
         return {quiet, quiet};
     }
     if (mode == QIcon::Selected || state == QIcon::On)

@@ -29,3 +29,7 @@ struct Light
 /// normal's y is negated. The light meets a pixel in its centre, at (x + 0.5, y + 0.5, 0). What
 /// would be brighter than the pixel's alpha is cut there, as a premultiplied colour has to be.
 QImage litImage(const QImage &texture, const QImage &normalMap, const Light &light);
+
+/// What formats without transparency get of a premultiplied picture: its colours over black, in
+/// QImage::Format_RGB32.
+QImage overBlack(const QImage &lit);

@@ -91,3 +91,11 @@ void flattenTransparent(const QImage &sprite, QImage &normalMap)
             pixels[x] = above[x] < 0x01000000U ? flatNormal : pixels[x];
     }
 }
+
+QImage exportedNormalMap(const AngleImage &surface, const QImage &sprite)
+{
+    QImage normalMap = flatNormalMap(surface.size());
+    toNormalMap(surface, normalMap);
+    flattenTransparent(sprite, normalMap);
+    return normalMap;
+}

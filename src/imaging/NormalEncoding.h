@@ -20,6 +20,10 @@ QRect toNormalMap(const AngleImage &surface, QImage &image, const QRect &rect, b
 /// The same for the whole surface.
 QRect toNormalMap(const AngleImage &surface, QImage &image, bool flipY = false);
 
+/// The normal map of @p surface as it is exported: flat under the fully transparent pixels of
+/// @p sprite. Null for a null surface.
+QImage exportedNormalMap(const AngleImage &surface, const QImage &sprite);
+
 /// Fills @p surface with the slopes of every pixel of the normal map @p image, made anew in the
 /// image's size when it has another one. Blue 0 saturates. Alpha is ignored.
 void fromNormalMap(const QImage &image, AngleImage &surface);

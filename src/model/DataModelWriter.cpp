@@ -12,7 +12,7 @@ DataModelWriter::DataModelWriter(Project &project)
 {
 }
 
-void DataModelWriter::write()
+void DataModelWriter::write(const std::function<void(int done, int total)> &progress)
 {
     const QString fileName = m_project.filename().value().path();
     if (fileName.isEmpty())
@@ -27,5 +27,5 @@ void DataModelWriter::write()
     if (const auto problem = findXmlProblem(xml))
         throw Error(tr("Failed to save '%1': %2").arg(fileName, problem->message));
     bundle.setXml(xml);
-    bundle.write();
+    bundle.write(progress);
 }

@@ -2,6 +2,8 @@
 
 #include <QCoreApplication>
 
+#include <functional>
+
 class Project;
 
 /// Saves a project to its file name.
@@ -15,7 +17,8 @@ public:
 
     /// Replaces the file in one move. Throws Error when the project has no file name, the file
     /// can't be written or its name does not end in ".vep"; the file on disk is then as it was.
-    void write();
+    /// @p progress is called with the surfaces written and all there are.
+    void write(const std::function<void(int done, int total)> &progress = {});
 
 private:
     Project &m_project;

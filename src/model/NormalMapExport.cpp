@@ -59,8 +59,12 @@ NormalMapResult exportNormalMaps(const Project &project,
 
 bool writeImageFile(const QImage &image, const QString &path)
 {
+    return writeImageFile(image, path, QFileInfo(path).suffix().toLower().toLatin1());
+}
+
+bool writeImageFile(const QImage &image, const QString &path, const QByteArray &format)
+{
     SaveDevice device(path);
-    const QByteArray format = QFileInfo(path).suffix().toLower().toLatin1();
     if (!QImageWriter::supportedImageFormats().contains(format) ||
         !device.open(QIODevice::WriteOnly))
         return false;

@@ -42,6 +42,7 @@ NormalMapResult exportNormalMaps(const Project &project,
                                  const QVector<Body *> &bodies,
                                  const NormalMapExport &settings);
 
-/// Writes @p image to @p path in the format that the extension names, in one move. False when that
-/// fails; an older file is then untouched.
+/// Writes @p image to @p path in the format that the extension names, or in @p format, in one move.
+/// False when that fails; an older file is then untouched.
 bool writeImageFile(const QImage &image, const QString &path);
+bool writeImageFile(const QImage &image, const QString &path, const QByteArray &format);

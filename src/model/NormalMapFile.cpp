@@ -79,15 +79,12 @@ private:
 
 QByteArray encodedNormalMap(const AngleImage &surface, const QImage &sprite)
 {
-    QImage normalMap = flatNormalMap(surface.size());
-    toNormalMap(surface, normalMap);
-    flattenTransparent(sprite, normalMap);
     QBuffer buffer;
     buffer.open(QIODevice::WriteOnly);
     QImageWriter writer(&buffer, QByteArrayLiteral("png"));
     writer.setQuality(normalMapPngQuality);
     writer.setText(markKey(), markText());
-    return writer.write(normalMap) ? buffer.data() : QByteArray();
+    return writer.write(exportedNormalMap(surface, sprite)) ? buffer.data() : QByteArray();
 }
 
 bool isNormalMap(const QImage &image)

@@ -23,13 +23,15 @@ const PropertyDescriptionList &projectDescriptions()
                                      Project::tr("Light height in pixels"),
                                      0,
                                      1024,
-                                     32);
+                                     32,
+                                     Project::tr("px"));
     list.add<PropertyDescriptionInt>(QStringLiteral("light_brightness"),
                                      Project::tr("Brightness"),
                                      Project::tr("Light brightness"),
                                      10,
                                      400,
-                                     100);
+                                     100,
+                                     QStringLiteral("%"));
     list.add<PropertyDescriptionColor>(QStringLiteral("light_color"),
                                        Project::tr("Light color"),
                                        Project::tr("Light color"),

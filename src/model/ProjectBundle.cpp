@@ -133,7 +133,7 @@ void ProjectBundle::read()
     }
 }
 
-void ProjectBundle::write() const
+void ProjectBundle::write(const std::function<void(int done, int total)> &progress) const
 {
     if (m_fileName.isEmpty())
         return;
@@ -147,8 +147,11 @@ void ProjectBundle::write() const
     ProjectArchiveWriter archive(device);
     archive.addDirectory(dataFolderName());
     bool fits = archive.addFile(QStringLiteral("project") + m_xmlExtension, m_xml);
-    for (int i = 0; fits && i < files.size(); ++i)
+    for (int i = 0; fits && i < files.size(); ++i) {
         fits = archive.addFile(dataFolderName() + m_ids[i], packer.packNext(*files[i]));
+        if (progress)
+            progress(i + 1, files.size());
+    }
     // The device knows better than the archive why something could not be written.
     if (!fits || !archive.close() || !device.commit()) {
         const bool isDevice = device.hasFailed() || archive.reason().isEmpty();

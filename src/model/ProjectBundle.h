@@ -8,6 +8,8 @@
 #include <QString>
 #include <QVector>
 
+#include <functional>
+
 /// The archive that a project file is: the XML text, and a data file for each byte array. Data
 /// files are packed and unpacked side by side on the global thread pool.
 class ProjectBundle : public DataFiles
@@ -32,7 +34,8 @@ public:
     void read();
     /// Replaces the file of the bundle's file name in one move; without a name nothing happens.
     /// Throws Error when it can't be written, the old file is then untouched.
-    void write() const;
+    /// @p progress is called with the data files written and all there are.
+    void write(const std::function<void(int done, int total)> &progress = {}) const;
 
 private:
     struct Place

@@ -19,6 +19,7 @@
 #include <QFileInfo>
 
 #include <deque>
+#include <utility>
 
 namespace {
 // Reads image files side by side on the global thread pool, a few ahead of what is asked for.
@@ -56,6 +57,11 @@ QStringList pathsOf(const QVector<Body *> &bodies)
     return paths;
 }
 
+QString lastSpriteImportKey()
+{
+    return QStringLiteral("lastSpriteImportPath");
+}
+
 QString bodyName(const QString &path)
 {
     const QFileInfo file(path);
@@ -90,7 +96,9 @@ void ProjectController::openProject(const QString &fileName)
 
 void ProjectController::save()
 {
-    DataModelWriter(*m_project).write();
+    DataModelWriter(*m_project).write([this](int done, int total) {
+        m_prompts.showProgress(done, total);
+    });
     m_project->undoStack().markSaved();
 }
 
@@ -143,8 +151,8 @@ void ProjectController::addSprites(const QStringList &paths)
             }
         }
         m_selection.setSelection(added);
-        m_settings.setValue(QStringLiteral("lastSpriteImportPath"),
-                            QFileInfo(pathsOf({added.last()}).first()).path());
+        m_settings.setValue(lastSpriteImportKey(),
+                            QFileInfo(pathsOf({added.first()}).first()).path());
     }
     if (!failures.isEmpty())
         throw Error(tr("Failed to add following files:\n\n") + failures.join(QLatin1Char('\n')));
@@ -169,6 +177,11 @@ void ProjectController::loadTextures()
 void ProjectController::checkTextures()
 {
     loadTextures();
+    resolveTextures();
+}
+
+void ProjectController::resolveTextures()
+{
     QStringList changes;
     resolveMissing(changes);
     resolveResized(changes);
@@ -176,7 +189,7 @@ void ProjectController::checkTextures()
         m_prompts.showSummary(changes);
 }
 
-void ProjectController::saveNormalMaps()
+bool ProjectController::saveNormalMaps()
 {
     const auto bodies = m_project->bodies().all();
     NormalMapExport settings = exportSettings();
@@ -186,6 +199,7 @@ void ProjectController::saveNormalMaps()
     const auto result = exportNormalMaps(*m_project, bodies, settings);
     if (!result.failures.isEmpty())
         throw Error(result.failures.first());
+    return !result.cancelled;
 }
 
 bool ProjectController::writeImage(const QImage &image, const QString &path)
@@ -199,6 +213,11 @@ NormalMapExport ProjectController::exportSettings() const
     settings.directory = m_project->publishDirectory().value();
     settings.suffix = m_project->publishNormalmapPostfix().value();
     return settings;
+}
+
+QString ProjectController::lastSpriteImportPath() const
+{
+    return m_settings.value(lastSpriteImportKey()).toString();
 }
 
 QString ProjectController::imagePath(const QString &key) const
@@ -215,7 +234,9 @@ void ProjectController::setImagePath(const QString &key, const QString &path)
 void ProjectController::install(const std::shared_ptr<Project> &project)
 {
     m_selection.setProject(project.get());
-    m_project = project;
+    const auto former = std::exchange(m_project, project);
+    if (m_installed)
+        m_installed();
     const auto bodies = project->bodies().all();
     if (!bodies.isEmpty())
         m_selection.setSelection({bodies.first()});

@@ -6,6 +6,7 @@
 #include <QImage>
 #include <QStringList>
 
+#include <functional>
 #include <memory>
 
 class GFileName;
@@ -28,6 +29,9 @@ public:
     Project &project() const { return *m_project; }
     ItemSelectionModel &selection() { return m_selection; }
 
+    /// Called whenever another project takes the place of the present one, which lives on until
+    /// the call returns. Nothing is selected at that time.
+    void setInstalled(std::function<void()> installed) { m_installed = std::move(installed); }
     /// Starts with an empty project.
     void createProject();
     /// Opens a project file; damaged surfaces are told. Its sprites are loaded by checkTextures()
@@ -45,17 +49,21 @@ public:
     void removeBodies(const QVector<Body *> &bodies);
     /// Loads every sprite, its size checked against the painted surface.
     void loadTextures();
-    /// The same, and asks what to do with the missing and the resized.
+    /// Asks what to do with sprites that are missing or have another size than their surface.
+    void resolveTextures();
+    /// Both in turn.
     void checkTextures();
-    /// Writes the normal maps of all bodies as the project's settings tell. Throws Error at the
-    /// first failure; maps that were written before stay.
-    void saveNormalMaps();
+    /// Writes the normal maps of all bodies as the project's settings tell; false when the user
+    /// cancels. Throws Error at the first failure. Maps that were written before stay.
+    bool saveNormalMaps();
     /// Writes @p image in the format that the extension of @p path names; false when that fails.
     bool writeImage(const QImage &image, const QString &path);
 
     /// The export settings that the project holds.
     NormalMapExport exportSettings() const;
 
+    /// The folder of the sprites that were added last.
+    QString lastSpriteImportPath() const;
     /// The folder that was last used for @p key, such as "normalMap".
     QString imagePath(const QString &key) const;
     void setImagePath(const QString &key, const QString &path);
@@ -72,5 +80,6 @@ private:
     GSettings &m_settings;
     ProjectPrompts &m_prompts;
     std::shared_ptr<Project> m_project;
+    std::function<void()> m_installed;
     ItemSelectionModel m_selection;
 };

@@ -18,12 +18,13 @@ namespace {
 
 Q_LOGGING_CATEGORY(lcScene, "GLGraphicsScene")
 
-bool isOpenGL(const QPaintEngine &engine)
+bool isOpenGL(const QPaintEngine *engine)
 {
-    return engine.type() == QPaintEngine::OpenGL2 || engine.type() == QPaintEngine::OpenGL;
+    return engine &&
+           (engine->type() == QPaintEngine::OpenGL2 || engine->type() == QPaintEngine::OpenGL);
 }
 
-/// The viewport that is painted, in its own pixels and in those of the scene.
+/// The viewport that is painted, in the device's pixels and in those of the scene.
 class PaintedViewport
 {
 public:
@@ -49,7 +50,7 @@ public:
     }
 
 private:
-    QRectF rect() const { return {QPointF(), QSizeF(pixels()) / pixelRatio()}; }
+    QRectF rect() const { return {QPointF(), pixels()}; }
 
     const QPaintDevice &m_device;
     QTransform m_transform;
@@ -142,7 +143,7 @@ void GLGraphicsScene::releaseGraphics()
 
 void GLGraphicsScene::drawBackground(QPainter *painter, const QRectF &)
 {
-    if (!isOpenGL(*painter->paintEngine())) {
+    if (!isOpenGL(painter->paintEngine())) {
         qCWarning(lcScene,
                   "OpenGLScene: drawBackground needs a QGLWidget to be set as viewport on the "
                   "graphics view");

@@ -26,7 +26,13 @@ public:
     }
 
     /// Null when there is none.
-    QOpenGLFunctions *functions() { return m_isCurrent ? m_context.functions() : nullptr; }
+    QOpenGLFunctions *functions() const { return m_isCurrent ? m_context.functions() : nullptr; }
+    /// Drivers of version 1 have their shaders, if any, under names that the toolkit does not call.
+    bool hasShaders() const
+    {
+        return m_isCurrent && m_context.format().majorVersion() >= 2 &&
+               functions()->hasOpenGLFeature(QOpenGLFunctions::Shaders);
+    }
 
 private:
     QOffscreenSurface m_surface;
@@ -43,18 +49,17 @@ QString textOf(QOpenGLFunctions &functions, GLenum name)
 
 QString checkGraphics()
 {
-    ProbeContext probe;
-    const QOpenGLFunctions *functions = probe.functions();
-    if (!functions || !functions->hasOpenGLFeature(QOpenGLFunctions::Shaders))
+    const ProbeContext probe;
+    if (!probe.hasShaders())
         return tr("Installed OpenGL has no shader support!");
-    if (!functions->hasOpenGLFeature(QOpenGLFunctions::Multitexture))
+    if (!probe.functions()->hasOpenGLFeature(QOpenGLFunctions::Multitexture))
         return tr("Installed OpenGL has no multi-texturing support!");
     return {};
 }
 
 QString graphicsInformation()
 {
-    ProbeContext probe;
+    const ProbeContext probe;
     QOpenGLFunctions *functions = probe.functions();
     if (!functions)
         return tr("No OpenGL context");

@@ -11,6 +11,7 @@ AngleImageTool::AngleImageTool(const QIcon &icon,
                                QObject *parent)
     : QObject(parent)
     , m_action(new GAction(icon, label, this))
+    , m_hasShortLabel(!shortLabel.isEmpty())
 {
     m_action->setCheckable(true);
     if (!shortLabel.isEmpty())

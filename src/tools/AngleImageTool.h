@@ -22,9 +22,12 @@ public:
 
     /// Checkable.
     GAction &action() const { return *m_action; }
+    /// Without one it has no button, only its action.
+    bool hasShortLabel() const { return m_hasShortLabel; }
     /// Whether it can be used while several bodies are selected.
     virtual bool worksOnSeveralBodies() const { return false; }
 
 private:
     GAction *m_action;
+    bool m_hasShortLabel;
 };

@@ -1,5 +1,6 @@
 #include "tools/PaintToolMove.h"
 
+#include "framework/GAction.h"
 #include "framework/ThemedIcon.h"
 
 PaintToolMove::PaintToolMove(QObject *parent)
@@ -9,6 +10,7 @@ PaintToolMove::PaintToolMove(QObject *parent)
                 QStringLiteral("V"),
                 parent)
 {
+    action().setStatusTip(tr("Drag sprites to arrange them in the view."));
 }
 
 void PaintToolMove::activate(const ToolContext & /*context*/, const AngleImage & /*image*/)

@@ -8,7 +8,14 @@
 class AngleImageTool;
 class ItemSelectionModel;
 class PaintTool;
+class PanelArea;
+
+QT_BEGIN_NAMESPACE
+class QAction;
+class QActionGroup;
+class QLabel;
 class QMenu;
+QT_END_NAMESPACE
 
 /// The right panel: effects, tools, and the settings of the active tool. Everything in it is made
 /// from the list of tools.
@@ -25,7 +32,8 @@ public:
                  QWidget *parent = nullptr);
     ~ToolsSidebar() override;
 
-    PaintTool *activeTool() const;
+    /// Null while an effect is open.
+    PaintTool *activeTool() const { return m_activeTool; }
     /// The effect that is open, null for none: then only its action is enabled. When it ends, the
     /// tool that was active before is active again.
     void setOpenEffect(AngleImageTool *effect);
@@ -35,7 +43,29 @@ public:
     void addToolActions(QMenu &menu) const;
 
 Q_SIGNALS:
+    /// Null when an effect takes over.
     void activeToolChanged(PaintTool *tool);
-    /// An effect's action was triggered.
+    /// An effect's action was triggered. Whoever opens the effect calls setOpenEffect() before the
+    /// signal returns.
     void effectRequested(AngleImageTool *effect);
+
+private:
+    QWidget *createButtons(const QString &title, const std::vector<AngleImageTool *> &shown);
+    QWidget *createSettings();
+    std::vector<AngleImageTool *> allTools() const;
+    void registerActions();
+    void takeTriggered(QAction *action);
+    void activate(PaintTool *tool);
+    void showSettings();
+
+    ItemSelectionModel &m_selection;
+    std::vector<std::unique_ptr<PaintTool>> m_tools;
+    std::vector<std::unique_ptr<AngleImageTool>> m_effects;
+    QActionGroup *m_actions;
+    PanelArea *m_settings;
+    QLabel *m_help;
+    PaintTool *m_activeTool = nullptr;
+    PaintTool *m_formerTool = nullptr; // while an effect is open
+    AngleImageTool *m_openEffect = nullptr;
+    int m_selectedCount = 0;
 };

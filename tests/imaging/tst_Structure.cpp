@@ -42,6 +42,25 @@ QImage grid(const QImage &tile, const QSize &size)
     return image;
 }
 
+// One channel of the lit formula (16 for red to 0 for blue) at a pixel's centre, said plainly.
+double plainLight(QRgb texture, QRgb normal, const Light &light, double x, double y, int channel)
+{
+    const auto component = [](QRgb colour, int shift) { return (colour >> shift & 255U) / 255.0; };
+    const double n[] = {
+        2 * component(normal, 16) - 1, 1 - 2 * component(normal, 8), 2 * component(normal, 0) - 1};
+    const bool isLamp = light.kind == Light::Kind::Position;
+    const double l[] = {light.place.x() - (isLamp ? x + 0.5 : 0.0),
+                        light.place.y() - (isLamp ? y + 0.5 : 0.0),
+                        light.place.z()};
+    const double cosine = (n[0] * l[0] + n[1] * l[1] + n[2] * l[2]) / std::hypot(n[0], n[1], n[2]) /
+                          std::hypot(l[0], l[1], l[2]);
+    const double intensity = component(light.ambient.rgba(), channel) * light.ambient.alphaF() +
+                             component(light.colour.rgba(), channel) * light.colour.alphaF() *
+                                 std::max(cosine, 0.0) * light.brightness / 100;
+    const double alpha = component(texture, 24);
+    return 255 * std::min(component(texture, channel) * alpha * intensity, alpha);
+}
+
 // The steps as they are told, through the whole square.
 QImage plainTiling(const QImage &pattern, double scale, double rotation, const QSize &size)
 {
@@ -233,6 +252,34 @@ private Q_SLOTS:
             const QImage lit = litImage(uniform({1, 1}, texture), uniform({1, 1}, normal), light);
             QCOMPARE(lit.format(), QImage::Format_ARGB32_Premultiplied);
             QVERIFY2(*reinterpret_cast<const QRgb *>(lit.constBits()) == expected, name);
+        }
+    }
+
+    void litPixelsFollowThePlainFormula()
+    {
+        std::mt19937 random(3);
+        const auto from = [&random](int first, int last) { return randomInt(first, last, random); };
+        for (int i = 0; i < 40; ++i) {
+            const QSize size = randomSize(37, 9, random);
+            const QImage texture = noise(size);
+            QImage normals = flatNormalMap(size);
+            toNormalMap(randomAngles(size, random), normals);
+            Light light{
+                QColor::fromRgba(random()), QColor::fromRgba(random()), from(10, 400) * 1.0};
+            light.kind = i % 2 == 0 ? Light::Kind::Position : Light::Kind::Direction;
+            light.place = QVector3D(from(-40, 80), from(-40, 40), from(1, 60)) * 0.5F;
+            const QImage lit = litImage(texture, normals, light);
+            for (int k = 0; k < size.width() * size.height(); ++k) {
+                const int x = k % size.width();
+                const int y = k / size.width();
+                const QRgb pixel = reinterpret_cast<const QRgb *>(lit.constScanLine(y))[x];
+                QCOMPARE(qAlpha(pixel), qAlpha(texture.pixel(x, y)));
+                for (const int channel : {16, 8, 0}) {
+                    const double expected =
+                        plainLight(texture.pixel(x, y), normals.pixel(x, y), light, x, y, channel);
+                    QVERIFY(std::abs(int(pixel >> channel & 255U) - expected) < 0.51);
+                }
+            }
         }
     }
 

@@ -9,11 +9,15 @@
 class FakeTool : public PaintTool
 {
 public:
-    explicit FakeTool(const QString &label = QStringLiteral("Fake tool"))
-        : PaintTool(QIcon(), label, QStringLiteral("Fake"), {})
+    explicit FakeTool(const QString &label = QStringLiteral("Fake tool"),
+                      const QString &shortLabel = QStringLiteral("Fake"),
+                      bool worksOnSeveralBodies = false)
+        : PaintTool(QIcon(), label, shortLabel, {})
+        , m_worksOnSeveralBodies(worksOnSeveralBodies)
     {
     }
 
+    bool worksOnSeveralBodies() const override { return m_worksOnSeveralBodies; }
     void activate(const ToolContext &context, const AngleImage &image) override;
     void deactivate() override { log(QStringLiteral("deactivate")); }
     void mousePress(const ToolPointerEvent &event) override { log("press", event); }
@@ -40,5 +44,6 @@ private:
     void log(const QString &what, const QSize &size);
     void log(const char *what, const ToolPointerEvent &event);
 
+    bool m_worksOnSeveralBodies;
     QStringList m_log;
 };

@@ -47,7 +47,8 @@ private:
     T m_defaultValue;
 };
 
-/// With the range that editors and the command line keep to, both ends included.
+/// With the range that editors and the command line keep to, both ends included, and the unit that
+/// editors show behind the number.
 template <class T>
 class PropertyDescriptionNumber : public PropertyDescriptionT<T>
 {
@@ -57,19 +58,23 @@ public:
                               const QString &text,
                               T minimum = std::numeric_limits<T>::lowest(),
                               T maximum = std::numeric_limits<T>::max(),
-                              T defaultValue = T())
+                              T defaultValue = T(),
+                              const QString &unit = QString())
         : PropertyDescriptionT<T>(key, label, text, defaultValue)
         , m_minimum(minimum)
         , m_maximum(maximum)
+        , m_unit(unit)
     {
     }
 
     T minimum() const { return m_minimum; }
     T maximum() const { return m_maximum; }
+    const QString &unit() const { return m_unit; }
 
 private:
     T m_minimum;
     T m_maximum;
+    QString m_unit;
 };
 
 /// A description that visitors see as @p Derived.

@@ -1,5 +1,6 @@
 #include "ui/properties/PropertyEditorFactory.h"
 
+#include "base/PlainText.h"
 #include "framework/ControlSizes.h"
 #include "framework/EditorKeys.h"
 #include "framework/GColorButton.h"
@@ -12,6 +13,7 @@
 #include "model/properties/PropertyDescriptionTypes.h"
 #include "ui/properties/PropertyEditor.h"
 
+#include <QBoxLayout>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
@@ -59,6 +61,8 @@ void addNumber(PropertyEditor &editor, Edit &edit, const PropertyDescriptionNumb
     edit.setRange(description.minimum(), description.maximum());
     edit.setSliderVisible(isBounded(description));
     edit.setLabel(description.label());
+    if (!description.unit().isEmpty())
+        edit.setSuffix(QLatin1Char(' ') + description.unit());
     editor.add(edit, 1);
     editor.setShow([&edit](const PropertyEditor::Shown &shown) {
         edit.setValue(shown.value.value<T>());
@@ -130,7 +134,7 @@ void PropertyEditorFactory::visit(const PropertyDescriptionString &description)
         line->setMixed(shown.isMixed);
     });
     QObject::connect(line, &GLineEdit::committed, &m_editor, [&editor = m_editor](auto &text) {
-        sendWhole(editor, text);
+        sendWhole(editor, plainText(text));
     });
 }
 
@@ -146,7 +150,7 @@ void PropertyEditorFactory::visit(const PropertyDescriptionFilename &description
         edit->setMixed(shown.isMixed);
     });
     QObject::connect(edit, &GPathEdit::pathChanged, &m_editor, [&editor = m_editor](auto &path) {
-        sendWhole(editor, QVariant::fromValue(GFileName(path)));
+        sendWhole(editor, QVariant::fromValue(GFileName(plainText(path))));
     });
 }
 
@@ -154,6 +158,7 @@ void PropertyEditorFactory::visit(const PropertyDescriptionColor &description)
 {
     auto *name = new QLabel(&m_editor);
     name->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    name->setForegroundRole(QPalette::PlaceholderText);
     auto *button = new GColorButton(&m_editor);
     button->setLabel(description.label());
     button->setAlphaOffered(false); // a project's file keeps none

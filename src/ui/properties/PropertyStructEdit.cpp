@@ -1,7 +1,6 @@
 #include "ui/properties/PropertyStructEdit.h"
 
 #include "framework/ControlSizes.h"
-#include "framework/Theme.h"
 #include "framework/UiScale.h"
 #include "ui/properties/PropertyEditor.h"
 #include "ui/properties/PropertyEditorFactory.h"
@@ -28,6 +27,7 @@ void PropertyStructEdit::setStructs(const QVector<PropertyStruct *> &structs,
     clear();
     m_model->setStructs(structs, keyPart);
     addRows({});
+    m_content->show();
 }
 
 // The rows may be at work up the stack, and must not send any more once they lose the focus.
@@ -73,9 +73,10 @@ void PropertyStructEdit::addRow(const QModelIndex &index)
     label->setBuddy(editor);
     auto *trouble = new QLabel(m_content);
     trouble->setWordWrap(true);
+    trouble->setForegroundRole(QPalette::BrightText);
     trouble->hide();
 
-    const int line = m_grid->rowCount();
+    const int line = m_rows.size();
     m_grid->addWidget(label, line, 0, Qt::AlignTop);
     auto *right = new QVBoxLayout;
     right->setSpacing(scaled(controlSpacing) / 2);
@@ -90,18 +91,18 @@ void PropertyStructEdit::addRow(const QModelIndex &index)
     connect(editor, &PropertyEditor::finished, m_model, &PropertyTreeModel::submit);
     connect(editor, &PropertyEditor::cancelled, m_model, &PropertyTreeModel::revert);
     m_rows.append(row);
-    show(row);
+    showRow(row);
 }
 
 void PropertyStructEdit::refresh(const QModelIndex &index)
 {
     for (const Row &row : std::as_const(m_rows)) {
         if (row.index == index)
-            show(row);
+            showRow(row);
     }
 }
 
-void PropertyStructEdit::show(const Row &row) const
+void PropertyStructEdit::showRow(const Row &row) const
 {
     row.editor->showValue({row.index.data(PropertyTreeModel::ValueRole),
                            row.index.data(PropertyTreeModel::MixedRole).toBool(),
@@ -109,7 +110,4 @@ void PropertyStructEdit::show(const Row &row) const
     const QString trouble = row.index.data(PropertyTreeModel::TroubleRole).toString();
     row.trouble->setText(trouble);
     row.trouble->setVisible(!trouble.isEmpty());
-    QPalette colors = row.trouble->palette();
-    colors.setColor(QPalette::WindowText, themeColors(palette()).trouble);
-    row.trouble->setPalette(colors);
 }

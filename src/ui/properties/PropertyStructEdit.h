@@ -38,7 +38,7 @@ private:
     void addRows(const QModelIndex &parent);
     void addRow(const QModelIndex &index);
     void refresh(const QModelIndex &index);
-    void show(const Row &row) const;
+    void showRow(const Row &row) const;
 
     PropertyTreeModel *m_model;
     QVector<Row> m_rows;

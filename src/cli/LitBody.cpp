@@ -1,0 +1,56 @@
+#include "cli/LitBody.h"
+
+#include "base/Error.h"
+#include "cli/OpenedProject.h"
+#include "imaging/NormalEncoding.h"
+#include "model/NormalMapExport.h"
+#include "model/Project.h"
+#include "model/Sprite.h"
+#include "model/properties/PropertyT.h"
+
+Light lampOf(const Project &project, const QVector3D &place)
+{
+    return {project.ambientLightColor().value(),
+            project.lightColor().value(),
+            double(project.lightBrightness().value()),
+            Light::Kind::Position,
+            place};
+}
+
+QString loadForLight(const Body &body)
+{
+    body.loadSprite();
+    const QString sprite = body.sprite().filename().value().path();
+    if (!body.sprite().isLoaded())
+        return QStringLiteral("its sprite '%1' is missing; bring it back, or find it with repair")
+            .arg(sprite);
+    if (body.sprite().isWrongSized())
+        return QStringLiteral("its sprite '%1' has another size than its surface; bring the old "
+                              "one back, or clear the surface with repair")
+            .arg(sprite);
+    return {};
+}
+
+QImage litBody(const Body &body, const Light &light)
+{
+    const QImage &sprite = body.sprite().image();
+    return litImage(sprite, exportedNormalMap(body.surface(), sprite), light);
+}
+
+void writePicture(const Project &project,
+                  const QImage &picture,
+                  const QString &path,
+                  const QByteArray &format)
+{
+    const QString target = GFileName(path).canonicalPath();
+    if (spritePaths(project).contains(target))
+        throw Error(QStringLiteral("'%1' is a sprite of the project and stays as it is: choose "
+                                   "another name")
+                        .arg(path));
+    if (target == project.filename().value().canonicalPath())
+        throw Error(QStringLiteral("'%1' is the project itself: choose another name").arg(path));
+    if (!writeImageFile(picture, path, format))
+        throw Error(QStringLiteral("'%1' can't be written: name a file in a folder that exists and "
+                                   "that you may write to")
+                        .arg(path));
+}

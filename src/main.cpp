@@ -1,0 +1,20 @@
+#include "base/GLogger.h"
+#include "base/Resources.h"
+#include "ui/VesperineApplication.h"
+
+#include <cstdio>
+
+int main(int argc, char **argv)
+{
+    GLogger::setVerbosity(GLogger::everything);
+    GLogger::install();
+    initialiseResources();
+    VesperineApplication::prepare();
+    // The application object would abort without a display.
+    if (const QString problem = GApplication::missingDisplay(); !problem.isEmpty()) {
+        std::fprintf(stderr, "%s\n", qPrintable(problem));
+        return 1;
+    }
+    VesperineApplication application(argc, argv);
+    return application.run();
+}

@@ -1,0 +1,15 @@
+#include "ui/DroppedPaths.h"
+
+#include <QMimeData>
+#include <QUrl>
+
+QStringList droppedPaths(const QMimeData &data)
+{
+    QStringList paths;
+    const auto urls = data.urls();
+    for (const QUrl &url : urls) {
+        if (url.isLocalFile())
+            paths.append(url.toLocalFile());
+    }
+    return paths;
+}

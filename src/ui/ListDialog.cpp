@@ -1,0 +1,46 @@
+#include "ui/ListDialog.h"
+
+#include "framework/UiScale.h"
+
+#include <QDialogButtonBox>
+#include <QLabel>
+#include <QListWidget>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+ListDialog::ListDialog(const Content &content, QWidget *parent)
+    : QDialog(parent)
+{
+    setWindowTitle(content.title);
+    auto *text = new QLabel(content.text, this);
+    text->setWordWrap(true);
+    auto *list = new QListWidget(this);
+    list->addItems(content.entries);
+    list->setAccessibleName(content.text);
+    list->setWordWrap(true);
+    auto *buttons = new QDialogButtonBox(this);
+    for (int i = 0; i < content.buttons.size(); ++i) {
+        auto *button = buttons->addButton(content.buttons[i], QDialogButtonBox::ActionRole);
+        button->setDefault(i == 0);
+        connect(button, &QPushButton::clicked, this, [this, i] {
+            m_chosen = i;
+            accept();
+        });
+    }
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(scaled(12), scaled(12), scaled(12), scaled(12));
+    layout->setSpacing(scaled(8));
+    layout->addWidget(text);
+    layout->addWidget(list, 1);
+    if (!content.hint.isEmpty())
+        layout->addWidget(new QLabel(content.hint, this));
+    layout->addWidget(buttons);
+    resize(scaled(520), scaled(320));
+}
+
+int ListDialog::choose()
+{
+    m_chosen = -1;
+    exec();
+    return m_chosen;
+}

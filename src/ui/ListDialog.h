@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QDialog>
+#include <QStringList>
+
+/// A text, a list of what it speaks of, and buttons. The first button is the default one.
+class ListDialog : public QDialog
+{
+    Q_OBJECT
+
+public:
+    struct Content
+    {
+        QString title;
+        QString text;
+        QStringList entries;
+        QStringList buttons;
+        QString hint; ///< a quiet line below the list, empty for none
+    };
+
+    explicit ListDialog(const Content &content, QWidget *parent = nullptr);
+
+    /// Shows the dialog and returns the index of the button, -1 when it was closed without one.
+    int choose();
+
+private:
+    int m_chosen = -1;
+};

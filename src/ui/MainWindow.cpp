@@ -1,0 +1,370 @@
+#include "ui/MainWindow.h"
+
+#include "base/Error.h"
+#include "framework/GAction.h"
+#include "framework/GApplication.h"
+#include "framework/SystemInformationDialog.h"
+#include "framework/ThemedIcon.h"
+#include "framework/UiScale.h"
+#include "model/Project.h"
+#include "model/properties/PropertyT.h"
+#include "preview/GraphicsCheck.h"
+#include "preview/NormalMapEditorScene.h"
+#include "preview/ZoomWidget.h"
+#include "tools/PaintToolMove.h"
+#include "ui/DroppedPaths.h"
+#include "ui/ExportActions.h"
+#include "ui/FeedbackDialog.h"
+#include "ui/NormalMapEditor.h"
+#include "ui/PreferencesDialog.h"
+#include "ui/ShapeTreeView.h"
+#include "ui/SpriteActions.h"
+#include "ui/SpritesSidebar.h"
+#include "ui/ToolsSidebar.h"
+#include "ui/UndoActions.h"
+
+#include <QDragEnterEvent>
+#include <QLabel>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QMimeData>
+#include <QSplitter>
+#include <QStatusBar>
+#include <QToolBar>
+
+namespace {
+GMainWindow::DocumentType projectType()
+{
+    return {MainWindow::tr("Vesperine projects (*.vep *.vex)"),
+            MainWindow::tr("Vesperine projects (*.vep)"),
+            QStringLiteral("vep"),
+            MainWindow::tr("Untitled")};
+}
+
+GMainWindow::ApplicationTexts applicationTexts()
+{
+    return {MainWindow::tr("Gives flat sprites a surface that a game can light."),
+            MainWindow::tr("MIT licence. Made with Qt, OpenCV and OpenGL."),
+            QStringLiteral(":/manual/index.html")};
+}
+
+// A brush is added here, and nowhere else in the window.
+std::vector<std::unique_ptr<PaintTool>> makeTools()
+{
+    std::vector<std::unique_ptr<PaintTool>> tools;
+    tools.push_back(std::make_unique<PaintToolMove>());
+    return tools;
+}
+
+bool isProjectFile(const QString &path)
+{
+    return path.endsWith(QLatin1String(".vep")) || path.endsWith(QLatin1String(".vex"));
+}
+
+QWidget *makeSpacer(QWidget *parent)
+{
+    auto *spacer = new QWidget(parent);
+    spacer->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+    return spacer;
+}
+} // namespace
+
+MainWindow::MainWindow(GApplication &application, QWidget *parent)
+    : GMainWindow(application.settings(), projectType(), parent)
+    , m_application(application)
+    , m_prompts(*this)
+    , m_controller(application.settings(), m_prompts)
+    , m_sprites(new SpritesSidebar(m_controller.selection(), this))
+    , m_editor(new NormalMapEditor(m_controller.selection(), this))
+    , m_tools(new ToolsSidebar(m_controller.selection(), makeTools(), {}, this))
+    , m_zoom(new ZoomWidget(this))
+    , m_pointed(new QLabel(this))
+    , m_spriteActions(
+          new SpriteActions(m_controller, m_prompts, m_sprites->list(), *m_editor, this))
+    , m_exportActions(new ExportActions(m_controller, m_prompts, *m_editor, this))
+    , m_feedback(new GAction(themedIcon(QStringLiteral(":/qrv_tools/icons/Icons_Comment.svg")),
+                             tr("Send feedback..."),
+                             this))
+    , m_preferences(new GAction(
+          themedIcon(QStringLiteral(":/icons/preferences.svg")), tr("Preferences..."), this))
+{
+    setAcceptDrops(true);
+    placePanels();
+    createMenus();
+    createToolBar();
+    connectPanels();
+    constexpr QSize startSize(1024, 700);
+    resize(startSize * uiScaleFactor());
+    restoreLayout();
+    m_controller.setInstalled([this] { installProject(); });
+    m_controller.createProject();
+}
+
+MainWindow::~MainWindow()
+{
+    // The panels borrow the controller's project and selection, which would go before them.
+    m_controller.setInstalled({});
+    disconnect(&project().undoStack(), nullptr, this, nullptr);
+    delete takeCentralWidget();
+}
+
+void MainWindow::placePanels()
+{
+    auto *splitter = new QSplitter(Qt::Horizontal, this);
+    splitter->setObjectName(QStringLiteral("panels"));
+    splitter->setChildrenCollapsible(false);
+    splitter->setStyleSheet(QStringLiteral("QSplitter { width: 2px; }"
+                                           "QSplitter::handle { background: palette(shadow); }"));
+    splitter->addWidget(m_sprites);
+    splitter->addWidget(m_editor);
+    splitter->addWidget(m_tools);
+    setCentralWidget(splitter);
+    m_editor->setToolsSidebar(*m_tools);
+    m_editor->setZoomWidget(*m_zoom);
+
+    statusBar()->setStyleSheet(
+        QStringLiteral("QLabel { color: #202024; }"
+                       "QStatusBar { border-top: 1px solid palette(shadow); background: #dddddd; };"));
+    m_pointed->setObjectName(QStringLiteral("pointedPixel"));
+    statusBar()->addPermanentWidget(m_pointed);
+    statusBar()->addPermanentWidget(m_zoom);
+}
+
+void MainWindow::createMenus()
+{
+    QMenu *file = menuBar()->addMenu(tr("&File"));
+    const std::pair<GAction &, QString> icons[] = {
+        {newAction(), QStringLiteral(":/icons/new.svg")},
+        {openAction(), QStringLiteral(":/icons/open.svg")},
+        {saveAction(), QStringLiteral(":/icons/save.svg")},
+        {saveAsAction(), QStringLiteral(":/icons/save_as.svg")},
+        {manualAction(), QStringLiteral(":/icons/help.svg")}};
+    for (const auto &[action, icon] : icons)
+        action.setIcon(themedIcon(icon));
+    addDocumentActions(*file);
+    file->addSeparator();
+    file->addAction(&m_exportActions->exportNormals());
+    file->addAction(&m_exportActions->exportNormalsAs());
+    file->addAction(&m_exportActions->exportLitSprite());
+    file->addSeparator();
+    addClosingActions(*file);
+    createEditMenu();
+    QMenu *draw = menuBar()->addMenu(tr("&Draw"));
+    m_tools->addToolActions(*draw);
+    draw->addSeparator();
+    draw->addAction(&m_spriteActions->selectAll());
+    m_editor->addDrawActions(*draw);
+    createViewMenu();
+    menuBar()->addMenu(createWindowMenu({m_sprites, m_tools}));
+    QMenu *help = createHelpMenu(applicationTexts());
+    menuBar()->addMenu(help);
+    help->addSeparator();
+    help->addAction(m_feedback);
+    connect(m_feedback, &QAction::triggered, this, &MainWindow::showFeedback);
+    setGestures({{tr("Drag the light"), tr("moves it over the sprites")},
+                 {tr("Alt+Wheel"), tr("zooms, keeping the pixel under the pointer")},
+                 {tr("Space and drag, middle button"), tr("pans the view")},
+                 {tr("P"), tr("places the light at the pointer")},
+                 {tr("Ctrl or Shift and click"), tr("adds a sprite to the selection")},
+                 {tr("Drag over the empty view"), tr("selects the sprites in the rectangle")}});
+}
+
+void MainWindow::createEditMenu()
+{
+    QMenu *edit = menuBar()->addMenu(tr("&Edit"));
+    m_undoActions = new UndoActions(*edit, this);
+    edit->addSeparator();
+    edit->addAction(&m_spriteActions->addSprites());
+    edit->addAction(&m_spriteActions->removeSprites());
+    edit->addAction(&m_spriteActions->renameSprite());
+    edit->addSeparator();
+    edit->addAction(m_preferences);
+    m_preferences->setShortcut(QKeySequence(QStringLiteral("Ctrl+,")));
+    m_preferences->setMenuRole(QAction::PreferencesRole);
+    connect(m_preferences, &QAction::triggered, this, &MainWindow::showPreferences);
+}
+
+void MainWindow::createViewMenu()
+{
+    QMenu *view = menuBar()->addMenu(tr("&View"));
+    m_sprites->addViewActions(*view);
+    view->addSeparator();
+    const auto zoomActions = m_zoom->zoomActions();
+    for (GAction *action : zoomActions)
+        view->addAction(action);
+}
+
+void MainWindow::createToolBar()
+{
+    QToolBar *bar = addToolBar(tr("Toolbar"));
+    bar->setObjectName(QStringLiteral("toolbar"));
+    bar->setMovable(false);
+    bar->addAction(&openAction());
+    bar->addAction(&saveAction());
+    bar->addSeparator();
+    bar->addAction(&m_spriteActions->addSprites());
+    bar->addAction(&m_spriteActions->removeSprites());
+    bar->addSeparator();
+    bar->addAction(&m_undoActions->undoButton());
+    bar->addAction(&m_undoActions->redoButton());
+    bar->addSeparator();
+    bar->addAction(&m_exportActions->exportNormals());
+    bar->addAction(&m_exportActions->exportLitSprite());
+    bar->addWidget(makeSpacer(bar));
+    bar->addAction(&manualAction());
+    bar->addAction(m_feedback);
+}
+
+void MainWindow::connectPanels()
+{
+    connect(
+        m_sprites, &SpritesSidebar::displayModeChanged, m_editor, &NormalMapEditor::setDisplayMode);
+    connect(m_sprites,
+            &SpritesSidebar::autoRotateLightToggled,
+            m_editor,
+            &NormalMapEditor::setAutoRotateLight);
+    connect(m_sprites,
+            &SpritesSidebar::textureOverlayChanged,
+            m_editor,
+            &NormalMapEditor::setTextureOverlay);
+    connect(&m_sprites->list(), &ShapeTreeView::pathsDropped, this, &MainWindow::openOrAdd);
+    connect(m_editor, &NormalMapEditor::pathsDropped, this, &MainWindow::openOrAdd);
+    connect(m_editor, &NormalMapEditor::pointedPixelChanged, this, &MainWindow::showPointedPixel);
+    connect(m_editor, &NormalMapEditor::noticed, this, [this](const QString &message) {
+        statusBar()->showMessage(message);
+    });
+    connect(m_spriteActions, &SpriteActions::bodiesChanged, this, &MainWindow::updateActions);
+}
+
+// Called while the former project still lives: every panel lets go of it here.
+void MainWindow::installProject()
+{
+    m_controller.loadTextures();
+    Project &project = m_controller.project();
+    m_sprites->setProject(&project);
+    m_editor->setProject(&project);
+    m_undoActions->setStack(project.undoStack());
+    connect(&project.undoStack(), &GUndoStack::indexChanged, this, [this] {
+        updateTitle();
+        updateActions();
+    });
+    connect(&project.undoStack(), &GUndoStack::cleanChanged, this, [this] { updateTitle(); });
+    updateActions();
+    updateTitle();
+}
+
+void MainWindow::updateActions()
+{
+    m_exportActions->update();
+    m_spriteActions->update();
+    m_tools->updateActions();
+}
+
+void MainWindow::createDocument()
+{
+    m_controller.createProject();
+}
+
+bool MainWindow::loadDocument(const QString &path)
+{
+    try {
+        m_controller.openProject(path);
+    } catch (const Error &error) {
+        QMessageBox::critical(this, tr("Error"), error.message());
+        return false;
+    }
+    m_prompts.showTold();
+    m_controller.resolveTextures();
+    updateActions();
+    return true;
+}
+
+bool MainWindow::storeDocument(const QString &path)
+{
+    if (path.endsWith(QLatin1String(".vex"))) {
+        QMessageBox::information(
+            this,
+            tr("File format change"),
+            tr("'.vex' file format is no longer supported, please use '.vep' instead"));
+        return saveAs();
+    }
+    try {
+        const PromptedTask task(m_prompts, tr("Saving"), false);
+        m_controller.saveAs(GFileName(path));
+    } catch (const Error &error) {
+        QMessageBox::critical(this, tr("Error"), error.message());
+        return false;
+    }
+    return true;
+}
+
+QString MainWindow::documentPath() const
+{
+    return m_controller.project().filename().value().path();
+}
+
+bool MainWindow::isDocumentModified() const
+{
+    return m_controller.project().undoStack().isModified();
+}
+
+QString MainWindow::systemInformation() const
+{
+    return graphicsInformation();
+}
+
+QWidget *MainWindow::documentWidget() const
+{
+    return &m_editor->view();
+}
+
+void MainWindow::openOrAdd(const QStringList &paths)
+{
+    for (const QString &path : paths) {
+        if (isProjectFile(path)) {
+            openPath(path);
+            return;
+        }
+    }
+    if (!paths.isEmpty())
+        m_spriteActions->add(paths);
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent *event)
+{
+    if (!droppedPaths(*event->mimeData()).isEmpty())
+        event->acceptProposedAction();
+}
+
+void MainWindow::dropEvent(QDropEvent *event)
+{
+    event->acceptProposedAction();
+    openOrAdd(droppedPaths(*event->mimeData()));
+}
+
+void MainWindow::showPointedPixel(const PointedPixel &pixel)
+{
+    if (!pixel.body) {
+        m_pointed->clear();
+        return;
+    }
+    m_pointed->setText(tr("%1   x %2  y %3   slope %4, %5   normal %6 %7 %8")
+                           .arg(pixel.body->name().value())
+                           .arg(pixel.pixel.x())
+                           .arg(pixel.pixel.y())
+                           .arg(pixel.slope.x(), 0, 'f', 2)
+                           .arg(pixel.slope.y(), 0, 'f', 2)
+                           .arg(pixel.normal.red())
+                           .arg(pixel.normal.green())
+                           .arg(pixel.normal.blue()));
+}
+
+void MainWindow::showPreferences()
+{
+    PreferencesDialog(m_application, this).exec();
+}
+
+void MainWindow::showFeedback()
+{
+    FeedbackDialog(systemSummary() + systemInformation(), this).exec();
+}

@@ -1,0 +1,74 @@
+#pragma once
+
+#include "framework/GMainWindow.h"
+#include "model/ProjectController.h"
+#include "ui/WindowPrompts.h"
+
+class ExportActions;
+class GApplication;
+class NormalMapEditor;
+class QLabel;
+class SpriteActions;
+class SpritesSidebar;
+class ToolsSidebar;
+class UndoActions;
+class ZoomWidget;
+struct PointedPixel;
+
+/// The program's one window, which works on one project at a time: list and light on the left, the
+/// preview in the middle, tools on the right. It places the panels and joins them; what they do is
+/// theirs.
+class MainWindow : public GMainWindow
+{
+    Q_OBJECT
+
+public:
+    /// @p application outlives the window.
+    explicit MainWindow(GApplication &application, QWidget *parent = nullptr);
+    ~MainWindow() override;
+
+    Project &project() const { return m_controller.project(); }
+    /// Opens a project among @p paths, or adds what else they name as sprites.
+    void openOrAdd(const QStringList &paths);
+
+public Q_SLOTS:
+    void showPreferences();
+
+protected:
+    void createDocument() override;
+    bool loadDocument(const QString &path) override;
+    bool storeDocument(const QString &path) override;
+    QString documentPath() const override;
+    bool isDocumentModified() const override;
+    QString systemInformation() const override;
+    QWidget *documentWidget() const override;
+
+    void dragEnterEvent(QDragEnterEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
+
+private:
+    void placePanels();
+    void createMenus();
+    void createEditMenu();
+    void createViewMenu();
+    void createToolBar();
+    void connectPanels();
+    void installProject();
+    void updateActions();
+    void showPointedPixel(const PointedPixel &pixel);
+    void showFeedback();
+
+    GApplication &m_application;
+    WindowPrompts m_prompts;
+    ProjectController m_controller;
+    SpritesSidebar *m_sprites;
+    NormalMapEditor *m_editor;
+    ToolsSidebar *m_tools;
+    ZoomWidget *m_zoom;
+    QLabel *m_pointed;
+    SpriteActions *m_spriteActions;
+    ExportActions *m_exportActions;
+    UndoActions *m_undoActions = nullptr;
+    GAction *m_feedback;
+    GAction *m_preferences;
+};

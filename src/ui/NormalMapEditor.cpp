@@ -1,0 +1,148 @@
+#include "ui/NormalMapEditor.h"
+
+#include "framework/GAction.h"
+#include "framework/ThemedIcon.h"
+#include "model/ItemSelectionModel.h"
+#include "model/Project.h"
+#include "preview/EditorGraphicsViewVesperine.h"
+#include "preview/NormalMapEditorScene.h"
+#include "preview/SpriteItem.h"
+#include "preview/ZoomWidget.h"
+#include "tools/PaintTool.h"
+#include "ui/DroppedPaths.h"
+#include "ui/ToolsSidebar.h"
+
+#include <QDragEnterEvent>
+#include <QMenu>
+#include <QMimeData>
+#include <QShortcut>
+#include <QVBoxLayout>
+
+NormalMapEditor::NormalMapEditor(ItemSelectionModel &bodies, QWidget *parent)
+    : QWidget(parent)
+    , m_bodies(bodies)
+    , m_scene(new NormalMapEditorScene(bodies, m_pixels, this))
+    , m_view(new EditorGraphicsViewVesperine(this))
+    , m_deselect(
+          new GAction(themedIcon(QStringLiteral(":/icons/deselect.svg")), tr("Deselect "), this))
+    , m_invert(new GAction(
+          themedIcon(QStringLiteral(":/icons/invert_selection.svg")), tr("Invert selection"), this))
+{
+    setAcceptDrops(true);
+    QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Preferred);
+    policy.setHorizontalStretch(100);
+    setSizePolicy(policy);
+    m_view->setEditorScene(m_scene);
+    m_view->setFrameShape(QFrame::NoFrame);
+    m_view->setAccessibleName(tr("Preview"));
+    m_view->setAcceptDrops(false);
+    m_view->viewport()->setAcceptDrops(false);
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins({});
+    layout->addWidget(m_view, 1000);
+
+    m_deselect->setShortcut(QKeySequence(QStringLiteral("Ctrl+D")));
+    m_invert->setShortcut(QKeySequence(QStringLiteral("Shift+Ctrl+I")));
+    connect(m_deselect, &QAction::triggered, this, &NormalMapEditor::clearSelection);
+    connect(m_invert, &QAction::triggered, this, &NormalMapEditor::invertSelection);
+    const auto *placeLight = new QShortcut(QKeySequence(Qt::Key_P), this);
+    connect(placeLight, &QShortcut::activated, m_scene, &NormalMapEditorScene::moveLightToPointer);
+    connect(m_scene,
+            &NormalMapEditorScene::pointedPixelChanged,
+            this,
+            &NormalMapEditor::pointedPixelChanged);
+    connect(m_scene, &NormalMapEditorScene::noticed, this, &NormalMapEditor::noticed);
+}
+
+NormalMapEditor::~NormalMapEditor()
+{
+    m_scene->setTool(nullptr);
+    m_scene->setProject(nullptr);
+}
+
+void NormalMapEditor::setProject(Project *project)
+{
+    m_pixels.setProject(project);
+    m_scene->setProject(project);
+    zoomToFit();
+}
+
+void NormalMapEditor::setToolsSidebar(ToolsSidebar &sidebar)
+{
+    connect(&sidebar, &ToolsSidebar::activeToolChanged, m_scene, &NormalMapEditorScene::setTool);
+    m_scene->setTool(sidebar.activeTool());
+}
+
+void NormalMapEditor::setZoomWidget(ZoomWidget &zoom)
+{
+    connect(m_view, &EditorGraphicsView::zoomChanged, &zoom, &ZoomWidget::setZoom);
+    connect(&zoom, &ZoomWidget::zoomRequested, m_view, &EditorGraphicsView::setZoom);
+    connect(&zoom, &ZoomWidget::fitRequested, this, &NormalMapEditor::zoomToFit);
+    zoom.setZoom(m_view->zoom());
+}
+
+void NormalMapEditor::addDrawActions(QMenu &menu) const
+{
+    menu.addAction(m_deselect);
+    menu.addAction(m_invert);
+}
+
+QWidget &NormalMapEditor::view() const
+{
+    return *m_view;
+}
+
+QImage NormalMapEditor::litImage(Body &body)
+{
+    SpriteItem *item = m_scene->spriteItem(&body);
+    return item ? m_scene->litImage(*item) : QImage();
+}
+
+void NormalMapEditor::setDisplayMode(int index)
+{
+    m_displayMode = index;
+    if (index >= 0 && index <= 3)
+        m_scene->setDisplayMode(DisplayMode(index + 1));
+}
+
+void NormalMapEditor::setAutoRotateLight(bool isOn)
+{
+    m_scene->setAutoRotateLight(isOn);
+}
+
+void NormalMapEditor::setTextureOverlay(double factor)
+{
+    m_scene->setTextureOverlayFactor(float(factor));
+}
+
+void NormalMapEditor::zoomToFit()
+{
+    m_view->zoomToFit(m_scene->contentRect());
+}
+
+void NormalMapEditor::selectAllPixels()
+{
+    m_pixels.selectAll(m_bodies.selection());
+}
+
+void NormalMapEditor::clearSelection()
+{
+    m_pixels.clear(m_bodies.selection());
+}
+
+void NormalMapEditor::invertSelection()
+{
+    m_pixels.invert(m_bodies.selection());
+}
+
+void NormalMapEditor::dragEnterEvent(QDragEnterEvent *event)
+{
+    if (!droppedPaths(*event->mimeData()).isEmpty())
+        event->acceptProposedAction();
+}
+
+void NormalMapEditor::dropEvent(QDropEvent *event)
+{
+    event->acceptProposedAction();
+    Q_EMIT pathsDropped(droppedPaths(*event->mimeData()));
+}

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QScrollArea>
+
+QT_BEGIN_NAMESPACE
+class QBoxLayout;
+class QLabel;
+QT_END_NAMESPACE
+
+/// A column of panels that is as high as they are where there is room, and scrolls where there is
+/// none.
+class PanelArea : public QScrollArea
+{
+    Q_OBJECT
+
+public:
+    explicit PanelArea(QWidget *parent = nullptr);
+
+    void addPanel(QWidget *panel);
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    QBoxLayout *m_layout;
+};
+
+/// The title of a sidebar, at its edges.
+QLabel *createSidebarTitle(const QString &text, QWidget *parent = nullptr);
+
+/// The title of a group of controls: small, semi-bold, quiet.
+QLabel *createPanelTitle(const QString &text, QWidget *parent = nullptr);
+
+/// A line of quiet text that takes as many lines as it needs.
+QLabel *createQuietText(const QString &text, QWidget *parent = nullptr);

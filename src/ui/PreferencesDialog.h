@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QDialog>
+
+class GApplication;
+class GDirectoryEdit;
+class QComboBox;
+
+/// What the user sets for the whole program. Settings are written when the dialog is accepted.
+class PreferencesDialog : public QDialog
+{
+    Q_OBJECT
+
+public:
+    /// @p application outlives the dialog.
+    explicit PreferencesDialog(GApplication &application, QWidget *parent = nullptr);
+
+    void accept() override;
+
+private:
+    GApplication &m_application;
+    GDirectoryEdit *m_patterns;
+    QComboBox *m_theme;
+};

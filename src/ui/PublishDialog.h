@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QDialog>
+
+class GDirectoryEdit;
+class Project;
+class QLineEdit;
+
+/// Where normal maps go and what their names end with.
+class PublishDialog : public QDialog
+{
+    Q_OBJECT
+
+public:
+    explicit PublishDialog(QWidget *parent = nullptr);
+
+    /// Asks for the export settings of @p project and stores them as one undo step; false when the
+    /// user cancels. Insists on a directory or a suffix, without which the maps would replace the
+    /// sprites.
+    bool run(Project &project);
+
+private:
+    void load(const Project &project);
+    void store(Project &project) const;
+
+    GDirectoryEdit *m_directory;
+    QLineEdit *m_suffix;
+};

@@ -1,0 +1,101 @@
+#include "ui/SpriteActions.h"
+
+#include "base/Error.h"
+#include "framework/GAction.h"
+#include "framework/ThemedIcon.h"
+#include "model/Project.h"
+#include "model/ProjectController.h"
+#include "ui/NormalMapEditor.h"
+#include "ui/ShapeTreeView.h"
+#include "ui/WindowPrompts.h"
+
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QMessageBox>
+
+SpriteActions::SpriteActions(ProjectController &controller,
+                             WindowPrompts &prompts,
+                             ShapeTreeView &list,
+                             NormalMapEditor &editor,
+                             QWidget *window)
+    : QObject(window)
+    , m_controller(controller)
+    , m_prompts(prompts)
+    , m_list(list)
+    , m_editor(editor)
+    , m_window(window)
+    , m_add(new GAction(themedIcon(QStringLiteral(":/qrv_tools/icons/Icons_AddImage.svg")),
+                        tr("Add &sprites..."),
+                        this))
+    , m_remove(new GAction(themedIcon(QStringLiteral(":/qrv_tools/icons/Icons_RemoveImage.svg")),
+                           tr("&Remove sprites"),
+                           this))
+    , m_rename(new GAction(tr("Rename sprite"), this))
+    , m_selectAll(
+          new GAction(themedIcon(QStringLiteral(":/icons/select_all.svg")), tr("Select all"), this))
+{
+    m_add->setStatusTip(tr("Add a new sprite"));
+    m_remove->setStatusTip(tr("Remove selected sprites"));
+    m_remove->setShortcut(QKeySequence(Qt::Key_Delete));
+    m_rename->setShortcut(QKeySequence(Qt::Key_F2));
+    m_rename->setShortcutContext(Qt::WidgetShortcut);
+    m_selectAll->setShortcuts(QKeySequence::SelectAll);
+    connect(m_add, &QAction::triggered, this, &SpriteActions::chooseAndAdd);
+    connect(m_remove, &QAction::triggered, this, &SpriteActions::remove);
+    connect(m_rename, &QAction::triggered, &list, &ShapeTreeView::renameCurrent);
+    connect(m_selectAll, &QAction::triggered, this, &SpriteActions::runSelectAll);
+    connect(&controller.selection(),
+            &ItemSelectionModel::bodySelectionChanged,
+            this,
+            &SpriteActions::update);
+    list.addActions({m_add, m_rename, m_remove});
+    update();
+}
+
+void SpriteActions::update()
+{
+    const int selected = m_controller.selection().selection().size();
+    m_remove->setEnabled(selected > 0);
+    m_rename->setEnabled(selected == 1);
+}
+
+void SpriteActions::chooseAndAdd()
+{
+    const QStringList files = QFileDialog::getOpenFileNames(m_window,
+                                                            tr("Select one or more sprite to open"),
+                                                            m_controller.lastSpriteImportPath(),
+                                                            tr("Images (*.png *.jpg)"));
+    if (!files.isEmpty())
+        add(files);
+}
+
+void SpriteActions::add(const QStringList &paths)
+{
+    QString failure;
+    try {
+        const PromptedTask task(m_prompts, tr("Adding sprites"), true);
+        m_controller.addSprites(paths);
+    } catch (const Error &error) {
+        failure = error.message();
+    }
+    Q_EMIT bodiesChanged();
+    if (!failure.isEmpty())
+        QMessageBox::warning(m_window, tr("Error"), failure);
+    m_prompts.showTold();
+}
+
+void SpriteActions::remove()
+{
+    m_controller.removeBodies(m_controller.selection().selection().toVector());
+    Q_EMIT bodiesChanged();
+}
+
+void SpriteActions::runSelectAll()
+{
+    if (!m_list.hasFocus()) {
+        m_editor.selectAllPixels();
+        return;
+    }
+    const auto bodies = m_controller.project().bodies().all();
+    m_controller.selection().setSelection({bodies.begin(), bodies.end()});
+}

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <QObject>
+#include <QStringList>
+
+class GAction;
+class NormalMapEditor;
+class ProjectController;
+class ShapeTreeView;
+class WindowPrompts;
+class QWidget;
+
+/// The commands on the list of sprites: add, remove, rename, select all. Everything that is passed
+/// in outlives this.
+class SpriteActions : public QObject
+{
+    Q_OBJECT
+
+public:
+    SpriteActions(ProjectController &controller,
+                  WindowPrompts &prompts,
+                  ShapeTreeView &list,
+                  NormalMapEditor &editor,
+                  QWidget *window);
+
+    GAction &addSprites() const { return *m_add; }
+    GAction &removeSprites() const { return *m_remove; }
+    GAction &renameSprite() const { return *m_rename; }
+    GAction &selectAll() const { return *m_selectAll; }
+    /// Adds the images among @p paths, folders with all that is below them.
+    void add(const QStringList &paths);
+    /// Enables what can be done with the selection as it is.
+    void update();
+
+Q_SIGNALS:
+    /// There may be other bodies now.
+    void bodiesChanged();
+
+private:
+    void chooseAndAdd();
+    void remove();
+    void runSelectAll();
+
+    ProjectController &m_controller;
+    WindowPrompts &m_prompts;
+    ShapeTreeView &m_list;
+    NormalMapEditor &m_editor;
+    QWidget *m_window;
+    GAction *m_add;
+    GAction *m_remove;
+    GAction *m_rename;
+    GAction *m_selectAll;
+};

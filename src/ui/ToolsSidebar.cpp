@@ -1,0 +1,246 @@
+#include "ui/ToolsSidebar.h"
+
+#include "framework/GAction.h"
+#include "framework/UiScale.h"
+#include "model/Body.h"
+#include "model/ItemSelectionModel.h"
+#include "tools/PaintTool.h"
+#include "ui/PanelArea.h"
+
+#include <QActionGroup>
+#include <QFrame>
+#include <QGridLayout>
+#include <QLabel>
+#include <QMenu>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace {
+constexpr int edge = 12;
+constexpr int buttonsInARow = 4;
+
+QToolButton *createToolButton(QAction &action)
+{
+    auto *button = new QToolButton;
+    button->setDefaultAction(&action);
+    button->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
+    button->setIconSize({scaled(24), scaled(24)});
+    button->setMinimumSize(scaled(66), scaled(56));
+    button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    button->setAutoRaise(true);
+    button->setFocusPolicy(Qt::TabFocus);
+    button->setAccessibleName(action.text());
+    return button;
+}
+
+QFrame *createLine()
+{
+    auto *line = new QFrame;
+    line->setFrameShape(QFrame::HLine);
+    line->setFrameShadow(QFrame::Plain);
+    line->setForegroundRole(QPalette::Mid);
+    line->setFixedHeight(1);
+    return line;
+}
+
+bool hasControls(const PaintTool &tool)
+{
+    return !tool.settingsPanel()->findChildren<QWidget *>().isEmpty();
+}
+
+QString helpOn(const PaintTool &tool)
+{
+    const QString tip = tool.action().statusTip();
+    return tip.isEmpty() ? ToolsSidebar::tr("This tool has no settings.") : tip;
+}
+} // namespace
+
+ToolsSidebar::ToolsSidebar(ItemSelectionModel &selection,
+                           std::vector<std::unique_ptr<PaintTool>> tools,
+                           std::vector<std::unique_ptr<AngleImageTool>> effects,
+                           QWidget *parent)
+    : QWidget(parent)
+    , m_selection(selection)
+    , m_tools(std::move(tools))
+    , m_effects(std::move(effects))
+    , m_actions(new QActionGroup(this))
+    , m_settings(new PanelArea)
+    , m_help(createQuietText(QString()))
+{
+    setWindowTitle(tr("Tools"));
+    setMinimumWidth(scaled(315));
+    QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Preferred);
+    policy.setHorizontalStretch(0);
+    setSizePolicy(policy);
+
+    std::vector<AngleImageTool *> shown;
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(createSidebarTitle(tr("Tools")));
+    for (const auto &effect : m_effects)
+        shown.push_back(effect.get());
+    layout->addWidget(createButtons(tr("Effects"), shown));
+    shown.clear();
+    for (const auto &tool : m_tools)
+        shown.push_back(tool.get());
+    layout->addWidget(createButtons(tr("Brushes & Tools"), shown));
+    layout->addWidget(createLine());
+    layout->addWidget(createSettings(), 1);
+
+    registerActions();
+    connect(m_actions, &QActionGroup::triggered, this, &ToolsSidebar::takeTriggered);
+    connect(&m_selection, &ItemSelectionModel::bodySelectionChanged, this, [this] {
+        if (m_selection.selection().size() != m_selectedCount)
+            updateActions();
+    });
+    if (!m_tools.empty())
+        activate(m_tools.front().get());
+    updateActions();
+}
+
+ToolsSidebar::~ToolsSidebar()
+{
+    // The layout goes after the tools, whose panels it holds: nothing may listen by then.
+    disconnect(m_actions, nullptr, this, nullptr);
+}
+
+void ToolsSidebar::setOpenEffect(AngleImageTool *effect)
+{
+    if (effect == m_openEffect)
+        return;
+    if (!m_openEffect)
+        m_formerTool = m_activeTool;
+    if (m_openEffect)
+        m_openEffect->action().setChecked(false);
+    m_openEffect = effect;
+    if (effect) {
+        effect->action().setChecked(true);
+        activate(nullptr);
+    } else {
+        activate(m_formerTool);
+    }
+    updateActions();
+}
+
+void ToolsSidebar::updateActions()
+{
+    m_selectedCount = m_selection.selection().size();
+    const auto isEnabled = [this](const AngleImageTool &tool) {
+        if (m_openEffect)
+            return &tool == m_openEffect;
+        return m_selectedCount == 1 || (m_selectedCount > 1 && tool.worksOnSeveralBodies());
+    };
+    for (const AngleImageTool *tool : allTools())
+        tool->action().setEnabled(isEnabled(*tool));
+}
+
+void ToolsSidebar::addToolActions(QMenu &menu) const
+{
+    for (const auto &tool : m_tools)
+        menu.addAction(&tool->action());
+}
+
+QWidget *ToolsSidebar::createButtons(const QString &title,
+                                     const std::vector<AngleImageTool *> &shown)
+{
+    auto *group = new QWidget;
+    auto *grid = new QGridLayout(group);
+    grid->setContentsMargins(scaled(edge), scaled(4), scaled(edge), scaled(edge));
+    grid->setSpacing(scaled(4));
+    QLabel *heading = createPanelTitle(title);
+    heading->setContentsMargins(0, 0, 0, scaled(4));
+    grid->addWidget(heading, 0, 0, 1, buttonsInARow);
+    int count = 0;
+    for (const AngleImageTool *tool : shown) {
+        if (!tool->hasShortLabel())
+            continue;
+        QToolButton *button = createToolButton(tool->action());
+        grid->addWidget(button, 1 + count / buttonsInARow, count % buttonsInARow);
+        ++count;
+    }
+    for (int column = 0; column < buttonsInARow; ++column) {
+        grid->setColumnStretch(column, 1);
+        grid->setColumnMinimumWidth(column, scaled(66));
+    }
+    group->setVisible(count > 0);
+    return group;
+}
+
+QWidget *ToolsSidebar::createSettings()
+{
+    auto *section = new QWidget;
+    auto *layout = new QVBoxLayout(section);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    auto *title = createPanelTitle(tr("TOOL SETTINGS"));
+    title->setContentsMargins(scaled(edge), scaled(edge), scaled(edge), scaled(8));
+    layout->addWidget(title);
+    layout->addWidget(m_settings);
+    layout->addStretch();
+    m_help->setContentsMargins(scaled(edge), 0, scaled(edge), scaled(edge));
+    m_settings->addPanel(m_help);
+    for (const auto &tool : m_tools) {
+        QWidget *panel = tool->settingsPanel();
+        if (panel->layout())
+            panel->layout()->setContentsMargins(scaled(edge), 0, scaled(edge), scaled(edge));
+        m_settings->addPanel(panel);
+        panel->hide();
+    }
+    return section;
+}
+
+std::vector<AngleImageTool *> ToolsSidebar::allTools() const
+{
+    std::vector<AngleImageTool *> all;
+    for (const auto &tool : m_tools)
+        all.push_back(tool.get());
+    for (const auto &effect : m_effects)
+        all.push_back(effect.get());
+    return all;
+}
+
+void ToolsSidebar::registerActions()
+{
+    for (const AngleImageTool *tool : allTools()) {
+        m_actions->addAction(&tool->action());
+        addAction(&tool->action());
+    }
+}
+
+void ToolsSidebar::takeTriggered(QAction *action)
+{
+    for (const auto &tool : m_tools) {
+        if (&tool->action() == action && tool.get() != m_activeTool)
+            activate(tool.get());
+    }
+    for (const auto &effect : m_effects) {
+        if (&effect->action() != action || effect.get() == m_openEffect)
+            continue;
+        Q_EMIT effectRequested(effect.get());
+        // Refused, or finished already.
+        if (!m_openEffect && m_activeTool)
+            m_activeTool->action().setChecked(true);
+    }
+}
+
+void ToolsSidebar::activate(PaintTool *tool)
+{
+    m_activeTool = tool;
+    if (tool)
+        tool->action().setChecked(true);
+    showSettings();
+    Q_EMIT activeToolChanged(tool);
+}
+
+void ToolsSidebar::showSettings()
+{
+    for (const auto &tool : m_tools)
+        tool->settingsPanel()->setVisible(tool.get() == m_activeTool && hasControls(*tool));
+    const bool showsPanel = m_activeTool && hasControls(*m_activeTool);
+    m_help->setVisible(!showsPanel);
+    m_help->setText(m_activeTool ? helpOn(*m_activeTool)
+                                 : tr("Apply or discard the effect to go on with a tool."));
+}

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QObject>
+#include <QPointer>
+
+#include <memory>
+
+class GAction;
+class GUndoStack;
+class QAction;
+class QMenu;
+
+/// Undo and redo of the present project: at the top of a menu, made anew for each project's stack,
+/// and as two lasting buttons.
+class UndoActions : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit UndoActions(QMenu &menu, QObject *parent = nullptr);
+
+    GAction &undoButton() const { return *m_undoButton; }
+    GAction &redoButton() const { return *m_redoButton; }
+    void setStack(GUndoStack &stack);
+
+private:
+    QMenu &m_menu;
+    GAction *m_undoButton;
+    GAction *m_redoButton;
+    QPointer<QAction> m_undo;
+    QPointer<QAction> m_redo;
+};

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "framework/GApplication.h"
+
+#include <QPointer>
+
+class MainWindow;
+class QUrl;
+
+/// The editor as a program: start-up, command line, internal links. Owns the window.
+class VesperineApplication : public GApplication
+{
+    Q_OBJECT
+
+public:
+    /// What has to be set before the application object is made.
+    static void prepare();
+
+    VesperineApplication(int &argc, char **argv);
+    ~VesperineApplication() override;
+
+    /// Follows the command line and runs until the window is closed; the exit status.
+    int run();
+
+public Q_SLOTS:
+    /// Opens what "ve:" links name: "ve://preferences"; others are ignored.
+    void handleInternalURLs(const QUrl &url);
+
+private:
+    bool setUp();
+    void launch();
+
+    QStringList m_documents;
+    std::unique_ptr<MainWindow> m_window;
+    bool m_isReady = false;
+};

@@ -1,0 +1,115 @@
+#include "ui/WindowPrompts.h"
+
+#include "ui/ListDialog.h"
+
+#include <QFileDialog>
+#include <QProgressDialog>
+
+WindowPrompts::WindowPrompts(QWidget &window)
+    : m_window(window)
+{
+}
+
+WindowPrompts::~WindowPrompts()
+{
+    endTask();
+}
+
+ProjectPrompts::MissingTextures WindowPrompts::askMissingTextures(const QStringList &files)
+{
+    ListDialog dialog({tr("Textures not found"),
+                       tr("Failed to load following texture images:"),
+                       files,
+                       {tr("Search..."), tr("Remove from project"), tr("Continue without texture")},
+                       {}},
+                      &m_window);
+    switch (dialog.choose()) {
+    case 0:
+        return MissingTextures::Search;
+    case 1:
+        return MissingTextures::Remove;
+    default:
+        return MissingTextures::Continue;
+    }
+}
+
+QString WindowPrompts::askSearchFolder()
+{
+    return QFileDialog::getExistingDirectory(&m_window, tr("Select search path"));
+}
+
+bool WindowPrompts::askClearResized(const QStringList &files)
+{
+    ListDialog dialog({tr("Size conflict"),
+                       tr("Size of texture changed:"),
+                       files,
+                       {tr("Clear normal map")},
+                       tr("Close this window to keep the normal maps as they are.")},
+                      &m_window);
+    return dialog.choose() == 0;
+}
+
+void WindowPrompts::showSummary(const QStringList &changes)
+{
+    ListDialog dialog(
+        {tr("Summary"), tr("Following changes have been made:"), changes, {tr("Continue")}, {}},
+        &m_window);
+    dialog.choose();
+}
+
+void WindowPrompts::tell(const QString &message)
+{
+    m_told.append(message);
+}
+
+void WindowPrompts::showTold()
+{
+    if (m_told.isEmpty())
+        return;
+    const QStringList told = std::exchange(m_told, {});
+    ListDialog dialog({tr("Please note"), tr("This is worth knowing:"), told, {tr("Continue")}, {}},
+                      &m_window);
+    dialog.choose();
+}
+
+void WindowPrompts::beginTask(const QString &name, bool canBeCancelled)
+{
+    endTask();
+    m_task = name;
+    m_canBeCancelled = canBeCancelled;
+}
+
+void WindowPrompts::endTask()
+{
+    delete m_progress;
+    m_task.clear();
+}
+
+// Made at the first step and not by beginTask(): the dialog judges from its first steps whether the
+// whole will last long enough to be worth showing.
+bool WindowPrompts::showProgress(int done, int total)
+{
+    constexpr int patience = 300; // milliseconds
+    if (!m_progress) {
+        m_progress = new QProgressDialog(
+            m_task, m_canBeCancelled ? tr("Cancel") : QString(), 0, total, &m_window);
+        m_progress->setWindowTitle(QCoreApplication::applicationName());
+        m_progress->setWindowModality(Qt::WindowModal);
+        m_progress->setMinimumDuration(patience);
+        m_progress->setAutoReset(false);
+        m_progress->setValue(0);
+    }
+    m_progress->setValue(done);
+    return !m_progress->wasCanceled();
+}
+
+PromptedTask::PromptedTask(WindowPrompts &prompts, const QString &name, bool canBeCancelled)
+    : m_prompts(prompts)
+{
+    m_prompts.beginTask(name, canBeCancelled);
+}
+
+PromptedTask::~PromptedTask()
+{
+    m_prompts.endTask();
+}

@@ -1,0 +1,57 @@
+#pragma once
+
+#include "model/ProjectPrompts.h"
+
+#include <QCoreApplication>
+#include <QPointer>
+#include <QStringList>
+
+QT_BEGIN_NAMESPACE
+class QProgressDialog;
+class QWidget;
+QT_END_NAMESPACE
+
+/// Asks and tells by dialogs over a window, which outlives this.
+class WindowPrompts : public ProjectPrompts
+{
+    Q_DECLARE_TR_FUNCTIONS(WindowPrompts)
+
+public:
+    explicit WindowPrompts(QWidget &window);
+    ~WindowPrompts() override;
+
+    MissingTextures askMissingTextures(const QStringList &files) override;
+    QString askSearchFolder() override;
+    bool askClearResized(const QStringList &files) override;
+    void showSummary(const QStringList &changes) override;
+    /// Kept until showTold(), so that many messages make one dialog.
+    void tell(const QString &message) override;
+    bool showProgress(int done, int total) override;
+
+    /// Names the operation whose progress is shown from now on.
+    void beginTask(const QString &name, bool canBeCancelled);
+    /// Takes the progress away.
+    void endTask();
+    /// Shows what was told since the last time, if anything.
+    void showTold();
+
+private:
+    QWidget &m_window;
+    QStringList m_told;
+    QString m_task;
+    bool m_canBeCancelled = false;
+    QPointer<QProgressDialog> m_progress;
+};
+
+/// A task for as long as it lives, also when an Error flies.
+class PromptedTask
+{
+public:
+    PromptedTask(WindowPrompts &prompts, const QString &name, bool canBeCancelled);
+    ~PromptedTask();
+    PromptedTask(const PromptedTask &) = delete;
+    PromptedTask &operator=(const PromptedTask &) = delete;
+
+private:
+    WindowPrompts &m_prompts;
+};

@@ -1,0 +1,416 @@
+#include "preview/GLGraphicsScene.h"
+
+#include "base/Resources.h"
+#include "imaging/LitImage.h"
+#include "model/Body.h"
+#include "model/ImageReading.h"
+#include "model/NormalMapProcessor.h"
+#include "model/Project.h"
+#include "model/PropertyAngleImage.h"
+#include "model/Sprite.h"
+#include "preview/GLGraphicsLight.h"
+#include "preview/GraphicsCheck.h"
+#include "preview/SpriteItem.h"
+
+#include <QApplication>
+#include <QGraphicsView>
+#include <QOffscreenSurface>
+#include <QOpenGLContext>
+#include <QOpenGLFramebufferObject>
+#include <QOpenGLPaintDevice>
+#include <QOpenGLWidget>
+#include <QPainter>
+#include <QProcess>
+#include <QSignalSpy>
+#include <QTest>
+
+namespace {
+
+QImage filled(const QSize &size, const QColor &color)
+{
+    QImage image(size, QImage::Format_ARGB32);
+    image.fill(color);
+    return image;
+}
+
+// Slopes to all sides, without a border that equals its neighbour.
+QImage bumps(const QSize &size)
+{
+    QImage image(size, QImage::Format_RGB32);
+    for (int y = 0; y < size.height(); ++y) {
+        for (int x = 0; x < size.width(); ++x)
+            image.setPixel(x, y, qRgb(40 + 53 * x % 170, 30 + 71 * y % 190, 200));
+    }
+    return image;
+}
+
+/// Counts how often a widget is painted.
+class PaintCounter : public QObject
+{
+public:
+    using QObject::QObject;
+    int count = 0;
+
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        count += event->type() == QEvent::Paint ? 1 : 0;
+        return false;
+    }
+};
+
+/// A view without frame and bars, one scene pixel a screen pixel, that shows the scene from (0, 0).
+class ShownScene
+{
+public:
+    ShownScene()
+    {
+        sprite = new GLGraphicsSprite;
+        sprite->setColorImage(filled({40, 30}, QColor(200, 120, 60)));
+        sprite->setNormalImage(bumps({40, 30}));
+        sprite->setPos(20, 10);
+        scene.addItem(sprite);
+        scene.setSceneRect(0, 0, 80, 60);
+        scene.light().setPos(70, 50);
+        scene.light().setHeight(20);
+
+        // Keeps what was painted until it is grabbed.
+        canvas->setUpdateBehavior(QOpenGLWidget::PartialUpdate);
+        view.setViewport(canvas);
+        canvas->installEventFilter(&paints);
+        view.setViewportUpdateMode(QGraphicsView::NoViewportUpdate);
+        view.setFrameStyle(QFrame::NoFrame);
+        view.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+        view.setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+        view.setAlignment(Qt::AlignLeft | Qt::AlignTop);
+        view.setFixedSize(80, 60);
+        view.show();
+        m_isExposed = QTest::qWaitForWindowExposed(&view);
+    }
+
+    bool isExposed() const { return m_isExposed; }
+    QImage shot(const QRect &exposed = QRect()) const
+    {
+        QCoreApplication::processEvents();
+        const int before = paints.count;
+        canvas->update(exposed.isNull() ? canvas->rect() : exposed);
+        if (!QTest::qWaitFor([&] { return paints.count > before; }))
+            return {};
+        return canvas->grabFramebuffer().convertToFormat(QImage::Format_RGB32);
+    }
+    // Without the light's icon, as it is lit by a plain loop.
+    QImage expectedSprite() const
+    {
+        const SceneLight &light = scene.sceneLight();
+        const QVector3D place = scene.light().position() - QVector3D(sprite->pos());
+        return litImage(
+            sprite->colorImage(),
+            sprite->normalImage(),
+            {light.ambient, light.color, double(light.brightness), Light::Kind::Position, place});
+    }
+
+    GLGraphicsScene scene;
+    GLGraphicsSprite *sprite = nullptr;
+    QOpenGLWidget *canvas = new QOpenGLWidget;
+    QGraphicsView view{&scene};
+    PaintCounter paints;
+
+private:
+    bool m_isExposed = false;
+};
+
+int difference(const QImage &one, const QImage &other)
+{
+    int most = one.size() == other.size() ? 0 : 256;
+    for (int y = 0; y < one.height() && most < 256; ++y) {
+        for (int x = 0; x < one.width(); ++x) {
+            const QColor a = one.pixelColor(x, y);
+            const QColor b = other.pixelColor(x, y);
+            most = std::max({most,
+                             std::abs(a.red() - b.red()),
+                             std::abs(a.green() - b.green()),
+                             std::abs(a.blue() - b.blue())});
+        }
+    }
+    return most;
+}
+
+// Four times as large as on the screen.
+QImage iconOf(GLGraphicsLight &light)
+{
+    QImage image = filled({200, 200}, Qt::transparent);
+    QPainter painter(&image);
+    painter.translate(100, 100);
+    painter.scale(4, 4);
+    light.paint(&painter, nullptr, nullptr);
+    return image;
+}
+
+// Up to what is blended at its edges.
+bool contains(const QImage &image, const QColor &color)
+{
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            const QColor found = image.pixelColor(x, y);
+            const int distance = std::abs(found.red() - color.red()) +
+                                 std::abs(found.green() - color.green()) +
+                                 std::abs(found.blue() - color.blue());
+            if (found.alpha() > 200 && distance < 20)
+                return true;
+        }
+    }
+    return false;
+}
+
+} // namespace
+
+class TestGLGraphicsScene : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { initialiseResources(); }
+
+    void spritesStandWhereTheirItemsAre()
+    {
+        ShownScene shown;
+        QVERIFY(shown.isExposed());
+        auto *above = new GLGraphicsSprite;
+        above->setColorImage(filled({10, 10}, QColor(0, 255, 0, 128)));
+        above->setNormalImage(filled({10, 10}, QColor(128, 128, 255)));
+        above->setPos(50, 35);
+        shown.scene.addItem(above);
+        shown.scene.setDisplayMode(DisplayMode::Texture);
+        const QImage texture = shown.shot();
+        // Over the sprite below and over the checkerboard in the default ambient light.
+        QCOMPARE(texture.pixelColor(52, 37), QColor(100, 188, 30));
+        QCOMPARE(texture.pixelColor(55, 42).red(), texture.pixelColor(55, 47).red() / 2);
+        QCOMPARE(texture.pixelColor(20, 10), QColor(200, 120, 60));
+        QVERIFY(texture.pixelColor(19, 10) != QColor(200, 120, 60));
+
+        above->setVisible(false);
+        shown.scene.setDisplayMode(DisplayMode::LitTexture);
+        shown.scene.light().setPos(110, 4);
+        const QRect place(20, 10, 40, 30);
+        QVERIFY(difference(shown.shot().copy(place), shown.expectedSprite()) <= 1);
+        // A part that is exposed alone, and a view that is scrolled.
+        QVERIFY(difference(shown.shot({30, 20, 5, 5}).copy(place), shown.expectedSprite()) <= 1);
+        shown.view.setSceneRect(12, 7, 200, 200);
+        QVERIFY(difference(shown.shot().copy(place.translated(-12, -7)), shown.expectedSprite()) <=
+                1);
+        shown.view.scale(2, 2);
+        shown.scene.setDisplayScaleFactor(2);
+        shown.view.setSceneRect(20, 10, 200, 200);
+        QVERIFY(difference(shown.shot(), shown.expectedSprite().scaled(80, 60)) <= 2);
+    }
+
+    // Two device pixels a pixel, on a device that is no view.
+    void paintsOnFineDevices()
+    {
+        ShownScene shown;
+        QOffscreenSurface surface;
+        surface.create();
+        QOpenGLContext context;
+        QVERIFY(context.create() && context.makeCurrent(&surface));
+        QOpenGLFramebufferObject buffer(80, 60, QOpenGLFramebufferObject::CombinedDepthStencil);
+        buffer.bind();
+        QOpenGLPaintDevice device(80, 60);
+        device.setDevicePixelRatio(2.0);
+        QPainter painter(&device);
+        shown.scene.setDisplayMode(DisplayMode::Texture);
+        shown.scene.render(&painter, {0, 0, 40, 30}, {20, 10, 40, 30});
+        painter.end();
+        QCOMPARE(difference(buffer.toImage(), filled({80, 60}, QColor(200, 120, 60))), 0);
+    }
+
+    void lightShowsInTheLitModes()
+    {
+        ShownScene shown;
+        for (int mode = 1; mode <= 4; ++mode) {
+            shown.scene.setDisplayMode(DisplayMode(mode));
+            QCOMPARE(shown.scene.light().isVisible(), mode == 2 || mode == 3);
+        }
+        // It keeps its size on the screen.
+        const double width = shown.scene.light().boundingRect().width();
+        shown.scene.setDisplayScaleFactor(4.0F);
+        QCOMPARE(shown.scene.light().boundingRect().width(), width / 4.0);
+        QCOMPARE(shown.scene.light().boundingRect().center(), QPointF(0, 0));
+    }
+
+    void lightIconTakesTheColour_data()
+    {
+        QTest::addColumn<QColor>("color");
+        QTest::addColumn<bool>("hasDarkBorder");
+        QTest::newRow("white") << QColor(Qt::white) << true;
+        QTest::newRow("yellow") << QColor(255, 255, 0) << true;
+        QTest::newRow("dark blue") << QColor(0, 0, 120) << false;
+    }
+    void lightIconTakesTheColour()
+    {
+        QFETCH(QColor, color);
+        QFETCH(bool, hasDarkBorder);
+        GLGraphicsLight light;
+        light.setColor(Qt::red);
+        QVERIFY(contains(iconOf(light), Qt::red) && contains(iconOf(light), Qt::white));
+        light.setColor(color);
+        QVERIFY(contains(iconOf(light), color) && !contains(iconOf(light), Qt::red));
+        QCOMPARE(contains(iconOf(light), Qt::black), hasDarkBorder);
+        QVERIFY(hasDarkBorder || contains(iconOf(light), Qt::white));
+    }
+
+    void onlyWhatChangedIsUploaded()
+    {
+        ShownScene shown;
+        shown.scene.setDisplayMode(DisplayMode::NormalMap);
+        shown.shot();
+        const QRect sprite(20, 10, 40, 30);
+        QImage next = filled({40, 30}, QColor(10, 200, 90));
+        shown.sprite->setNormalImage(next, {3, 4, 5, 6});
+        shown.sprite->setNormalImage(next, {6, 8, 4, 4});
+        QImage expected = bumps({40, 30});
+        QPainter(&expected).fillRect(QRect(3, 4, 7, 8), next.pixelColor(0, 0));
+        QCOMPARE(difference(shown.shot().copy(sprite), expected), 0);
+        shown.sprite->setNormalImage(next);
+        QCOMPARE(difference(shown.shot().copy(sprite), next), 0);
+    }
+
+    void texturesAreMadeAnewWhereTheyAreLost()
+    {
+        QWidget window;
+        ShownScene shown;
+        const QImage before = shown.shot();
+        window.setFixedSize(80, 60);
+        const QOpenGLContext *context = shown.canvas->context();
+        shown.view.setParent(&window);
+        shown.view.show();
+        window.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&window));
+        QCOMPARE(difference(shown.shot(), before), 0);
+        QVERIFY(shown.canvas->context() != context);
+        shown.scene.releaseGraphics();
+        QCOMPARE(difference(shown.shot(), before), 0);
+        shown.scene.removeItem(shown.sprite);
+        QVERIFY(difference(shown.shot(), before) > 0);
+        shown.scene.addItem(shown.sprite);
+        QCOMPARE(difference(shown.shot(), before), 0);
+    }
+
+    void tooLargeSpritesAreDrawnSmallerAndNamedOnce()
+    {
+        ShownScene shown;
+        auto *large = new GLGraphicsSprite;
+        large->setColorImage(filled({40000, 2}, Qt::blue));
+        large->setNormalImage(filled({40000, 2}, QColor(128, 128, 255)));
+        QVector<GLGraphicsSprite *> named;
+        connect(&shown.scene,
+                &GLGraphicsScene::spriteScaledDown,
+                this,
+                [&named](GLGraphicsSprite *sprite) { named.append(sprite); });
+        shown.scene.addItem(large);
+        shown.scene.setDisplayMode(DisplayMode::Texture);
+        QCOMPARE(shown.shot().pixelColor(70, 1), QColor(Qt::blue));
+        shown.shot();
+        QCOMPARE(named, QVector<GLGraphicsSprite *>{large});
+    }
+
+    void restsUntilItIsAnimated()
+    {
+        ShownScene shown;
+        QTest::qWait(50);
+        int &count = shown.paints.count;
+        count = 0;
+        QTest::qWait(100);
+        QCOMPARE(count, 0);
+        shown.scene.setAnimating(true);
+        shown.scene.setAnimating(false);
+        shown.scene.setAnimating(true);
+        QTRY_VERIFY(count > 5);
+        shown.scene.setAnimating(false);
+        QTest::qWait(50);
+        count = 0;
+        QTest::qWait(100);
+        QCOMPARE(count, 0);
+        shown.scene.light().moveBy(1, 0);
+        QTRY_COMPARE(count, 1);
+    }
+
+    void otherViewportsAreRefused()
+    {
+        GLGraphicsScene scene;
+        QImage image = filled({4, 4}, Qt::red);
+        QPainter painter(&image);
+        QTest::ignoreMessage(QtWarningMsg,
+                             "OpenGLScene: drawBackground needs a QGLWidget to be set as viewport "
+                             "on the graphics view");
+        scene.render(&painter, {}, {100, 100, 4, 4});
+        QCOMPARE(image, filled({4, 4}, Qt::red));
+    }
+
+    void spriteItemFollowsItsBody()
+    {
+        Project project;
+        Body body(project);
+        body.sprite().load(ReadImage{true, {}, filled({4, 3}, Qt::blue), {}}, {}, false);
+        SpriteItem item(body);
+        const QSignalSpy changes(&item, &SpriteItem::contentChanged);
+        const QSignalSpy sizes(&item, &SpriteItem::sizeChanged);
+        body.paintedNormalMap().setAngleImage(AngleImage(4, 3, 300), QStringLiteral("paint"));
+        item.processor().waitForIdle();
+        // The same image and no copy of it.
+        QCOMPARE(item.normalImage().cacheKey(), item.processor().normalMap().cacheKey());
+        QVERIFY(!changes.isEmpty() && sizes.isEmpty());
+        body.sprite().load(ReadImage{true, {}, filled({5, 3}, Qt::red), {}}, {}, false);
+        QCOMPARE(item.boundingRect(), QRectF(0, 0, 5, 3));
+        QCOMPARE(item.colorImage().cacheKey(), body.sprite().image().cacheKey());
+        QCOMPARE(sizes.size(), 1);
+
+        FloatImage selection(4, 3);
+        selection.row(1)[2] = 1.0F;
+        item.setPixelSelection(selection);
+        QVERIFY(item.hasSelection());
+        item.processor().updateRect(AngleImage(4, 3, 0), {});
+        item.processor().waitForIdle();
+        QCOMPARE(item.processor().angleImage().row(1)[2], AngleImage(1, 1, 0).row(0)[0]);
+        QCOMPARE(item.processor().angleImage().row(1)[1], AngleImage(1, 1, 300).row(0)[0]);
+        item.setPixelSelection({});
+        QVERIFY(!item.hasSelection());
+    }
+
+    void graphicsAreChecked_data()
+    {
+        QTest::addColumn<QString>("variable");
+        QTest::addColumn<QByteArray>("answer");
+        const QByteArray noShaders = "Installed OpenGL has no shader support!\n";
+        QTest::newRow("good") << QString() << QByteArray("\n");
+        QTest::newRow("no OpenGL") << QStringLiteral("QT_XCB_GL_INTEGRATION=none") << noShaders;
+        QTest::newRow("old OpenGL") << QStringLiteral("MESA_GL_VERSION_OVERRIDE=1.2") << noShaders;
+    }
+    void graphicsAreChecked()
+    {
+        QFETCH(QString, variable);
+        QFETCH(QByteArray, answer);
+        QProcess process;
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        if (!variable.isEmpty())
+            environment.insert(variable.section(QLatin1Char('='), 0, 0),
+                               variable.section(QLatin1Char('='), 1));
+        process.setProcessEnvironment(environment);
+        process.start(QCoreApplication::applicationFilePath(), {QStringLiteral("--check")});
+        QVERIFY(process.waitForFinished());
+        QCOMPARE(process.exitCode(), 0);
+        QCOMPARE(process.readAllStandardOutput(), answer);
+    }
+};
+
+int main(int argc, char **argv)
+{
+    prepareGraphics();
+    const QApplication application(argc, argv);
+    if (QCoreApplication::arguments().contains(QStringLiteral("--check"))) {
+        puts(qPrintable(checkGraphics()));
+        return 0;
+    }
+    TestGLGraphicsScene test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "tst_GLGraphicsScene.moc"

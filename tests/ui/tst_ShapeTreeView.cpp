@@ -1,0 +1,309 @@
+#include "base/Resources.h"
+#include "model/ItemSelectionModel.h"
+#include "model/Project.h"
+#include "model/PropertyAngleImage.h"
+#include "model/Sprite.h"
+#include "model/properties/PropertyT.h"
+#include "support/Documents.h"
+#include "ui/ShapeTreeView.h"
+#include "ui/SpriteListModel.h"
+
+#include <QDropEvent>
+#include <QFile>
+#include <QLineEdit>
+#include <QMimeData>
+#include <QSignalSpy>
+#include <QTest>
+#include <QUrl>
+
+#include <memory>
+
+namespace {
+QStringList words(const char *text)
+{
+    return QString::fromLatin1(text).split(QLatin1Char(' '));
+}
+} // namespace
+
+class TestShapeTreeView : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { initialiseResources(); }
+
+    void init()
+    {
+        m_folder = Folder();
+        m_project = std::make_unique<Project>();
+        m_selection.setProject(m_project.get());
+        m_list = std::make_unique<ShapeTreeView>(m_selection);
+        m_list->setProject(m_project.get());
+        m_list->resize(300, 400);
+        m_list->show();
+        m_list->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(m_list.get()));
+        m_list->setFocus();
+    }
+
+    void cleanup()
+    {
+        m_list->setProject(nullptr);
+        m_selection.setProject(nullptr);
+        m_list.reset();
+    }
+
+    void clicksSelectInTheDocument()
+    {
+        addBodies("a b c d e");
+        click("b");
+        QCOMPARE(selected(), QStringLiteral("b"));
+        click("d", Qt::ShiftModifier);
+        QCOMPARE(selected(), QStringLiteral("b c d"));
+        click("c", Qt::ControlModifier);
+        click("a", Qt::ControlModifier);
+        QCOMPARE(selected(), QStringLiteral("a b d"));
+        QTest::keyClick(m_list.get(), Qt::Key_Down);
+        QCOMPARE(selected(), QStringLiteral("b"));
+        QTest::mouseClick(m_list->viewport(), Qt::LeftButton, {}, {20, 390});
+        QCOMPARE(selected(), QString());
+    }
+
+    void theDocumentsSelectionIsShown()
+    {
+        addBodies("a b c d e");
+        click("b");
+        // Keeps the steps of the selection apart.
+        m_project->publishNormalmapPostfix().setValue(QStringLiteral("_m"), QString());
+        const int steps = m_project->undoStack().count();
+        select("e c a");
+        QCOMPARE(shown(), QStringLiteral("a c e"));
+        QCOMPARE(m_project->undoStack().count(), steps + 1);
+        m_project->undoStack().undo();
+        QCOMPARE(shown(), QStringLiteral("b"));
+        m_project->undoStack().redo();
+        QCOMPARE(shown(), QStringLiteral("a c e"));
+        // A range starts at the body that was selected from outside.
+        select("d");
+        click("e", Qt::ShiftModifier);
+        QCOMPARE(selected(), QStringLiteral("d e"));
+    }
+
+    void rowsKeepUp()
+    {
+        addBodies("a b c d e");
+        select("b d");
+        const auto before = m_project->bodies().entries();
+        const auto now = [&](std::initializer_list<int> order) {
+            PropertyList::Entries entries;
+            for (const int i : order)
+                entries.append(before.at(i));
+            m_project->bodies().setEntries(entries);
+            QStringList expected;
+            for (const int i : order)
+                expected.append(QChar('a' + i));
+            return rows() == expected.join(QLatin1Char(' '));
+        };
+        const int steps = m_project->undoStack().count();
+        QVERIFY(now({0, 3}));
+        QCOMPARE(shown(), QStringLiteral("d"));
+        QVERIFY(now({0, 1, 2, 3, 4}));
+        QCOMPARE(shown(), QStringLiteral("b d"));
+        QVERIFY(now({1, 3, 4}));
+        QVERIFY(now({0, 1, 2, 4}));
+        QVERIFY(now({4, 2, 0, 1}));
+        QCOMPARE(shown(), QStringLiteral("b"));
+        QVERIFY(now({}));
+        QVERIFY(now({2}));
+        // What was selected in the document stays, and nothing was pushed.
+        QCOMPARE(m_selection.selection().size(), 2);
+        QCOMPARE(m_project->undoStack().count(), steps);
+        QSignalSpy inserted(m_list->model(), &QAbstractItemModel::rowsInserted);
+        QVERIFY(now({0, 1, 2, 3, 4}));
+        QCOMPARE(inserted.count(), 2);
+        body(QStringLiteral("c")).name().setValue(QStringLiteral("other"));
+        QCOMPARE(rows(), QStringLiteral("a b other d e"));
+    }
+
+    void renaming_data()
+    {
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<int>("end");
+        QTest::addColumn<QString>("name");
+        QTest::newRow("enter") << "new ü" << int(Qt::Key_Return) << "new ü";
+        QTest::newRow("escape") << "new" << int(Qt::Key_Escape) << "body";
+        QTest::newRow("nothing typed") << "" << int(Qt::Key_Return) << "body";
+        QTest::newRow("blanks") << "   " << int(Qt::Key_Return) << "body";
+        QTest::newRow("control character") << "a\001b" << int(Qt::Key_Return) << "ab";
+    }
+
+    void renaming()
+    {
+        QFETCH(QString, typed);
+        QFETCH(int, end);
+        QFETCH(QString, name);
+        addBodies("body");
+        click("body");
+        const int steps = m_project->undoStack().count();
+        QTest::keyClick(m_list.get(), Qt::Key_F2);
+        auto *editor = m_list->findChild<QLineEdit *>();
+        QVERIFY(editor);
+        QCOMPARE(editor->text(), QStringLiteral("body"));
+        // Typing a control character does nothing; it may be pasted.
+        editor->selectAll();
+        editor->insert(typed);
+        QTest::keyClick(editor, Qt::Key(end));
+        QTRY_VERIFY(!m_list->findChild<QLineEdit *>());
+        QCOMPARE(rows(), name);
+        const bool isRenamed = name != QLatin1String("body");
+        QCOMPARE(m_project->undoStack().count(), steps + (isRenamed ? 1 : 0));
+        if (!isRenamed)
+            return;
+        QCOMPARE(m_project->undoStack().undoText(), QStringLiteral("rename body"));
+        m_project->undoStack().undo();
+        QCOMPARE(rows(), QStringLiteral("body"));
+    }
+
+    void doubleClickRenamesOnTheName()
+    {
+        addBodies("body");
+        const QRect row = m_list->visualRect(m_list->model()->index(0, 0));
+        const auto doubleClick = [&](const QPoint &at) {
+            QTest::mouseClick(m_list->viewport(), Qt::LeftButton, {}, at);
+            QTest::mouseDClick(m_list->viewport(), Qt::LeftButton, {}, at);
+            return m_list->findChild<QLineEdit *>() != nullptr;
+        };
+        QVERIFY(!doubleClick(row.topLeft() + QPoint(20, 20)));
+        QVERIFY(doubleClick(row.center()));
+    }
+
+    void stateOfTheSprite()
+    {
+        const QString path = m_folder.writeSprite(QStringLiteral("s.png"), {6000, 4});
+        const Body &body = addBody(*m_project, QStringLiteral("s"), path);
+        const auto text = [&](int role) {
+            return m_list->model()->index(0, 0).data(role).toString();
+        };
+        QCOMPARE(text(SpriteListModel::detailRole), QStringLiteral("6000 × 4 px"));
+        QVERIFY(text(SpriteListModel::statusIconRole).isEmpty());
+        const auto thumbnail = [&] { return QColor(grab().pixel(32, 24)); };
+        QCOMPARE(thumbnail(), QColor(Qt::blue));
+        body.paintedNormalMap().setAngleImage(AngleImage(6000, 4), QStringLiteral("x"));
+        m_folder.writeSprite(QStringLiteral("s.png"), {3, 3});
+        body.loadSprite();
+        QCOMPARE(text(SpriteListModel::detailRole), QStringLiteral("3 × 3 px · size changed"));
+        QVERIFY(text(Qt::ToolTipRole).contains(QStringLiteral("6000 × 4 px")));
+        QVERIFY(QFile::remove(path));
+        body.loadSprite();
+        QCOMPARE(text(SpriteListModel::detailRole), QStringLiteral("6000 × 4 px · missing"));
+        QVERIFY(text(Qt::ToolTipRole).contains(path));
+        QCOMPARE(text(Qt::AccessibleTextRole), QStringLiteral("s, 6000 × 4 px · missing"));
+        QVERIFY(thumbnail() != QColor(Qt::blue) && thumbnail() != QColor(Qt::red));
+    }
+
+    void theEmptyListTellsWhatToDo()
+    {
+        const auto isPlain = [this] {
+            const QImage below = grab().copy(0, 60, 300, 300);
+            QImage plain(below.size(), below.format());
+            plain.fill(below.pixel(0, 0));
+            return below == plain;
+        };
+        QVERIFY(!isPlain());
+        addBodies("a");
+        QVERIFY(isPlain());
+        m_project->bodies().setEntries({});
+        QVERIFY(!isPlain());
+    }
+
+    void pathsCanBeDropped()
+    {
+        QSignalSpy dropped(m_list.get(), &ShapeTreeView::pathsDropped);
+        QMimeData files;
+        files.setUrls({QUrl::fromLocalFile(QStringLiteral("/s/a b.png")),
+                       QUrl(QStringLiteral("https://example.org/c.png")),
+                       QUrl::fromLocalFile(QStringLiteral("/s/folder"))});
+        QMimeData text;
+        text.setText(QStringLiteral("/s/a.png"));
+        const QImage idle = grab();
+        QVERIFY(send<QDragEnterEvent>(files));
+        QVERIFY(grab() != idle);
+        QVERIFY(send<QDropEvent>(files));
+        QCOMPARE(grab(), idle);
+        QCOMPARE(dropped.takeFirst().first().toStringList(),
+                 QStringList({QStringLiteral("/s/a b.png"), QStringLiteral("/s/folder")}));
+        QVERIFY(!send<QDragEnterEvent>(text));
+        QVERIFY(!send<QDropEvent>(text));
+        QVERIFY(dropped.isEmpty());
+    }
+
+private:
+    void addBodies(const char *names)
+    {
+        for (const QString &name : words(names))
+            addBody(*m_project, name);
+    }
+
+    int row(const QString &name) const { return rows().split(QLatin1Char(' ')).indexOf(name); }
+
+    Body &body(const QString &name) const { return m_project->bodies().at(row(name)); }
+
+    void select(const char *names)
+    {
+        QList<Body *> bodies;
+        for (const QString &name : words(names))
+            bodies.append(&body(name));
+        m_selection.setSelection(bodies);
+    }
+
+    void click(const char *name, Qt::KeyboardModifiers modifiers = {})
+    {
+        const QModelIndex index = m_list->model()->index(row(QString::fromLatin1(name)), 0);
+        const QPoint at = m_list->visualRect(index).center();
+        QTest::mouseClick(m_list->viewport(), Qt::LeftButton, modifiers, at);
+    }
+
+    QString selected() const
+    {
+        QStringList names;
+        for (const Body *body : m_selection.selection())
+            names.append(body->name().value());
+        return names.join(QLatin1Char(' '));
+    }
+
+    QString rows() const
+    {
+        QStringList names;
+        for (int i = 0; i < m_list->model()->rowCount(); ++i)
+            names.append(m_list->model()->index(i, 0).data().toString());
+        return names.join(QLatin1Char(' '));
+    }
+
+    QString shown() const
+    {
+        QStringList names;
+        for (const QModelIndex &index : m_list->selectionModel()->selectedRows())
+            names.append(index.data().toString());
+        names.sort();
+        return names.join(QLatin1Char(' '));
+    }
+
+    QImage grab() const { return m_list->viewport()->grab().toImage(); }
+
+    template <class Event>
+    bool send(const QMimeData &data)
+    {
+        Event event(QPoint(50, 50), Qt::CopyAction, &data, Qt::LeftButton, {});
+        event.ignore();
+        QCoreApplication::sendEvent(m_list->viewport(), &event);
+        return event.isAccepted();
+    }
+
+    Folder m_folder;
+    std::unique_ptr<Project> m_project;
+    ItemSelectionModel m_selection;
+    std::unique_ptr<ShapeTreeView> m_list;
+};
+
+QTEST_MAIN(TestShapeTreeView)
+#include "tst_ShapeTreeView.moc"
