@@ -229,7 +229,8 @@ void tst_NormalMapEditorScene::clicksAndBandSelect()
     editor.click(editor.on(c));
     QCOMPARE(selected(), QByteArray("c"));
 
-    // The upper sprite counts only where it is opaque.
+    // The upper sprite counts only where it is opaque. It is added later than the others.
+    QCoreApplication::processEvents();
     const QString holed =
         editor.folder.writeSprite(QStringLiteral("d.png"), {64, 64}, Qt::transparent);
     const Body &d = addBody(editor.project, QStringLiteral("d"), holed);
