@@ -12,7 +12,7 @@ int main(int argc, char **argv)
     VesperineApplication::prepare();
     // The application object would abort without a display.
     if (const QString problem = GApplication::missingDisplay(); !problem.isEmpty()) {
-        std::fprintf(stderr, "%s\n", qPrintable(problem));
+        std::fprintf(stderr, "%s; vesperine-cli works without one\n", qPrintable(problem));
         return 1;
     }
     VesperineApplication application(argc, argv);

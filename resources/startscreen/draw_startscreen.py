@@ -20,7 +20,8 @@ from drawing import scene, steps
 from drawing.toolkit import encoded, lit, shrink, smoothstep
 
 HERE = Path(__file__).resolve().parent
-LIGHTS = {"dusk": (150, 90), "star": (480, 250), "dawn": (860, 330), "steps": (480, 510)}
+LIGHTS = {"dusk": (82, 114), "star": (330, 150), "dawn": (590, 400), "steps": (590, 840)}
+LIGHT_HEIGHT = 32
 
 
 def pictures():
@@ -46,7 +47,7 @@ def main():
     Image.fromarray(normal_map, "RGB").save(HERE / "startscreen_n.png", optimize=True)
     if options.lit:
         for name, place in LIGHTS.items():
-            view = lit(colours, normal_map, place, 64)
+            view = lit(colours, normal_map, place, LIGHT_HEIGHT)
             Image.fromarray(view).save(Path(options.lit) / f"startscreen-{name}.png")
 
 

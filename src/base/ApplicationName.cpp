@@ -6,4 +6,5 @@ void nameApplication()
 {
     QCoreApplication::setOrganizationName(QStringLiteral("Vesperine"));
     QCoreApplication::setApplicationName(QStringLiteral("Vesperine"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(VESPERINE_VERSION));
 }

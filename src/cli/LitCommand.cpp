@@ -72,9 +72,7 @@ void writeLit(const LitOptions &options,
     if (!trouble.isEmpty())
         throw Error(QStringLiteral("'%1' can't be lit: %2").arg(body.name().value(), trouble));
     const QVector3D place = lamp.above(project.lightHeight().value());
-    const QImage lit = litBody(body, lampOf(project, place));
-    const bool hasAlpha = format == "png";
-    writePicture(project, hasAlpha ? lit : overBlack(lit), options.output, format);
+    writePicture(project, litBody(body, lampOf(project, place)), options.output, format);
 }
 } // namespace
 

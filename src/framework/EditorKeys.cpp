@@ -11,8 +11,11 @@ bool isEnter(const QKeyEvent &event)
 }
 } // namespace
 
-EditorKeys::EditorKeys(QWidget &editor, std::function<void()> finish, std::function<bool()> cancel)
-    : QObject(&editor)
+EditorKeys::EditorKeys(QWidget &editor,
+                       std::function<void()> finish,
+                       std::function<bool()> cancel,
+                       QObject *parent)
+    : QObject(parent)
     , m_editor(editor)
     , m_finish(std::move(finish))
     , m_cancel(std::move(cancel))

@@ -1,7 +1,6 @@
 #include "framework/GColorButton.h"
 
 #include "framework/ControlSizes.h"
-#include "framework/EditorKeys.h"
 #include "framework/MixedText.h"
 #include "framework/Theme.h"
 #include "framework/UiScale.h"
@@ -41,9 +40,7 @@ GColorButton::GColorButton(QWidget *parent)
     setAttribute(Qt::WA_Hover);
     setToolTip(described(m_color));
     connect(this, &QToolButton::clicked, this, &GColorButton::choose);
-    auto *keys = new EditorKeys(
-        *this, [] {}, [] { return false; });
-    keys->watch(*this);
+    m_keys.watch(*this);
 }
 
 void GColorButton::setLabel(const QString &label)

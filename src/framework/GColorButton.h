@@ -1,5 +1,7 @@
 #pragma once
 
+#include "framework/EditorKeys.h"
+
 #include <QColor>
 #include <QToolButton>
 
@@ -41,4 +43,5 @@ private:
     QString m_label;
     bool m_isMixed = false;
     bool m_offersAlpha = true;
+    EditorKeys m_keys{*this, [] {}, [] { return false; }};
 };

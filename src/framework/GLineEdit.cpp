@@ -1,7 +1,6 @@
 #include "framework/GLineEdit.h"
 
 #include "framework/ControlSizes.h"
-#include "framework/EditorKeys.h"
 #include "framework/MixedText.h"
 #include "framework/UiScale.h"
 
@@ -9,10 +8,7 @@ GLineEdit::GLineEdit(QWidget *parent)
     : QLineEdit(parent)
 {
     setFixedHeight(scaled(controlHeight));
-    setTextMargins(scaled(3), 0, scaled(3), 0);
-    auto *keys = new EditorKeys(
-        *this, [this] { finish(); }, [this] { return cancel(); });
-    keys->watch(*this);
+    m_keys.watch(*this);
 }
 
 void GLineEdit::showText(const QString &text)

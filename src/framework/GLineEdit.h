@@ -1,5 +1,7 @@
 #pragma once
 
+#include "framework/EditorKeys.h"
+
 #include <QLineEdit>
 
 /// A line of text that counts when the user has finished it: after Enter or when the focus leaves.
@@ -31,4 +33,5 @@ private:
     QString m_committed;
     QString m_emptyText;
     bool m_isMixed = false;
+    EditorKeys m_keys{*this, [this] { finish(); }, [this] { return cancel(); }};
 };

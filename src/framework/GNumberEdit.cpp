@@ -1,7 +1,6 @@
 #include "framework/GNumberEdit.h"
 
 #include "framework/ControlSizes.h"
-#include "framework/EditorKeys.h"
 #include "framework/GSlider.h"
 #include "framework/NumberSpinBox.h"
 #include "framework/UiScale.h"
@@ -40,10 +39,8 @@ GNumberEdit::GNumberEdit(int decimals, QWidget *parent)
     connect(m_slider, &QSlider::sliderReleased, this, &GNumberEdit::finish);
     connect(m_spinBox, &NumberSpinBox::stepped, this, &GNumberEdit::change);
     m_slider->installEventFilter(this);
-    auto *keys = new EditorKeys(
-        *this, [this] { finish(); }, [this] { return cancel(); });
-    keys->watch(*m_slider);
-    keys->watch(*m_spinBox);
+    m_keys.watch(*m_slider);
+    m_keys.watch(*m_spinBox);
 }
 
 void GNumberEdit::setSuffix(const QString &suffix)

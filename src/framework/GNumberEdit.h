@@ -1,5 +1,6 @@
 #pragma once
 
+#include "framework/EditorKeys.h"
 #include "framework/SliderScale.h"
 
 #include <QWidget>
@@ -61,4 +62,5 @@ private:
     bool m_isEdited = false;
     double m_former = 0;
     bool m_wasMixed = false;
+    EditorKeys m_keys{*this, [this] { finish(); }, [this] { return cancel(); }};
 };

@@ -1,7 +1,7 @@
 #include "framework/ShortcutsDialog.h"
 
 #include "framework/GAction.h"
-#include "framework/Theme.h"
+#include "framework/ThemeColors.h"
 #include "framework/UiScale.h"
 
 #include <QDialogButtonBox>

@@ -1,6 +1,6 @@
 #include "framework/ThemePainting.h"
 
-#include "framework/Theme.h"
+#include "framework/ThemeColors.h"
 #include "framework/UiScale.h"
 
 #include <QAbstractScrollArea>

@@ -1,6 +1,6 @@
 #include "framework/ThemeStyle.h"
 
-#include "framework/Theme.h"
+#include "framework/ThemeColors.h"
 #include "framework/ThemePainting.h"
 #include "framework/UiScale.h"
 
@@ -130,6 +130,10 @@ void ThemeStyle::drawPrimitive(PrimitiveElement element,
     case PE_FrameTabWidget:
     case PE_FrameTabBarBase:
         return;
+    case PE_PanelTipLabel:
+        painter->fillRect(option->rect, themeColors(option->palette).field);
+        return painter->fillRect(option->rect.adjusted(1, 1, -1, -1),
+                                 option->palette.toolTipBase());
     case PE_FrameFocusRect:
         return paintFocus(*painter, *option);
     case PE_PanelButtonTool:
@@ -257,6 +261,8 @@ int ThemeStyle::pixelMetric(PixelMetric metric,
         return scaled(4);
     case PM_ToolBarSeparatorExtent:
         return scaled(9);
+    case PM_ToolTipLabelFrameWidth:
+        return scaled(5);
     case PM_MenuPanelWidth:
         return 1;
     case PM_MenuVMargin:

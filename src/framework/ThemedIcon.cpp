@@ -1,6 +1,6 @@
 #include "framework/ThemedIcon.h"
 
-#include "framework/Theme.h"
+#include "framework/ThemeColors.h"
 
 #include <QFile>
 #include <QGuiApplication>

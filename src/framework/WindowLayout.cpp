@@ -4,6 +4,7 @@
 
 #include <QAbstractButton>
 #include <QAction>
+#include <QCoreApplication>
 #include <QEvent>
 #include <QMainWindow>
 #include <QSplitter>
@@ -95,4 +96,7 @@ void leaveFocusOnClick(QWidget &panel)
 {
     for (QAbstractButton *button : panel.findChildren<QAbstractButton *>())
         button->setFocusPolicy(Qt::TabFocus);
+    // The toolkit gives it no name, and so nothing to read out.
+    if (auto *more = panel.findChild<QAbstractButton *>(QStringLiteral("qt_toolbar_ext_button")))
+        more->setAccessibleName(QCoreApplication::translate("WindowLayout", "More"));
 }

@@ -30,6 +30,6 @@ struct Light
 /// would be brighter than the pixel's alpha is cut there, as a premultiplied colour has to be.
 QImage litImage(const QImage &texture, const QImage &normalMap, const Light &light);
 
-/// What formats without transparency get of a premultiplied picture: its colours over black, in
+/// What formats without transparency get of a picture: its colours over black, in
 /// QImage::Format_RGB32.
 QImage overBlack(const QImage &lit);

@@ -2,6 +2,7 @@
 
 #include "base/Error.h"
 #include "imaging/AngleImage.h"
+#include "imaging/LitImage.h"
 #include "model/Project.h"
 #include "model/SaveDevice.h"
 #include "model/Sprite.h"
@@ -68,5 +69,9 @@ bool writeImageFile(const QImage &image, const QString &path, const QByteArray &
     if (!QImageWriter::supportedImageFormats().contains(format) ||
         !device.open(QIODevice::WriteOnly))
         return false;
-    return QImageWriter(&device, format).write(image) && device.commit();
+    const bool isJpeg = format == "jpg" || format == "jpeg";
+    QImageWriter writer(&device, format);
+    if (isJpeg)
+        writer.setQuality(95);
+    return writer.write(isJpeg ? overBlack(image) : image) && device.commit();
 }

@@ -43,6 +43,6 @@ NormalMapResult exportNormalMaps(const Project &project,
                                  const NormalMapExport &settings);
 
 /// Writes @p image to @p path in the format that the extension names, or in @p format, in one move.
-/// False when that fails; an older file is then untouched.
+/// A JPEG gets its colours over black. False when that fails; an older file is then untouched.
 bool writeImageFile(const QImage &image, const QString &path);
 bool writeImageFile(const QImage &image, const QString &path, const QByteArray &format);

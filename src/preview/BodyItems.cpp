@@ -68,6 +68,7 @@ void BodyItems::removeAllBut(const PropertyList::Entries &bodies)
         }
         m_places[it->first].position = item.pos();
         m_order.removeOne(&item);
+        m_newItems.removeOne(&item);
         Q_EMIT itemAboutToGo(&item);
         it = m_items.erase(it);
     }
@@ -75,9 +76,7 @@ void BodyItems::removeAllBut(const PropertyList::Entries &bodies)
 
 void BodyItems::add(const PropertyList::Entries &bodies)
 {
-    QVector<SpriteItem *> unplaced;
-    QVector<QSize> sizes;
-    const QRect occupied = rect().toAlignedRect();
+    const int placedBefore = m_newItems.size();
     for (const auto &entry : bodies) {
         Body &body = bodyOf(entry);
         auto &item = m_items[&body];
@@ -85,21 +84,34 @@ void BodyItems::add(const PropertyList::Entries &bodies)
             continue;
         item = std::make_unique<SpriteItem>(body);
         const Place known = m_places.value(&body);
-        // Another body may have got the address of one that is gone.
-        const bool isKnown = known.body.lock() == entry;
         m_places.insert(&body, {entry, known.position});
-        if (isKnown) {
+        // Another body may have got the address of one that is gone.
+        if (known.body.lock() == entry)
             item->setPos(known.position);
-        } else {
-            unplaced.append(item.get());
-            sizes.append(item->boundingRect().size().toSize());
-        }
+        else
+            m_newItems.append(item.get());
         m_scene.addItem(item.get());
         Q_EMIT itemAdded(item.get());
     }
-    const QVector<QPoint> places = layoutSprites(sizes, occupied);
-    for (int i = 0; i < unplaced.size(); ++i)
-        unplaced[i]->setPos(places[i]);
+    if (m_newItems.size() > placedBefore)
+        placeNewItems();
+}
+
+void BodyItems::placeNewItems()
+{
+    QVector<QRect> others;
+    for (const auto &[body, item] : m_items) {
+        if (!m_newItems.contains(item.get()) && !item->boundingRect().isEmpty())
+            others.append(sceneRect(*item).toAlignedRect());
+    }
+    QVector<QSize> sizes;
+    for (const SpriteItem *item : std::as_const(m_newItems))
+        sizes.append(item->boundingRect().size().toSize());
+    const QVector<QPoint> places = layoutSprites(sizes, others);
+    for (int i = 0; i < m_newItems.size(); ++i)
+        m_newItems[i]->setPos(places[i]);
+    const auto close = [this] { m_newItems.clear(); };
+    QMetaObject::invokeMethod(this, close, Qt::QueuedConnection);
 }
 
 SpriteItem *BodyItems::item(const Body *body) const
@@ -119,12 +131,13 @@ QRectF BodyItems::rect() const
 SpriteItem *BodyItems::itemAt(const QPointF &position) const
 {
     SpriteItem *topmost = nullptr;
-    for (auto it = m_order.crbegin(); it != m_order.crend(); ++it) {
-        if (!sceneRect(**it).contains(position))
+    for (int i = m_order.size() - 1; i >= 0; --i) {
+        SpriteItem *item = m_order[i];
+        if (!sceneRect(*item).contains(position))
             continue;
-        if (isOpaqueAt(**it, position))
-            return *it;
-        topmost = topmost ? topmost : *it;
+        if (isOpaqueAt(*item, position))
+            return item;
+        topmost = topmost ? topmost : item;
     }
     return topmost;
 }

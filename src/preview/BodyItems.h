@@ -30,6 +30,8 @@ public:
     void clear();
 
     bool isEmpty() const { return m_items.empty(); }
+    /// True while those shown have come together just now.
+    bool areAllNew() const { return !isEmpty() && m_newItems.size() == m_order.size(); }
     /// Null for a body that is not shown.
     SpriteItem *item(const Body *body) const;
     /// All in the order of the project's list.
@@ -54,9 +56,13 @@ private:
 
     void removeAllBut(const PropertyList::Entries &bodies);
     void add(const PropertyList::Entries &bodies);
+    void placeNewItems();
 
     QGraphicsScene &m_scene;
     std::unordered_map<const Body *, std::unique_ptr<SpriteItem>> m_items;
     QVector<SpriteItem *> m_order;
     QHash<const Body *, Place> m_places;
+    /// Without a place of their own before: laid out together until the event loop comes around,
+    /// since bodies that are added at once may come one by one.
+    QVector<SpriteItem *> m_newItems;
 };

@@ -47,9 +47,30 @@ bool isSpace(const QEvent &event)
 }
 } // namespace
 
+/// Hears Space before the widget that has the focus, so that a list or a button doesn't act on it.
+class EditorGraphicsView::SpaceFilter : public QObject
+{
+public:
+    explicit SpaceFilter(EditorGraphicsView &view)
+        : QObject(&view)
+        , m_view(view)
+    {
+        qApp->installEventFilter(this);
+    }
+
+    bool eventFilter(QObject * /*watched*/, QEvent *event) override
+    {
+        return isSpace(*event) && m_view.handleSpace(*event);
+    }
+
+private:
+    EditorGraphicsView &m_view;
+};
+
 EditorGraphicsView::EditorGraphicsView(QWidget *parent)
     : QGraphicsView(parent)
 {
+    new SpaceFilter(*this);
     setTransformationAnchor(NoAnchor);
     setResizeAnchor(NoAnchor);
     // The content has room on all sides: bars would only tell how much of nothing there is.
@@ -57,7 +78,6 @@ EditorGraphicsView::EditorGraphicsView(QWidget *parent)
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setLayoutDirection(Qt::LeftToRight);
     setMouseTracking(true);
-    qApp->installEventFilter(this);
 }
 
 void EditorGraphicsView::setEditorScene(EditorScene *scene)
@@ -269,15 +289,6 @@ void EditorGraphicsView::pinch(const QGestureEvent &event)
     if (gesture->changeFlags() & QPinchGesture::ScaleFactorChanged)
         zoomAround(viewport()->mapFromGlobal(gesture->centerPoint().toPoint()),
                    zoom() * gesture->scaleFactor());
-}
-
-// Space is heard before the widget that has the focus, so that a list or a button doesn't act on
-// it.
-bool EditorGraphicsView::eventFilter(QObject *watched, QEvent *event)
-{
-    if (isSpace(*event) && handleSpace(*event))
-        return true;
-    return QGraphicsView::eventFilter(watched, event);
 }
 
 bool EditorGraphicsView::handleSpace(const QEvent &event)

@@ -36,7 +36,6 @@ Q_SIGNALS:
 
 protected:
     bool event(QEvent *event) override;
-    bool eventFilter(QObject *watched, QEvent *event) override;
     void wheelEvent(QWheelEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;
@@ -47,6 +46,8 @@ protected:
     void scrollContentsBy(int dx, int dy) override;
 
 private:
+    class SpaceFilter;
+
     /// A point of the scene that was put at a point of the view. While neither pointer nor scroll
     /// bars move it is known exactly, and zooming back and forth does not drift.
     struct Anchor

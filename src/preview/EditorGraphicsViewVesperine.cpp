@@ -2,11 +2,42 @@
 
 #include <QKeyEvent>
 #include <QOpenGLWidget>
+#include <QPainter>
+#include <QProxyStyle>
+#include <QStyleOption>
+
+namespace {
+/// Draws the rubber band so that the colours below it stay.
+class RubberBandStyle : public QProxyStyle
+{
+public:
+    void drawControl(ControlElement element,
+                     const QStyleOption *option,
+                     QPainter *painter,
+                     const QWidget *widget) const override
+    {
+        if (element != CE_RubberBand) {
+            QProxyStyle::drawControl(element, option, painter, widget);
+            return;
+        }
+        QColor accent = option->palette.color(QPalette::Highlight);
+        painter->setPen(accent);
+        accent.setAlphaF(0.1);
+        painter->setBrush(accent);
+        painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
+    }
+};
+} // namespace
 
 EditorGraphicsViewVesperine::EditorGraphicsViewVesperine(QWidget *parent)
     : EditorGraphicsView(parent)
 {
+    // What is dropped here is for the editor around it.
+    setAcceptDrops(false);
     setViewport(new QOpenGLWidget);
+    auto *style = new RubberBandStyle;
+    style->setParent(this);
+    viewport()->setStyle(style);
     // The scene is drawn as a whole or not at all; it tells when.
     setViewportUpdateMode(NoViewportUpdate);
     viewport()->setAttribute(Qt::WA_AcceptTouchEvents);

@@ -119,7 +119,7 @@ void copyInto(QImage &target, const QImage &tile, const QPoint &place)
 QImage
 litSprite(const GLGraphicsSprite &sprite, const SceneLight &light, const QVector3D &lightPosition)
 {
-    const QImage colors = sprite.colorImage();
+    const QImage &colors = sprite.colorImage();
     OwnContext own;
     if (!own.isCurrent() || colors.isNull())
         return {};

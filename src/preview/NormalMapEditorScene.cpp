@@ -117,10 +117,9 @@ void NormalMapEditorScene::observableChanged(Observable & /*observable*/)
 
 void NormalMapEditorScene::updateItems()
 {
-    const bool wasEmpty = m_items->isEmpty();
     m_items->show(m_project ? m_project->bodies().entries() : PropertyList::Entries());
     m_startScreen->setVisible(m_items->isEmpty());
-    if (wasEmpty && !m_items->isEmpty())
+    if (m_items->areAllNew())
         placeLight();
     updateCurrentBody();
     updateContent();

@@ -16,7 +16,7 @@ QImage selectionImage(const FloatImage &selection)
         const float *weights = selection.row(y);
         uchar *alpha = image.scanLine(y);
         for (int x = 0; x < selection.width(); ++x)
-            alpha[x] = uchar(qBound(0.0F, weights[x], 1.0F) * 255.0F + 0.5F);
+            alpha[x] = uchar(qBound(0.0F, weights[x], 1.0F) * 255.0F);
     }
     return image;
 }

@@ -1,6 +1,7 @@
 #include "preview/ZoomWidget.h"
 
 #include "framework/GAction.h"
+#include "framework/ThemedIcon.h"
 #include "preview/EditorGraphicsView.h"
 
 #include <QHBoxLayout>
@@ -39,6 +40,11 @@ public:
     }
 };
 
+QIcon zoomIcon(const QString &name)
+{
+    return themedIcon(QStringLiteral(":/icons/zoom_%1.svg").arg(name));
+}
+
 QString zoomToolTip()
 {
     // The keys are named as users of the first version know them, exchanged ones included.
@@ -57,11 +63,12 @@ QString zoomToolTip()
 ZoomWidget::ZoomWidget(QWidget *parent)
     : QWidget(parent)
     , m_edit(new QLineEdit(this))
-    , m_in(new GAction(tr("Zoom In"), this))
-    , m_out(new GAction(tr("Zoom Out"), this))
-    , m_oneToOne(new GAction(tr("Zoom 1:1"), this))
-    , m_fit(new GAction(tr("Zoom Fit"), this))
+    , m_in(new GAction(zoomIcon(QStringLiteral("in")), tr("Zoom In"), this))
+    , m_out(new GAction(zoomIcon(QStringLiteral("out")), tr("Zoom Out"), this))
+    , m_oneToOne(new GAction(zoomIcon(QStringLiteral("one")), tr("Zoom 1:1"), this))
+    , m_fit(new GAction(zoomIcon(QStringLiteral("fit")), tr("Zoom Fit"), this))
 {
+    setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Preferred);
     setToolTip(zoomToolTip());
     auto *label = new QLabel(tr("Zoom:"), this);
     label->setBuddy(m_edit);
@@ -77,8 +84,7 @@ ZoomWidget::ZoomWidget(QWidget *parent)
     layout->setSpacing(8);
     layout->addWidget(label);
     layout->addWidget(m_edit);
-    // The status bar would pull label and field apart.
-    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 
     m_in->setShortcuts(QKeySequence::ZoomIn);
     m_out->setShortcuts(QKeySequence::ZoomOut);
@@ -117,16 +123,21 @@ void ZoomWidget::takeText()
     const double zoom =
         std::clamp(typed, EditorGraphicsView::minimumZoom, EditorGraphicsView::maximumZoom);
     // Leaving the field untouched must not round a continuous zoom to a whole percentage.
-    const bool isNew = m_edit->isModified();
+    const bool isNew = m_edit->text() != shownText();
     showZoom();
     m_edit->clearFocus();
-    if (isNew && zoom != m_zoom)
+    if (isNew)
         Q_EMIT zoomRequested(zoom);
+}
+
+QString ZoomWidget::shownText() const
+{
+    return QStringLiteral("%1%").arg(percentOf(m_zoom));
 }
 
 void ZoomWidget::showZoom()
 {
-    m_edit->setText(QStringLiteral("%1%").arg(percentOf(m_zoom)));
+    m_edit->setText(shownText());
 }
 
 // Escape, and leaving with what is no percentage, bring the zoom back.

@@ -33,6 +33,7 @@ private:
     void zoomIn();
     void zoomOut();
     void takeText();
+    QString shownText() const;
     void showZoom();
 
     double m_zoom = 1.0;

@@ -29,6 +29,8 @@ void PaintTool::mouseRelease(const ToolPointerEvent & /*event*/) {}
 void PaintTool::mouseDoubleClick(const ToolPointerEvent & /*event*/) {}
 void PaintTool::keyPress(int /*key*/, Qt::KeyboardModifiers /*modifiers*/) {}
 void PaintTool::keyRelease(int /*key*/, Qt::KeyboardModifiers /*modifiers*/) {}
+// Values, for tools that keep them. NOLINTBEGIN(performance-unnecessary-value-param)
 void PaintTool::updateTexture(QImage /*image*/) {}
 void PaintTool::updateNormalMap(AngleImage /*normalmap*/) {}
 void PaintTool::updateSelection(FloatImage /*selection*/) {}
+// NOLINTEND(performance-unnecessary-value-param)

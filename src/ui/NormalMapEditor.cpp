@@ -1,8 +1,10 @@
 #include "ui/NormalMapEditor.h"
 
+#include "base/Error.h"
 #include "framework/GAction.h"
 #include "framework/ThemedIcon.h"
 #include "model/ItemSelectionModel.h"
+#include "model/NormalMapProcessor.h"
 #include "model/Project.h"
 #include "preview/EditorGraphicsViewVesperine.h"
 #include "preview/NormalMapEditorScene.h"
@@ -95,7 +97,15 @@ QWidget &NormalMapEditor::view() const
 QImage NormalMapEditor::litImage(Body &body)
 {
     SpriteItem *item = m_scene->spriteItem(&body);
-    return item ? m_scene->litImage(*item) : QImage();
+    if (!item)
+        return {};
+    item->processor().waitForIdle();
+    try {
+        return m_scene->litImage(*item);
+    } catch (const Error &error) {
+        qWarning("%s", qUtf8Printable(error.message()));
+        return {};
+    }
 }
 
 void NormalMapEditor::setDisplayMode(int index)

@@ -101,11 +101,8 @@ ToolsSidebar::ToolsSidebar(ItemSelectionModel &selection,
     updateActions();
 }
 
-ToolsSidebar::~ToolsSidebar()
-{
-    // The layout goes after the tools, whose panels it holds: nothing may listen by then.
-    disconnect(m_actions, nullptr, this, nullptr);
-}
+// The tools go before the base class, and their panels leave the layout with them.
+ToolsSidebar::~ToolsSidebar() = default;
 
 void ToolsSidebar::setOpenEffect(AngleImageTool *effect)
 {

@@ -88,7 +88,7 @@ public:
     }
 
     bool isExposed() const { return m_isExposed; }
-    QImage shot(const QRect &exposed = QRect())
+    QImage shot(const QRect &exposed = QRect()) const
     {
         QCoreApplication::processEvents();
         const int before = paints.count;

@@ -15,11 +15,13 @@
 #include "ui/SpritesSidebar.h"
 #include "ui/ToolsSidebar.h"
 
+#include <QAbstractButton>
 #include <QAccessible>
 #include <QAction>
 #include <QComboBox>
 #include <QDesktopServices>
 #include <QDropEvent>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMenu>
@@ -30,6 +32,8 @@
 #include <QTest>
 #include <QToolBar>
 #include <QUrl>
+
+#include <cmath>
 
 namespace {
 QString operator""_s(const char *text, std::size_t size)
@@ -300,7 +304,7 @@ private Q_SLOTS:
                  "Error|Export to '%1' failed!|"_s.arg(m_folder.path("lit.unknown"_s)));
     }
 
-    void preferencesOpenByLinkAndAreKept()
+    void preferencesAreKeptAndTakeEffectAtOnce()
     {
         DialogScript script;
         script.then([this](QWidget &dialog) {
@@ -351,25 +355,89 @@ private Q_SLOTS:
         QVERIFY(m_window->isDocumentModified());
     }
 
-    void everyFocusableWidgetHasAName()
+    void everythingIsNamedAndReadable_data()
     {
+        QTest::addColumn<int>("theme");
+        QTest::newRow("dark") << int(ThemeChoice::Dark);
+        QTest::newRow("light") << int(ThemeChoice::Light);
+    }
+
+    void everythingIsNamedAndReadable()
+    {
+        QFETCH(const int, theme);
+        application().setTheme(ThemeChoice(theme));
         addSprites({"a.png"_s});
-        QStringList unnamed;
-        const auto widgets = m_window->findChildren<QWidget *>();
-        for (const QWidget *widget : widgets) {
-            const auto *interface =
-                QAccessible::queryAccessibleInterface(const_cast<QWidget *>(widget));
-            if (widget->isVisible() && !widget->focusProxy() &&
-                (widget->focusPolicy() & Qt::TabFocus) != 0 && interface &&
-                interface->text(QAccessible::Name).isEmpty())
-                unnamed.append(QString::fromLatin1(widget->metaObject()->className()));
+        QStringList faults = faultsOf(*m_window);
+        DialogScript script;
+        for (const QString &dialog :
+             {"Preferences..."_s, "Export normals as..."_s, "Send feedback..."_s}) {
+            script.then([&](QWidget &shown) {
+                faults += faultsOf(shown);
+                shown.close();
+            });
+            trigger(dialog);
         }
-        QCOMPARE(unnamed.join(QLatin1Char(' ')), QString());
+        QVERIFY(script.isDone());
+        QCOMPARE(faults.join(QLatin1Char('\n')), QString());
     }
 
 private:
     static GApplication &application() { return *static_cast<GApplication *>(qApp); }
     static QString plain(QString text) { return text.remove(QLatin1Char('&')); }
+
+    // How well the text of @p widget, which shows one colour on another, can be read: the contrast
+    // of the most frequent colour to the one that differs most from it.
+    static double contrastOf(const QWidget &widget, const QImage &window)
+    {
+        const auto luminance = [](QRgb color) {
+            const auto part = [](int value) { return std::pow(value / 255.0, 2.2); };
+            return 0.2126 * part(qRed(color)) + 0.7152 * part(qGreen(color)) +
+                   0.0722 * part(qBlue(color));
+        };
+        const QRect place(widget.mapTo(widget.window(), QPoint()), widget.size());
+        const QImage image = window.copy(place).convertToFormat(QImage::Format_RGB32);
+        QHash<QRgb, int> counts;
+        QRgb ground = 0;
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x) {
+                if (++counts[image.pixel(x, y)] > counts.value(ground))
+                    ground = image.pixel(x, y);
+            }
+        }
+        double best = 1.0;
+        for (auto color = counts.keyBegin(); color != counts.keyEnd(); ++color) {
+            const double one = luminance(*color) + 0.05, other = luminance(ground) + 0.05;
+            best = std::max({best, one / other, other / one});
+        }
+        return best;
+    }
+
+    // What can be focused without a name, and texts of too little contrast.
+    static QStringList faultsOf(QWidget &window)
+    {
+        QStringList faults;
+        const QImage image = window.grab().toImage();
+        const auto widgets = window.findChildren<QWidget *>();
+        for (QWidget *widget : widgets) {
+            const auto *interface = QAccessible::queryAccessibleInterface(widget);
+            if (!widget->isVisible() || !interface)
+                continue;
+            const QString name = interface->text(QAccessible::Name);
+            const QString kind = QString::fromLatin1(widget->metaObject()->className());
+            if (name.isEmpty() && !widget->focusProxy() && (widget->focusPolicy() & Qt::TabFocus))
+                faults.append("no name: "_s + kind);
+            const auto *label = qobject_cast<QLabel *>(widget);
+            const auto *button = qobject_cast<QAbstractButton *>(widget);
+            const bool hasText =
+                (label && !label->text().isEmpty()) || (button && !button->text().isEmpty());
+            if (!hasText || !widget->isEnabled() || widget->visibleRegion().isEmpty())
+                continue;
+            const double contrast = contrastOf(*widget, image);
+            if (contrast < 4.5)
+                faults.append("contrast %1: %2 %3"_s.arg(contrast).arg(kind, name));
+        }
+        return faults;
+    }
 
     void openWindow()
     {

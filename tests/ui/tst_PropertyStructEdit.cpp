@@ -19,7 +19,9 @@
 #include <QCheckBox>
 #include <QColorDialog>
 #include <QComboBox>
+#include <QDropEvent>
 #include <QLabel>
+#include <QMimeData>
 #include <QTest>
 
 #include <deque>
@@ -352,6 +354,16 @@ void TestPropertyStructEdit::everyTypeHasAnEditor()
     QCOMPARE(all.valueOf<PropertyReference>("preset"), preset);
     QCOMPARE(panel.at<GColorButton>("color").color(), QColor(Qt::red));
 
+    Folder folder;
+    QMimeData dropped;
+    dropped.setUrls({QUrl::fromLocalFile(folder.write(latin1("dropped.png"), {}))});
+    auto *pathEdit = panel.edit.findChild<GPathEdit *>();
+    QDragEnterEvent enter({}, Qt::CopyAction, &dropped, Qt::LeftButton, {});
+    QCoreApplication::sendEvent(pathEdit, &enter);
+    QVERIFY(enter.isAccepted());
+    QDropEvent drop({}, Qt::CopyAction, &dropped, Qt::LeftButton, {});
+    QCoreApplication::sendEvent(pathEdit, &drop);
+    QCOMPARE(all.valueOf<PropertyFilename>("file").fileName(), latin1("dropped.png"));
     panel.number("int", latin1("999"));
     QCOMPARE(all.valueOf<PropertyInt>("int"), 50);
 }

@@ -1,18 +1,21 @@
-"""The relief: the evening star over hills and water, framed like a medal."""
+"""The relief: the evening star over hills and water, under an arch, framed like a medal."""
 
 import numpy as np
 
-from .toolkit import (X, Y, Relief, blur, box_distance, colour, noise, shoulder, smoothstep, wavy)
+from .toolkit import (X, Y, Relief, blur, colour, noise, plaque_distance, shoulder, smoothstep,
+                      wavy)
 
-SCENE = (34, 32, 926, 402)      # left, top, right, bottom of the picture in its frame
-HORIZON = 292
-STAR = (480, 128)
+SLAB = (4, 4, 656, 916)         # left, top, right, bottom
+SCENE = (32, 32, 628, 440)      # the same of the picture in its frame
+ARCH = 977                      # the radius of the slab's top, with the scene's around one centre
+HORIZON = 318
+STAR = (330, 150)
 
 SKY_HIGH, SKY_LOW = colour("#566078"), colour("#a8948a")
 FAR, MIDDLE, NEAR = colour("#8b858c"), colour("#8b8068"), colour("#6f6750")
 WATER, GOLD, PINE = colour("#647c86"), colour("#f5d794"), colour("#57604f")
 SAIL, HULL = colour("#cdc3ae"), colour("#5d4c3e")
-FRAME, SLATE = colour("#a08258"), colour("#242428")
+FRAME, SLATE = colour("#a08258"), colour("#161618")
 
 
 def star_height(points, tip, notch, rise, turn=0.0):
@@ -39,23 +42,22 @@ def sky(relief):
 
 
 def star(relief):
-    small = star_height(4, 44, 15, 9, np.pi / 4)
-    large = star_height(4, 92, 17, 17)
+    small = star_height(4, 50, 17, 10, np.pi / 4)
+    large = star_height(4, 104, 19, 19)
     height = np.maximum(small, large)
     mask = smoothstep(-0.15, 0.15, height)
     relief.place(mask, 1.5 + np.maximum(height, 0), GOLD)
 
 
-PEAKS = ((20, 232, 0.7), (72, 194, 1.0), (118, 224, 0.8), (172, 206, 0.85), (214, 184, 1.0),
-         (262, 222, 0.75), (308, 236, 0.7), (362, 254, 0.55), (420, 272, 0.4), (548, 268, 0.4),
-         (606, 244, 0.6), (652, 226, 0.7), (688, 204, 0.85), (744, 176, 1.0), (792, 218, 0.75),
-         (836, 206, 0.85), (890, 188, 1.0), (940, 214, 0.8))
+PEAKS = ((26, 238, 0.8), (64, 256, 0.8), (112, 202, 1.0), (156, 242, 0.8), (196, 262, 0.7),
+         (236, 282, 0.55), (280, 299, 0.4), (384, 296, 0.4), (424, 274, 0.6), (462, 246, 0.75),
+         (508, 216, 0.95), (548, 250, 0.75), (590, 194, 1.0), (636, 230, 0.8))
 
 
 def mountains(relief):
     """A far range on both sides, lower where the star stands: from each summit a ridge comes down,
     and spurs leave it on both sides."""
-    rng = np.random.default_rng(21)
+    rng = np.random.default_rng(5)
     bend = 3.2 * noise(11, 31) + 1.6 * noise(3.5, 32)
     height, top = np.full(X.shape, -1e3), np.full(X.shape, -1e3)
     for place, summit, steepness in PEAKS:
@@ -68,7 +70,7 @@ def mountains(relief):
     mask = smoothstep(-0.5, 0.5, top)
     rise = 30 * np.tanh(np.maximum(height, 0) / 44) + 0.3 * noise((4, 2.5), 33)
     snow = smoothstep(-0.25, 0.25, 0.9 - top / 17 + 0.35 * noise(3, 34))
-    haze = smoothstep(200, HORIZON, Y)[..., None]
+    haze = smoothstep(215, HORIZON, Y)[..., None]
     tone = FAR * (1 - 0.18 * haze) + 0.17 * snow[..., None] * (1 - 0.8 * haze)
     relief.place(mask, 2 + shoulder(top, 4, 2) + rise, tone)
 
@@ -114,12 +116,12 @@ def hill(relief, crest, rise, tone, seed, furrow):
 
 def hills(relief):
     reach = SCENE[3] - HORIZON
-    left = HORIZON - 30 + (reach + 40) * smoothstep(40, 470, X[0]) ** 1.6 + wavy(6, 190, 51)
-    right = HORIZON - 36 + (reach + 46) * smoothstep(930, 520, X[0]) ** 1.7 + wavy(6, 170, 52)
+    left = HORIZON - 30 + (reach + 40) * smoothstep(30, 325, X[0]) ** 1.6 + wavy(6, 160, 51)
+    right = HORIZON - 36 + (reach + 46) * smoothstep(634, 352, X[0]) ** 1.7 + wavy(6, 150, 52)
     hill(relief, left, 9, MIDDLE, 54, 8)
     hill(relief, right, 9, MIDDLE, 55, 8)
-    near_left = SCENE[3] - 62 + 90 * smoothstep(20, 300, X[0]) ** 1.3 + wavy(4, 140, 56)
-    near_right = SCENE[3] - 70 + 98 * smoothstep(940, 640, X[0]) ** 1.3 + wavy(4, 130, 57)
+    near_left = SCENE[3] - 66 + 94 * smoothstep(20, 225, X[0]) ** 1.3 + wavy(4, 140, 56)
+    near_right = SCENE[3] - 74 + 102 * smoothstep(642, 424, X[0]) ** 1.3 + wavy(4, 130, 57)
     hill(relief, near_left, 11, NEAR, 58, 9)
     hill(relief, near_right, 11, NEAR, 59, 9)
     return near_left, near_right
@@ -139,8 +141,8 @@ def pine(relief, foot_x, foot_y, tall):
 
 
 def pines(relief, left, right):
-    for crest, places in ((left, ((58, 58), (80, 74), (104, 52), (133, 64), (168, 44))),
-                          (right, ((902, 66), (878, 84), (848, 56), (820, 66), (776, 46)))):
+    for crest, places in ((left, ((52, 64), (76, 84), (100, 56), (127, 68), (158, 48))),
+                          (right, ((608, 72), (583, 92), (553, 60), (526, 70), (490, 48)))):
         for place, tall in places:
             foot = np.interp(place, X[0], crest) + 10
             pine(relief, place, foot, tall)
@@ -148,8 +150,8 @@ def pines(relief, left, right):
 
 def frame(relief, scene):
     """Sets the scene, sunk, into a slab with a moulding around it."""
-    distance = box_distance(*SCENE, 14)
-    slab = box_distance(4, 4, 956, 596, 22)
+    distance = plaque_distance(*SCENE, 14, ARCH + SLAB[1] - SCENE[1])
+    slab = plaque_distance(*SLAB, 24, ARCH)
     relief.height = np.full_like(X, 9.0)
     inside = smoothstep(0.5, -0.5, distance)
     relief.place(inside, scene.height - 4, scene.albedo)
@@ -172,7 +174,7 @@ def build():
     sky(scene)
     mountains(scene)
     water(scene)
-    boat(scene, 404, 324, 26)
+    boat(scene, 262, 352, 30)
     near = hills(scene)
     pines(scene, *near)
     cavities(scene, 0.28)

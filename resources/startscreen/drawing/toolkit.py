@@ -6,7 +6,7 @@ viewer and are in pixels too.
 
 import numpy as np
 
-WIDTH, HEIGHT = 960, 600
+WIDTH, HEIGHT = 660, 920
 OVERSAMPLE = 2
 FINE = (HEIGHT * OVERSAMPLE, WIDTH * OVERSAMPLE)
 
@@ -69,6 +69,19 @@ def box_distance(left, top, right, bottom, radius):
     down = np.abs(Y - (top + bottom) / 2) - (bottom - top) / 2 + radius
     outside = np.hypot(np.maximum(across, 0), np.maximum(down, 0))
     return outside + np.minimum(np.maximum(across, down), 0) - radius
+
+
+def plaque_distance(left, top, right, bottom, corner, arch):
+    """The distance to a rounded box whose top is an arc of the radius arch, negative inside."""
+    box = box_distance(left, 2 * top - bottom, right, bottom, corner)
+    across, half = np.abs(X - (left + right) / 2), (right - left) / 2
+    down = Y - top - arch
+    distance = np.maximum(box, np.hypot(across, down) - arch)
+    # Where side and arc meet, the nearest place is on the corner's circle.
+    centre = half - corner, -np.sqrt((arch - corner) ** 2 - (half - corner) ** 2)
+    beside = across * -centre[1] > -down * centre[0]
+    return np.where(beside & (down < centre[1]),
+                    np.hypot(across - centre[0], down - centre[1]) - corner, distance)
 
 
 class Relief:

@@ -33,7 +33,7 @@ void sendWhole(PropertyEditor &editor, const QVariant &value)
 void watchKeys(QWidget &control)
 {
     auto *keys = new EditorKeys(
-        control, [] {}, [] { return false; });
+        control, [] {}, [] { return false; }, &control);
     keys->watch(control);
 }
 
