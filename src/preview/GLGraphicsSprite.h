@@ -31,7 +31,7 @@ public:
 
     /// Binds colours, normals and selection to the texture units 0, 1 and 2 of @p context, which is
     /// current.
-    void bindTextures(const std::shared_ptr<BorrowedContext> &context);
+    virtual void bindTextures(const std::shared_ptr<BorrowedContext> &context);
     /// Frees the textures; the next draw makes them again.
     void releaseTextures();
     /// True once, when it is drawn from smaller textures, since the driver allows none of its size.

@@ -8,12 +8,12 @@
 #include "model/properties/PropertyT.h"
 #include "preview/BodyItems.h"
 #include "preview/GLGraphicsLight.h"
-#include "preview/GLGraphicsSprite.h"
 #include "preview/LightRotation.h"
 #include "preview/ProjectLight.h"
 #include "preview/ScenePointer.h"
 #include "preview/SceneSelection.h"
 #include "preview/SpriteItem.h"
+#include "preview/StartScreen.h"
 #include "preview/ToolRouting.h"
 
 #include <QEvent>
@@ -33,6 +33,7 @@ NormalMapEditorScene::NormalMapEditorScene(ItemSelectionModel &bodies,
     , m_bodies(bodies)
     , m_pixels(pixels)
     , m_items(std::make_unique<BodyItems>(*this))
+    , m_startScreen(std::make_unique<StartScreen>())
     , m_routing(std::make_unique<ToolRouting>(*this, pixels))
     , m_selection(std::make_unique<SceneSelection>(*this, *m_items, bodies))
     , m_projectLight(std::make_unique<ProjectLight>(*this))
@@ -41,7 +42,7 @@ NormalMapEditorScene::NormalMapEditorScene(ItemSelectionModel &bodies,
 {
     // Which pointer shows over it is told with all others.
     light().unsetCursor();
-    makeStartScreen();
+    QGraphicsScene::addItem(m_startScreen.get());
     connectParts(bodies, pixels);
     setProject(nullptr);
 }
@@ -50,16 +51,6 @@ NormalMapEditorScene::~NormalMapEditorScene()
 {
     setTool(nullptr);
     setProject(nullptr);
-}
-
-void NormalMapEditorScene::makeStartScreen()
-{
-    m_startScreen = std::make_unique<GLGraphicsSprite>();
-    m_startScreen->setAcceptedMouseButtons(Qt::NoButton);
-    m_startScreen->setColorImage(QImage(QStringLiteral(":/startscreen.png")));
-    m_startScreen->setNormalImage(QImage(QStringLiteral(":/startscreen_n.png")));
-    m_startScreen->setPos(-m_startScreen->boundingRect().center());
-    QGraphicsScene::addItem(m_startScreen.get());
 }
 
 void NormalMapEditorScene::connectParts(ItemSelectionModel &bodies, PixelSelectionModel &pixels)

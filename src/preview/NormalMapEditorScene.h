@@ -25,6 +25,7 @@ class ScalableToolCursor;
 class ScenePointer;
 class SceneSelection;
 class SpriteItem;
+class StartScreen;
 class ToolRouting;
 
 /// The editor's scene: a sprite item for each body of a project, the light, the pointer of the
@@ -81,7 +82,6 @@ protected:
     void keyReleaseEvent(QKeyEvent *event) override;
 
 private:
-    void makeStartScreen();
     void connectParts(ItemSelectionModel &bodies, PixelSelectionModel &pixels);
     void updateItems();
     void addItem(SpriteItem *item);
@@ -109,7 +109,7 @@ private:
     Observation m_listObservation;
 
     std::unique_ptr<BodyItems> m_items;
-    std::unique_ptr<GLGraphicsSprite> m_startScreen;
+    std::unique_ptr<StartScreen> m_startScreen;
     std::unique_ptr<ToolRouting> m_routing;
     std::unique_ptr<SceneSelection> m_selection;
     std::unique_ptr<ProjectLight> m_projectLight;
