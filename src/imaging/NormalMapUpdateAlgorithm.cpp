@@ -42,9 +42,12 @@ QPair<AngleImage, QImage> NormalMapUpdateAlgorithm::compute(const NormalMapUpdat
         toNormalMap(m_current.surface, m_current.normals, rect);
 
     if (isFull) {
-        // Now, as the first step of the next stroke has no time for it.
-        m_older = {unsharedCopy(m_current.surface), m_current.normals.copy()};
+        m_older = {};
         m_behind = {};
+        if (params.expectsPieces) {
+            m_current.surface = unsharedCopy(m_current.surface);
+            makeOlder();
+        }
     } else if (!changed.isEmpty()) {
         m_behind = changed;
     }
@@ -55,14 +58,22 @@ void NormalMapUpdateAlgorithm::startAnew(const AngleImage &image)
 {
     m_stored = image;
     m_current = std::exchange(m_older, {});
-    m_current.surface = unsharedCopy(image);
+    // One block of cells with the document, until a piece comes.
+    m_current.surface = image;
     if (m_current.normals.size() != image.size())
         m_current.normals = flatNormalMap(image.size());
+}
+
+void NormalMapUpdateAlgorithm::makeOlder()
+{
+    m_older = {unsharedCopy(m_current.surface), m_current.normals.copy()};
 }
 
 // What is about to be written need not be brought up to date.
 void NormalMapUpdateAlgorithm::catchUp(const QRegion &region)
 {
+    if (m_older.normals.isNull())
+        makeOlder();
     for (const QRect &rect : region) {
         copyRegion(m_older.surface, {}, m_current.surface, rect);
         copyPixels(m_older.normals, m_current.normals, rect);

@@ -15,7 +15,8 @@
 ///
 /// A step costs its pieces, not the image. Shared images are copied whole when one of the sharers
 /// writes, so two generations take turns: the one last handed out stays untouched, while the older
-/// one, which nobody looks at any more, catches up and takes the new pieces.
+/// one, which nobody looks at any more, catches up and takes the new pieces. A surface that nobody
+/// paints on has one generation only, whose cells are those of the document.
 class NormalMapUpdateAlgorithm
     : public SynchronousUpdateAlgorithm<NormalMapUpdateParams, QPair<AngleImage, QImage>>
 {
@@ -34,6 +35,7 @@ private:
     };
 
     void startAnew(const AngleImage &image);
+    void makeOlder();
     void catchUp(const QRegion &region);
     void paste(const NormalMapUpdateParams &params);
 

@@ -19,6 +19,10 @@ struct NormalMapUpdateParams
     QVector<QRect> rects;
     /// Confines the pieces, not the whole surface; null for no selection.
     FloatImage mask;
+    /// Pieces are to come: the images in which they are prepared are made now, as the first step of
+    /// a stroke has no time for it. Without it they are made at the first piece and go with the
+    /// next whole surface.
+    bool expectsPieces = false;
 
     bool isFull() const { return !image.isNull() || rects.isEmpty(); }
 };

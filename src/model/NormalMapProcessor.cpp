@@ -32,6 +32,7 @@ void NormalMapProcessor::updateAll()
     params.image = m_body.surface();
     // For the pieces that may be merged into this request while it waits.
     params.mask = m_mask;
+    params.expectsPieces = m_expectsPieces;
     m_requestedSize = params.image.size();
     m_thread->requestUpdate(params);
 }
@@ -48,6 +49,14 @@ void NormalMapProcessor::setMask(const FloatImage &mask)
 {
     waitForIdle();
     m_mask = mask;
+}
+
+void NormalMapProcessor::setExpectsPieces(bool expectsPieces)
+{
+    if (expectsPieces == m_expectsPieces)
+        return;
+    m_expectsPieces = expectsPieces;
+    updateAll();
 }
 
 void NormalMapProcessor::waitForIdle()

@@ -43,6 +43,9 @@ public:
     /// Shows @p piece, of the surface's or the rectangle's size, at @p rect until the next full
     /// update. A null rectangle means the piece's whole area.
     void updateRect(const AngleImage &piece, const QRect &rect);
+    /// Whether pieces are to come: the first is then as fast as all others, at the cost of some
+    /// images more. A change starts a full update.
+    void setExpectsPieces(bool expectsPieces);
     /// Waits until idle; later pieces are confined to @p mask, null for none.
     void setMask(const FloatImage &mask);
     /// Returns when all updates are computed and published.
@@ -65,6 +68,7 @@ private:
     AngleImage m_angleImage;
     QRect m_changedArea;
     QSize m_requestedSize;
+    bool m_expectsPieces = false;
     Observation m_surfaceObservation;
     Observation m_spriteObservation;
     // Destroyed from the last to the first: the thread waits for a task that uses the algorithm.

@@ -2,6 +2,7 @@
 
 #include "imaging/FloatImage.h"
 #include "model/ItemSelectionModel.h"
+#include "model/NormalMapProcessor.h"
 #include "model/PixelSelectionModel.h"
 #include "model/Project.h"
 #include "model/properties/PropertyListT.h"
@@ -190,6 +191,10 @@ void NormalMapEditorScene::updateCurrentBody()
 {
     const QList<Body *> selected = m_bodies.selection();
     SpriteItem *item = selected.size() == 1 ? m_items->item(selected.first()) : nullptr;
+    if (SpriteItem *former = m_items->item(m_currentBody); former && former != item)
+        former->processor().setExpectsPieces(false);
+    if (item)
+        item->processor().setExpectsPieces(true);
     m_currentBody = item ? &item->body() : nullptr;
     m_pixels.setBody(m_currentBody);
     m_routing->setTarget(item);

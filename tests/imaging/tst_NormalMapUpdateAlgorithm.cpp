@@ -115,7 +115,12 @@ private Q_SLOTS:
         // 4096 pages of memory in each image.
         const AngleImage stored(4096, 1024, 3);
         NormalMapUpdateAlgorithm algorithm;
+        // A surface that nobody paints on has no cells of its own.
         Result result = algorithm.compute(full(stored));
+        QVERIFY(result.first.sharesCellsWith(stored));
+        NormalMapUpdateParams expecting = full(stored);
+        expecting.expectsPieces = true;
+        result = algorithm.compute(expecting);
         QVERIFY(!result.first.sharesCellsWith(stored));
         std::set<const void *> images;
         for (int step = 0; step < 20; ++step) {
