@@ -6,12 +6,12 @@
 //                                           that made the process grow, with its textures or
 //                                           without
 
+#include "FirstFrame.h"
 #include "base/Resources.h"
 #include "model/NormalMapProcessor.h"
 #include "model/Project.h"
 #include "preview/NormalMapEditorScene.h"
 #include "preview/SpriteItem.h"
-#include "FirstFrame.h"
 #include "ui/MainWindow.h"
 #include "ui/NormalMapEditor.h"
 #include "ui/VesperineApplication.h"
