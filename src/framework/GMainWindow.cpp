@@ -88,7 +88,11 @@ GMainWindow::GMainWindow(GSettings &settings, const DocumentType &type, QWidget 
     connect(qApp, &QApplication::focusChanged, this, &GMainWindow::returnFocus);
 }
 
-GMainWindow::~GMainWindow() = default;
+// The focus still changes while the widgets go.
+GMainWindow::~GMainWindow()
+{
+    disconnect(qApp, nullptr, this, nullptr);
+}
 
 void GMainWindow::newDocument()
 {

@@ -58,8 +58,10 @@ NormalMapEditor::NormalMapEditor(ItemSelectionModel &bodies, QWidget *parent)
 
 NormalMapEditor::~NormalMapEditor()
 {
+    // The scene uses the pixel selection, which would go before it.
     m_scene->setTool(nullptr);
-    m_scene->setProject(nullptr);
+    delete m_view;
+    delete m_scene;
 }
 
 void NormalMapEditor::setProject(Project *project)

@@ -179,25 +179,25 @@ private Q_SLOTS:
 
     void stateOfTheSprite()
     {
-        const QString path = m_folder.writeSprite(QStringLiteral("s.png"), {6000, 4});
+        const QString path = m_folder.writeSprite(QStringLiteral("s.png"), {3000, 1500});
         const Body &body = addBody(*m_project, QStringLiteral("s"), path);
         const auto text = [&](int role) {
             return m_list->model()->index(0, 0).data(role).toString();
         };
-        QCOMPARE(text(SpriteListModel::detailRole), QStringLiteral("6000 × 4 px"));
+        QCOMPARE(text(SpriteListModel::detailRole), QStringLiteral("3000 × 1500 px"));
         QVERIFY(text(SpriteListModel::statusIconRole).isEmpty());
         const auto thumbnail = [&] { return QColor(grab().pixel(32, 24)); };
         QCOMPARE(thumbnail(), QColor(Qt::blue));
-        body.paintedNormalMap().setAngleImage(AngleImage(6000, 4), QStringLiteral("x"));
+        body.paintedNormalMap().setAngleImage(AngleImage(3000, 1500), QStringLiteral("x"));
         m_folder.writeSprite(QStringLiteral("s.png"), {3, 3});
         body.loadSprite();
         QCOMPARE(text(SpriteListModel::detailRole), QStringLiteral("3 × 3 px · size changed"));
-        QVERIFY(text(Qt::ToolTipRole).contains(QStringLiteral("6000 × 4 px")));
+        QVERIFY(text(Qt::ToolTipRole).contains(QStringLiteral("3000 × 1500 px")));
         QVERIFY(QFile::remove(path));
         body.loadSprite();
-        QCOMPARE(text(SpriteListModel::detailRole), QStringLiteral("6000 × 4 px · missing"));
+        QCOMPARE(text(SpriteListModel::detailRole), QStringLiteral("3000 × 1500 px · missing"));
         QVERIFY(text(Qt::ToolTipRole).contains(path));
-        QCOMPARE(text(Qt::AccessibleTextRole), QStringLiteral("s, 6000 × 4 px · missing"));
+        QCOMPARE(text(Qt::AccessibleTextRole), QStringLiteral("s, 3000 × 1500 px · missing"));
         QVERIFY(thumbnail() != QColor(Qt::blue) && thumbnail() != QColor(Qt::red));
     }
 

@@ -16,6 +16,14 @@ PropertyEditor::PropertyEditor(QWidget *parent)
     row->setSpacing(scaled(controlSpacing));
 }
 
+// A control that has the focus ends its edit as it goes, when nobody is left to take it.
+PropertyEditor::~PropertyEditor()
+{
+    const auto children = findChildren<QObject *>();
+    for (QObject *child : children)
+        child->disconnect(this);
+}
+
 void PropertyEditor::add(QWidget &control, int stretch)
 {
     static_cast<QHBoxLayout *>(layout())->addWidget(&control, stretch);

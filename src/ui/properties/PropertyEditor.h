@@ -21,6 +21,7 @@ public:
     using Show = std::function<void(const Shown &)>;
 
     explicit PropertyEditor(QWidget *parent = nullptr);
+    ~PropertyEditor() override;
 
     /// Appends @p control. Signals of the controls are off while @p show runs.
     void add(QWidget &control, int stretch);
