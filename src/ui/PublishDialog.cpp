@@ -21,7 +21,6 @@ PublishDialog::PublishDialog(QWidget *parent)
     m_directory->setEmptyText(tr("same directory as sprite image"));
     m_directory->setDialogTitle(tr("Output directory"));
     m_directory->setLabel(tr("Output directory:"));
-    m_suffix->setTextMargins(scaled(3), 0, scaled(3), 0); // in line with the path above
     m_suffix->setAccessibleName(tr("Normal map suffix:"));
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
