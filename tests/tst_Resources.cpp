@@ -16,7 +16,8 @@ private Q_SLOTS:
         const QRegularExpression quoted(QStringLiteral("\"(://?[^\"%]+)\""));
         QStringList missing;
         int named = 0;
-        QDirIterator files(QStringLiteral(SOURCE_FOLDER), QDir::Files, QDirIterator::Subdirectories);
+        QDirIterator files(
+            QStringLiteral(SOURCE_FOLDER), QDir::Files, QDirIterator::Subdirectories);
         while (files.hasNext()) {
             QFile file(files.next());
             QVERIFY(file.open(QIODevice::ReadOnly));

@@ -66,9 +66,10 @@ void writeLit(const LitOptions &options,
               const Project &project)
 {
     const Body &body = opened.body(options.body);
-    const QString trouble = body.paintedNormalMap().isDamaged()
-                                ? QStringLiteral("its surface is damaged; give it a new one with import")
-                                : loadForLight(body);
+    const QString trouble =
+        body.paintedNormalMap().isDamaged()
+            ? QStringLiteral("its surface is damaged; give it a new one with import")
+            : loadForLight(body);
     if (!trouble.isEmpty())
         throw Error(QStringLiteral("'%1' can't be lit: %2").arg(body.name().value(), trouble));
     const QVector3D place = lamp.above(project.lightHeight().value());

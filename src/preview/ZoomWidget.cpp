@@ -68,7 +68,6 @@ ZoomWidget::ZoomWidget(QWidget *parent)
     , m_oneToOne(new GAction(zoomIcon(QStringLiteral("one")), tr("Zoom 1:1"), this))
     , m_fit(new GAction(zoomIcon(QStringLiteral("fit")), tr("Zoom Fit"), this))
 {
-    setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Preferred);
     setToolTip(zoomToolTip());
     auto *label = new QLabel(tr("Zoom:"), this);
     label->setBuddy(m_edit);
