@@ -119,12 +119,14 @@ bool GMainWindow::openPath(const QString &path)
 
 bool GMainWindow::save()
 {
+    finishEditing();
     const QString path = documentPath();
     return path.isEmpty() ? saveAs() : finishSaving(storeDocument(path));
 }
 
 bool GMainWindow::saveAs()
 {
+    finishEditing();
     const QString path = chooseSavePath();
     return !path.isEmpty() && finishSaving(storeDocument(path));
 }
@@ -146,8 +148,20 @@ void GMainWindow::rememberDocument()
     m_settings.setValue(folderKey(), QFileInfo(path).absolutePath());
 }
 
+// What is still being typed counts when the focus leaves; keys and drops leave it where it is.
+void GMainWindow::finishEditing()
+{
+    const QPointer<QWidget> editor = focusWidget();
+    if (!editor || !editor->hasFocus())
+        return;
+    editor->clearFocus();
+    if (editor && editor->isVisible())
+        editor->setFocus(Qt::OtherFocusReason);
+}
+
 bool GMainWindow::mayReplaceDocument()
 {
+    finishEditing();
     if (!isDocumentModified())
         return true;
     QMessageBox box(QMessageBox::Warning,

@@ -93,6 +93,7 @@ private:
     /// True when the document may go: unchanged, saved, or given up by the user.
     bool mayReplaceDocument();
     QString documentName() const;
+    void finishEditing();
     QString chooseSavePath();
     bool mayOverwrite(const QString &path);
     bool finishSaving(bool isStored);

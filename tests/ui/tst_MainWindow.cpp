@@ -217,6 +217,28 @@ private Q_SLOTS:
         QVERIFY(recent->actions().first()->text().contains("game.vep"_s));
     }
 
+    void whatIsBeingTypedIsSavedOrAskedFor()
+    {
+        addSprites({"a.png"_s});
+        DialogScript script;
+        script.then(DialogScript::chooseFile(m_folder.path("p.vep"_s)));
+        trigger("Save As..."_s);
+        const auto typeName = [this](const QString &name) {
+            clickRow(0);
+            QTest::keyClick(m_window->findChild<ShapeTreeView *>(), Qt::Key_F2);
+            QTest::keyClicks(QApplication::focusWidget(), name);
+        };
+        typeName("moon"_s);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_S, Qt::ControlModifier);
+        QCOMPARE(names(), QStringList{"moon"_s});
+        QVERIFY(!m_window->isDocumentModified());
+        typeName("star"_s);
+        script.then(DialogScript::click("Cancel"_s));
+        QVERIFY(!m_window->close());
+        QVERIFY(script.isDone());
+        QCOMPARE(names(), QStringList{"star"_s});
+    }
+
     void projectsOfTheFormerFormatAreSavedAnew()
     {
         const QString obsolete = m_folder.path("old.vex"_s);
