@@ -192,7 +192,7 @@ QString GMainWindow::chooseSavePath()
     while (true) {
         QString path =
             QFileDialog::getSaveFileName(this, tr("Save As"), proposal, m_type.saveFilter);
-        if (path.isEmpty() || !QFileInfo(path).suffix().isEmpty())
+        if (path.isEmpty() || isDocumentSuffix(QFileInfo(path).suffix()))
             return path;
         // The file dialog has asked about the name as it was typed, not about this one.
         path += (path.endsWith(QLatin1Char('.')) ? QString() : QStringLiteral(".")) + m_type.suffix;
@@ -200,6 +200,15 @@ QString GMainWindow::chooseSavePath()
             return path;
         proposal = path;
     }
+}
+
+// Any other is a part of the name, as in "level 1.5".
+bool GMainWindow::isDocumentSuffix(const QString &suffix) const
+{
+    const QStringList patterns = m_type.openFilter.section(QLatin1Char('('), -1)
+                                     .section(QLatin1Char(')'), 0, 0)
+                                     .split(QLatin1Char(' '));
+    return patterns.contains(QLatin1String("*.") + suffix, Qt::CaseInsensitive);
 }
 
 bool GMainWindow::mayOverwrite(const QString &path)

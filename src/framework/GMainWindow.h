@@ -95,6 +95,7 @@ private:
     QString documentName() const;
     void finishEditing();
     QString chooseSavePath();
+    bool isDocumentSuffix(const QString &suffix) const;
     bool mayOverwrite(const QString &path);
     bool finishSaving(bool isStored);
     void rememberDocument();
