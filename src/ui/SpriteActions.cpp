@@ -80,8 +80,23 @@ void SpriteActions::add(const QStringList &paths)
     }
     Q_EMIT bodiesChanged();
     if (!failure.isEmpty())
-        QMessageBox::warning(m_window, tr("Error"), failure);
+        showFailure(failure);
     m_prompts.showTold();
+}
+
+// A box of some hundred lines would reach beyond the screen.
+void SpriteActions::showFailure(const QString &failure)
+{
+    constexpr int shownLines = 12;
+    const QStringList lines = failure.split(QLatin1Char('\n'));
+    QMessageBox box(QMessageBox::Warning, tr("Error"), failure, QMessageBox::Ok, m_window);
+    box.setTextFormat(Qt::PlainText);
+    if (const int more = lines.size() - shownLines; more > 0) {
+        box.setText(lines.mid(0, shownLines).join(QLatin1Char('\n')) + QLatin1Char('\n') +
+                    tr("and %1 more").arg(more));
+        box.setDetailedText(failure);
+    }
+    box.exec();
 }
 
 void SpriteActions::remove()
