@@ -314,6 +314,10 @@ private Q_SLOTS:
         QVERIFY(proposed.endsWith("hero_lit.png"_s));
         QCOMPARE(QImage(m_folder.path("hero_lit.png"_s)).size(), QSize(16, 16));
 
+        script.then(DialogScript::chooseFile(m_folder.path("named"_s)));
+        trigger("Export lit sprite"_s);
+        QVERIFY(QFile::exists(m_folder.path("named.png"_s)));
+
         script.then(DialogScript::chooseFile(m_folder.path("lit.unknown"_s)))
             .then(DialogScript::click("Close"_s));
         trigger("Export lit sprite"_s);
