@@ -122,9 +122,9 @@ void MainWindow::placePanels()
     m_editor->setToolsSidebar(*m_tools);
     m_editor->setZoomWidget(*m_zoom);
 
-    statusBar()->setStyleSheet(
-        QStringLiteral("QLabel { color: #202024; }"
-                       "QStatusBar { border-top: 1px solid palette(shadow); background: #dddddd; };"));
+    statusBar()->setStyleSheet(QStringLiteral(
+        "QStatusBar, QLabel { color: #202024; }"
+        "QStatusBar { border-top: 1px solid palette(shadow); background: #dddddd; };"));
     m_pointed->setObjectName(QStringLiteral("pointedPixel"));
     statusBar()->addPermanentWidget(m_pointed);
     statusBar()->addPermanentWidget(m_zoom);
