@@ -126,6 +126,7 @@ void MainWindow::placePanels()
         "QStatusBar, QLabel { color: #202024; }"
         "QStatusBar { border-top: 1px solid palette(shadow); background: #dddddd; };"));
     m_pointed->setObjectName(QStringLiteral("pointedPixel"));
+    m_pointed->setTextFormat(Qt::PlainText);
     statusBar()->addPermanentWidget(m_pointed);
     statusBar()->addPermanentWidget(m_zoom);
 }
@@ -348,15 +349,17 @@ void MainWindow::showPointedPixel(const PointedPixel &pixel)
         m_pointed->clear();
         return;
     }
-    m_pointed->setText(tr("%1   x %2  y %3   slope %4, %5   normal %6 %7 %8")
-                           .arg(pixel.body->name().value())
-                           .arg(pixel.pixel.x())
-                           .arg(pixel.pixel.y())
-                           .arg(pixel.slope.x(), 0, 'f', 2)
-                           .arg(pixel.slope.y(), 0, 'f', 2)
-                           .arg(pixel.normal.red())
-                           .arg(pixel.normal.green())
-                           .arg(pixel.normal.blue()));
+    // A name may hold what looks like a placeholder, and be longer than the window is wide.
+    const QString name = m_pointed->fontMetrics().elidedText(
+        pixel.body->name().value(), Qt::ElideMiddle, scaled(200));
+    m_pointed->setText(name + tr("   x %1  y %2   slope %3, %4   normal %5 %6 %7")
+                                  .arg(pixel.pixel.x())
+                                  .arg(pixel.pixel.y())
+                                  .arg(pixel.slope.x(), 0, 'f', 2)
+                                  .arg(pixel.slope.y(), 0, 'f', 2)
+                                  .arg(pixel.normal.red())
+                                  .arg(pixel.normal.green())
+                                  .arg(pixel.normal.blue()));
 }
 
 void MainWindow::showPreferences()
