@@ -334,12 +334,12 @@ void MainWindow::openOrAdd(const QStringList &paths)
 void MainWindow::dragEnterEvent(QDragEnterEvent *event)
 {
     if (!droppedPaths(*event->mimeData()).isEmpty())
-        event->acceptProposedAction();
+        acceptCopy(*event);
 }
 
 void MainWindow::dropEvent(QDropEvent *event)
 {
-    event->acceptProposedAction();
+    acceptCopy(*event);
     openOrAdd(droppedPaths(*event->mimeData()));
 }
 

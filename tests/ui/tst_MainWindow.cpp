@@ -457,8 +457,10 @@ private:
         QDragEnterEvent enter({50, 50}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
         QCoreApplication::sendEvent(editor, &enter);
         QVERIFY(enter.isAccepted());
-        QDropEvent event({50, 50}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QDropEvent event(
+            {50, 50}, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, Qt::ShiftModifier);
         QCoreApplication::sendEvent(editor, &event);
+        QCOMPARE(event.dropAction(), Qt::CopyAction); // else the sprites' files would go
     }
 
     void addSprites(const QStringList &fileNames)
