@@ -186,8 +186,12 @@ private Q_SLOTS:
         };
         QCOMPARE(text(SpriteListModel::detailRole), QStringLiteral("6000 × 4 px"));
         QVERIFY(text(SpriteListModel::statusIconRole).isEmpty());
-        const auto thumbnail = [&] { return QColor(grab().pixel(32, 24)); };
-        QCOMPARE(thumbnail(), QColor(Qt::blue));
+        // Where the middle of the row lies depends on the screen's resolution.
+        const auto shows = [&](const QColor &color) {
+            const QImage list = grab();
+            return (QColor(list.pixel(32, 23)) == color) || (QColor(list.pixel(32, 24)) == color);
+        };
+        QVERIFY(shows(Qt::blue));
         body.paintedNormalMap().setAngleImage(AngleImage(6000, 4), QStringLiteral("x"));
         m_folder.writeSprite(QStringLiteral("s.png"), {3, 3});
         body.loadSprite();
@@ -198,7 +202,7 @@ private Q_SLOTS:
         QCOMPARE(text(SpriteListModel::detailRole), QStringLiteral("6000 × 4 px · missing"));
         QVERIFY(text(Qt::ToolTipRole).contains(path));
         QCOMPARE(text(Qt::AccessibleTextRole), QStringLiteral("s, 6000 × 4 px · missing"));
-        QVERIFY(thumbnail() != QColor(Qt::blue) && thumbnail() != QColor(Qt::red));
+        QVERIFY(!shows(Qt::blue) && !shows(Qt::red));
     }
 
     void theEmptyListTellsWhatToDo()
