@@ -71,6 +71,7 @@ void SpriteActions::chooseAndAdd()
 
 void SpriteActions::add(const QStringList &paths)
 {
+    const bool wasEmpty = m_controller.project().bodies().all().isEmpty();
     QString failure;
     try {
         const PromptedTask task(m_prompts, tr("Adding sprites"), true);
@@ -78,6 +79,9 @@ void SpriteActions::add(const QStringList &paths)
     } catch (const Error &error) {
         failure = error.message();
     }
+    // The zoom was that of the start screen.
+    if (wasEmpty)
+        m_editor.zoomToFit();
     Q_EMIT bodiesChanged();
     if (!failure.isEmpty())
         showFailure(failure);
