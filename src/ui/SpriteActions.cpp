@@ -54,9 +54,7 @@ SpriteActions::SpriteActions(ProjectController &controller,
 
 void SpriteActions::update()
 {
-    const int selected = m_controller.selection().selection().size();
-    m_remove->setEnabled(selected > 0);
-    m_rename->setEnabled(selected == 1);
+    m_rename->setEnabled(m_controller.selection().selection().size() == 1);
 }
 
 void SpriteActions::chooseAndAdd()

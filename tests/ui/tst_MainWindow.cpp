@@ -67,7 +67,7 @@ private Q_SLOTS:
 
     void cleanup() { m_window.reset(); }
 
-    void startsEmptyWithEverythingThatNeedsASpriteDisabled()
+    void startsEmptyWithNothingToExport()
     {
         QCOMPARE(enabled({"Export normals"_s,
                           "Export normals as..."_s,
@@ -75,7 +75,7 @@ private Q_SLOTS:
                           "Remove sprites"_s,
                           "Undo"_s,
                           "Save As..."_s}),
-                 (QVector<bool>{false, false, false, false, false, true}));
+                 (QVector<bool>{false, false, false, true, false, true}));
         const auto menus = m_window->menuBar()->actions();
         QStringList titles;
         for (const QAction *menu : menus)
