@@ -377,6 +377,20 @@ private Q_SLOTS:
         QVERIFY(m_window->isDocumentModified());
     }
 
+    void tabFollowsTheEyeThroughPanelsMadeAnew()
+    {
+        addSprites({"a.png"_s, "b.png"_s});
+        clickRow(1);
+        QStringList names;
+        for (int i = 0; i < 12; ++i) {
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+            names.append(QApplication::focusWidget()->accessibleName());
+        }
+        QCOMPARE(names.join(QLatin1Char(',')),
+                 "Name,Image,Choose Image,Texture,Lit surface,Lit texture,Normal map,"
+                 "Z position,Brightness,Light color,Ambient light,"_s);
+    }
+
     void everyFocusableWidgetHasAName()
     {
         addSprites({"a.png"_s});
