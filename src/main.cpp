@@ -11,8 +11,8 @@ int main(int argc, char **argv)
     initialiseResources();
     VesperineApplication::prepare();
     // The application object would abort without a display.
-    if (const QString problem = GApplication::missingDisplay(); !problem.isEmpty()) {
-        std::fprintf(stderr, "%s; vesperine-cli works without one\n", qPrintable(problem));
+    if (const QString problem = GApplication::missingDisplay(argc, argv); !problem.isEmpty()) {
+        std::fprintf(stderr, "%s vesperine-cli works without one.\n", qPrintable(problem));
         return 1;
     }
     VesperineApplication application(argc, argv);

@@ -123,12 +123,14 @@ bool GMainWindow::openPath(const QString &path)
 
 bool GMainWindow::save()
 {
+    finishEditing();
     const QString path = documentPath();
     return path.isEmpty() ? saveAs() : finishSaving(storeDocument(path));
 }
 
 bool GMainWindow::saveAs()
 {
+    finishEditing();
     const QString path = chooseSavePath();
     return !path.isEmpty() && finishSaving(storeDocument(path));
 }
@@ -150,8 +152,20 @@ void GMainWindow::rememberDocument()
     m_settings.setValue(folderKey(), QFileInfo(path).absolutePath());
 }
 
+// What is still being typed counts when the focus leaves; keys and drops leave it where it is.
+void GMainWindow::finishEditing()
+{
+    const QPointer<QWidget> editor = focusWidget();
+    if (!editor || !editor->hasFocus())
+        return;
+    editor->clearFocus();
+    if (editor && editor->isVisible())
+        editor->setFocus(Qt::OtherFocusReason);
+}
+
 bool GMainWindow::mayReplaceDocument()
 {
+    finishEditing();
     if (!isDocumentModified())
         return true;
     QMessageBox box(QMessageBox::Warning,
@@ -182,7 +196,7 @@ QString GMainWindow::chooseSavePath()
     while (true) {
         QString path =
             QFileDialog::getSaveFileName(this, tr("Save As"), proposal, m_type.saveFilter);
-        if (path.isEmpty() || !QFileInfo(path).suffix().isEmpty())
+        if (path.isEmpty() || isDocumentSuffix(QFileInfo(path).suffix()))
             return path;
         // The file dialog has asked about the name as it was typed, not about this one.
         path += (path.endsWith(QLatin1Char('.')) ? QString() : QStringLiteral(".")) + m_type.suffix;
@@ -190,6 +204,15 @@ QString GMainWindow::chooseSavePath()
             return path;
         proposal = path;
     }
+}
+
+// Any other is a part of the name, as in "level 1.5".
+bool GMainWindow::isDocumentSuffix(const QString &suffix) const
+{
+    const QStringList patterns = m_type.openFilter.section(QLatin1Char('('), -1)
+                                     .section(QLatin1Char(')'), 0, 0)
+                                     .split(QLatin1Char(' '));
+    return patterns.contains(QLatin1String("*.") + suffix, Qt::CaseInsensitive);
 }
 
 bool GMainWindow::mayOverwrite(const QString &path)

@@ -93,7 +93,9 @@ private:
     /// True when the document may go: unchanged, saved, or given up by the user.
     bool mayReplaceDocument();
     QString documentName() const;
+    void finishEditing();
     QString chooseSavePath();
+    bool isDocumentSuffix(const QString &suffix) const;
     bool mayOverwrite(const QString &path);
     bool finishSaving(bool isStored);
     void rememberDocument();

@@ -86,8 +86,10 @@ void GPathEdit::dragEnterEvent(QDragEnterEvent *event)
 
 void GPathEdit::dropEvent(QDropEvent *event)
 {
+    // A source that moves files would delete them after the drop.
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
     m_line->commit(QDir::toNativeSeparators(fittingPath(*event->mimeData())));
-    event->acceptProposedAction();
 }
 
 // Not before it is needed: the model watches folders on a thread of its own.

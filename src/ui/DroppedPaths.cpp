@@ -1,5 +1,6 @@
 #include "ui/DroppedPaths.h"
 
+#include <QDropEvent>
 #include <QMimeData>
 #include <QUrl>
 
@@ -12,4 +13,10 @@ QStringList droppedPaths(const QMimeData &data)
             paths.append(url.toLocalFile());
     }
     return paths;
+}
+
+void acceptCopy(QDropEvent &event)
+{
+    event.setDropAction(Qt::CopyAction);
+    event.accept();
 }

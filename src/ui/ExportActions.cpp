@@ -112,17 +112,26 @@ void ExportActions::runExport()
     box.exec();
 }
 
+QString ExportActions::chooseLitPath(const QString &proposal)
+{
+    QFileDialog dialog(
+        m_window, tr("Save lit sprite"), proposal, tr("Images (*.png *.jpg *.jpeg)"));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.selectFile(proposal);
+    // Of a name that is typed without one; the dialog asks about the file that is written then.
+    const QString suffix = QFileInfo(proposal).suffix();
+    dialog.setDefaultSuffix(suffix.isEmpty() ? QStringLiteral("png") : suffix);
+    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+}
+
 void ExportActions::runLitExport()
 {
     const auto selected = m_controller.selection().selection();
     if (selected.size() != 1)
         return;
     const GFileName sprite = selected.first()->sprite().filename().value();
-    const QString path = QFileDialog::getSaveFileName(
-        m_window,
-        tr("Save lit sprite"),
-        proposedLitPath(sprite, m_controller.imagePath(litSpriteKey())),
-        tr("Images (*.png *.jpg *.jpeg)"));
+    const QString path =
+        chooseLitPath(proposedLitPath(sprite, m_controller.imagePath(litSpriteKey())));
     if (path.isEmpty())
         return;
     // Beside its sprite is where a lit copy goes unless the user has another place for them.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QObject>
+#include <QString>
 
 class GAction;
 class NormalMapEditor;
@@ -31,6 +32,7 @@ private:
     void runExportAs();
     void runLitExport();
     bool runPublishDialog();
+    QString chooseLitPath(const QString &proposal);
 
     ProjectController &m_controller;
     WindowPrompts &m_prompts;

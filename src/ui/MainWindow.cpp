@@ -123,9 +123,10 @@ void MainWindow::placePanels()
     m_editor->setZoomWidget(*m_zoom);
 
     statusBar()->setStyleSheet(QStringLiteral(
-        "QLabel { color: #202024; }"
+        "QStatusBar, QLabel { color: #202024; }"
         "QStatusBar { border-top: 1px solid palette(shadow); background: #dddddd; };"));
     m_pointed->setObjectName(QStringLiteral("pointedPixel"));
+    m_pointed->setTextFormat(Qt::PlainText);
     m_pointed->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     statusBar()->addPermanentWidget(m_pointed);
     statusBar()->addPermanentWidget(m_zoom);
@@ -334,12 +335,12 @@ void MainWindow::openOrAdd(const QStringList &paths)
 void MainWindow::dragEnterEvent(QDragEnterEvent *event)
 {
     if (!droppedPaths(*event->mimeData()).isEmpty())
-        event->acceptProposedAction();
+        acceptCopy(*event);
 }
 
 void MainWindow::dropEvent(QDropEvent *event)
 {
-    event->acceptProposedAction();
+    acceptCopy(*event);
     openOrAdd(droppedPaths(*event->mimeData()));
 }
 
@@ -349,15 +350,17 @@ void MainWindow::showPointedPixel(const PointedPixel &pixel)
         m_pointed->clear();
         return;
     }
-    m_pointed->setText(tr("%1   x %2  y %3   slope %4, %5   normal %6 %7 %8")
-                           .arg(pixel.body->name().value())
-                           .arg(pixel.pixel.x())
-                           .arg(pixel.pixel.y())
-                           .arg(pixel.slope.x(), 0, 'f', 2)
-                           .arg(pixel.slope.y(), 0, 'f', 2)
-                           .arg(pixel.normal.red())
-                           .arg(pixel.normal.green())
-                           .arg(pixel.normal.blue()));
+    // A name may hold what looks like a placeholder, and be longer than the window is wide.
+    const QString name = m_pointed->fontMetrics().elidedText(
+        pixel.body->name().value(), Qt::ElideMiddle, scaled(200));
+    m_pointed->setText(name + tr("   x %1  y %2   slope %3, %4   normal %5 %6 %7")
+                                  .arg(pixel.pixel.x())
+                                  .arg(pixel.pixel.y())
+                                  .arg(pixel.slope.x(), 0, 'f', 2)
+                                  .arg(pixel.slope.y(), 0, 'f', 2)
+                                  .arg(pixel.normal.red())
+                                  .arg(pixel.normal.green())
+                                  .arg(pixel.normal.blue()));
 }
 
 void MainWindow::showPreferences()

@@ -150,11 +150,11 @@ void NormalMapEditor::invertSelection()
 void NormalMapEditor::dragEnterEvent(QDragEnterEvent *event)
 {
     if (!droppedPaths(*event->mimeData()).isEmpty())
-        event->acceptProposedAction();
+        acceptCopy(*event);
 }
 
 void NormalMapEditor::dropEvent(QDropEvent *event)
 {
-    event->acceptProposedAction();
+    acceptCopy(*event);
     Q_EMIT pathsDropped(droppedPaths(*event->mimeData()));
 }

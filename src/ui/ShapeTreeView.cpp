@@ -16,13 +16,6 @@
 #include <algorithm>
 
 namespace {
-// A source that moves files would delete them after the drop.
-void acceptCopy(QDropEvent &event)
-{
-    event.setDropAction(Qt::CopyAction);
-    event.accept();
-}
-
 // As few ranges as do: each costs time in every question to the view.
 QItemSelection rangesOf(const SpriteListModel &model, const QList<Body *> &bodies)
 {

@@ -54,9 +54,7 @@ SpriteActions::SpriteActions(ProjectController &controller,
 
 void SpriteActions::update()
 {
-    const int selected = m_controller.selection().selection().size();
-    m_remove->setEnabled(selected > 0);
-    m_rename->setEnabled(selected == 1);
+    m_rename->setEnabled(m_controller.selection().selection().size() == 1);
 }
 
 void SpriteActions::chooseAndAdd()
@@ -71,6 +69,7 @@ void SpriteActions::chooseAndAdd()
 
 void SpriteActions::add(const QStringList &paths)
 {
+    const bool wasEmpty = m_controller.project().bodies().all().isEmpty();
     QString failure;
     try {
         const PromptedTask task(m_prompts, tr("Adding sprites"), true);
@@ -78,10 +77,28 @@ void SpriteActions::add(const QStringList &paths)
     } catch (const Error &error) {
         failure = error.message();
     }
+    // The zoom was that of the start screen.
+    if (wasEmpty)
+        m_editor.zoomToFit();
     Q_EMIT bodiesChanged();
     if (!failure.isEmpty())
-        QMessageBox::warning(m_window, tr("Error"), failure);
+        showFailure(failure);
     m_prompts.showTold();
+}
+
+// A box of some hundred lines would reach beyond the screen.
+void SpriteActions::showFailure(const QString &failure)
+{
+    constexpr int shownLines = 12;
+    const QStringList lines = failure.split(QLatin1Char('\n'));
+    QMessageBox box(QMessageBox::Warning, tr("Error"), failure, QMessageBox::Ok, m_window);
+    box.setTextFormat(Qt::PlainText);
+    if (const int more = lines.size() - shownLines; more > 0) {
+        box.setText(lines.mid(0, shownLines).join(QLatin1Char('\n')) + QLatin1Char('\n') +
+                    tr("and %1 more").arg(more));
+        box.setDetailedText(failure);
+    }
+    box.exec();
 }
 
 void SpriteActions::remove()

@@ -38,6 +38,7 @@ Q_SIGNALS:
 
 private:
     void chooseAndAdd();
+    void showFailure(const QString &failure);
     void remove();
     void runSelectAll();
 

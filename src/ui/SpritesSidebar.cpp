@@ -1,6 +1,7 @@
 #include "ui/SpritesSidebar.h"
 
 #include "framework/ControlSizes.h"
+#include "framework/EditorKeys.h"
 #include "framework/GAction.h"
 #include "framework/ThemedIcon.h"
 #include "framework/UiScale.h"
@@ -206,6 +207,9 @@ QWidget *SpritesSidebar::createNormalMapPanel()
     slider->setAccessibleName(label->text());
     slider->setToolTip(tr("How much of the texture is seen over the normal map"));
     label->setBuddy(slider);
+    auto *keys = new EditorKeys(
+        *slider, [] {}, [] { return false; }, slider);
+    keys->watch(*slider);
     connect(slider, &QSlider::valueChanged, this, [this](int percent) {
         Q_EMIT textureOverlayChanged(percent / 100.0);
     });

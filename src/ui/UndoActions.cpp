@@ -45,8 +45,8 @@ void UndoActions::setStack(GUndoStack &stack)
     m_undo->setShortcuts(QKeySequence::Undo);
     m_redo->setShortcuts(QKeySequence::Redo);
 
-    m_undoButton->disconnect();
-    m_redoButton->disconnect();
+    disconnect(m_undoButton, &QAction::triggered, nullptr, nullptr);
+    disconnect(m_redoButton, &QAction::triggered, nullptr, nullptr);
     connect(m_undoButton, &QAction::triggered, &stack, &QUndoStack::undo);
     connect(m_redoButton, &QAction::triggered, &stack, &QUndoStack::redo);
     connect(&stack, &QUndoStack::canUndoChanged, m_undoButton, &QAction::setEnabled);

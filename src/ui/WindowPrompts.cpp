@@ -2,8 +2,38 @@
 
 #include "ui/ListDialog.h"
 
+#include <QCloseEvent>
 #include <QFileDialog>
 #include <QProgressDialog>
+
+namespace {
+/// Stays when it has no button to cancel by: the window below must not be used meanwhile.
+class ProgressDialog : public QProgressDialog
+{
+public:
+    using QProgressDialog::QProgressDialog;
+
+    void setCancellable(bool isCancellable) { m_isCancellable = isCancellable; }
+
+    void reject() override
+    {
+        if (m_isCancellable)
+            QProgressDialog::reject();
+    }
+
+protected:
+    void closeEvent(QCloseEvent *event) override
+    {
+        if (m_isCancellable)
+            QProgressDialog::closeEvent(event);
+        else
+            event->ignore();
+    }
+
+private:
+    bool m_isCancellable = true;
+};
+} // namespace
 
 WindowPrompts::WindowPrompts(QWidget &window)
     : m_window(window)
@@ -91,8 +121,10 @@ bool WindowPrompts::showProgress(int done, int total)
 {
     constexpr int patience = 300; // milliseconds
     if (!m_progress) {
-        m_progress = new QProgressDialog(
+        auto *dialog = new ProgressDialog(
             m_task, m_canBeCancelled ? tr("Cancel") : QString(), 0, total, &m_window);
+        dialog->setCancellable(m_canBeCancelled);
+        m_progress = dialog;
         m_progress->setWindowTitle(QCoreApplication::applicationName());
         m_progress->setWindowModality(Qt::WindowModal);
         m_progress->setMinimumDuration(patience);

@@ -34,7 +34,7 @@ class FakeWindow : public GMainWindow
 public:
     explicit FakeWindow(GSettings &settings)
         : GMainWindow(settings,
-                      {QStringLiteral("Documents (*.doc)"),
+                      {QStringLiteral("Documents (*.doc *.old)"),
                        QStringLiteral("Documents (*.doc)"),
                        QStringLiteral("doc"),
                        QStringLiteral("Untitled")})
@@ -278,8 +278,10 @@ void TestGMainWindow::savesUnderChosenName_data()
     QTest::addColumn<QString>("saved");
     QTest::newRow("suffix is added")
         << QStringLiteral("hero") << Steps() << QStringLiteral("hero.doc");
-    QTest::newRow("another suffix stays")
+    QTest::newRow("former suffix stays")
         << QStringLiteral("hero.old") << Steps() << QStringLiteral("hero.old");
+    QTest::newRow("suffix of another kind is a part of the name")
+        << QStringLiteral("hero 1.5") << Steps() << QStringLiteral("hero 1.5.doc");
     QTest::newRow("existing name with suffix is replaced")
         << QStringLiteral("there") << Steps{replace} << QStringLiteral("there.doc");
     QTest::newRow("refused, another one is chosen")

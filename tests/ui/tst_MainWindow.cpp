@@ -71,7 +71,7 @@ private Q_SLOTS:
 
     void cleanup() { m_window.reset(); }
 
-    void startsEmptyWithEverythingThatNeedsASpriteDisabled()
+    void startsEmptyWithNothingToExport()
     {
         QCOMPARE(enabled({"Export normals"_s,
                           "Export normals as..."_s,
@@ -79,7 +79,7 @@ private Q_SLOTS:
                           "Remove sprites"_s,
                           "Undo"_s,
                           "Save As..."_s}),
-                 (QVector<bool>{false, false, false, false, false, true}));
+                 (QVector<bool>{false, false, false, true, false, true}));
         const auto menus = m_window->menuBar()->actions();
         QStringList titles;
         for (const QAction *menu : menus)
@@ -221,6 +221,28 @@ private Q_SLOTS:
         QVERIFY(recent->actions().first()->text().contains("game.vep"_s));
     }
 
+    void whatIsBeingTypedIsSavedOrAskedFor()
+    {
+        addSprites({"a.png"_s});
+        DialogScript script;
+        script.then(DialogScript::chooseFile(m_folder.path("p.vep"_s)));
+        trigger("Save As..."_s);
+        const auto typeName = [this](const QString &name) {
+            clickRow(0);
+            QTest::keyClick(m_window->findChild<ShapeTreeView *>(), Qt::Key_F2);
+            QTest::keyClicks(QApplication::focusWidget(), name);
+        };
+        typeName("moon"_s);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_S, Qt::ControlModifier);
+        QCOMPARE(names(), QStringList{"moon"_s});
+        QVERIFY(!m_window->isDocumentModified());
+        typeName("star"_s);
+        script.then(DialogScript::click("Cancel"_s));
+        QVERIFY(!m_window->close());
+        QVERIFY(script.isDone());
+        QCOMPARE(names(), QStringList{"star"_s});
+    }
+
     void projectsOfTheFormerFormatAreSavedAnew()
     {
         const QString obsolete = m_folder.path("old.vex"_s);
@@ -296,6 +318,10 @@ private Q_SLOTS:
         QVERIFY(proposed.endsWith("hero_lit.png"_s));
         QCOMPARE(QImage(m_folder.path("hero_lit.png"_s)).size(), QSize(16, 16));
 
+        script.then(DialogScript::chooseFile(m_folder.path("named"_s)));
+        trigger("Export lit sprite"_s);
+        QVERIFY(QFile::exists(m_folder.path("named.png"_s)));
+
         script.then(DialogScript::chooseFile(m_folder.path("lit.unknown"_s)))
             .then(DialogScript::click("Close"_s));
         trigger("Export lit sprite"_s);
@@ -353,6 +379,20 @@ private Q_SLOTS:
         QCOMPARE(names(), (QStringList{"moved"_s, "grown"_s}));
         QCOMPARE(body(1).paintedSize(), QSize(40, 30));
         QVERIFY(m_window->isDocumentModified());
+    }
+
+    void tabFollowsTheEyeThroughPanelsMadeAnew()
+    {
+        addSprites({"a.png"_s, "b.png"_s});
+        clickRow(1);
+        QStringList names;
+        for (int i = 0; i < 12; ++i) {
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+            names.append(QApplication::focusWidget()->accessibleName());
+        }
+        QCOMPARE(names.join(QLatin1Char(',')),
+                 "Name,Image,Choose Image,Texture,Lit surface,Lit texture,Normal map,"
+                 "Z position,Brightness,Light color,Ambient light,"_s);
     }
 
     void everythingIsNamedAndReadable_data()
@@ -499,8 +539,10 @@ private:
         QDragEnterEvent enter({50, 50}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
         QCoreApplication::sendEvent(editor, &enter);
         QVERIFY(enter.isAccepted());
-        QDropEvent event({50, 50}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QDropEvent event(
+            {50, 50}, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, Qt::ShiftModifier);
         QCoreApplication::sendEvent(editor, &event);
+        QCOMPARE(event.dropAction(), Qt::CopyAction); // else the sprites' files would go
     }
 
     void addSprites(const QStringList &fileNames)

@@ -10,6 +10,29 @@
 #include <QLabel>
 #include <QVBoxLayout>
 
+namespace {
+/// Lets @p widgets follow @p first in the tab order, where new widgets come last in the window. The
+/// toolkit moves only what takes the focus itself, and loses its way among focus proxies; none of
+/// them may have the focus.
+void placeInTabOrder(QWidget *first, const QList<QWidget *> &widgets)
+{
+    const auto chain = QList<QWidget *>{first} + widgets;
+    QVector<QPair<Qt::FocusPolicy, QWidget *>> kept;
+    for (QWidget *widget : chain) {
+        kept.append({widget->focusPolicy(), widget->focusProxy()});
+        widget->setFocusProxy(nullptr);
+    }
+    for (QWidget *widget : chain)
+        widget->setFocusPolicy(Qt::TabFocus);
+    for (int i = 0; i + 1 < chain.size(); ++i)
+        QWidget::setTabOrder(chain[i], chain[i + 1]);
+    for (int i = 0; i < chain.size(); ++i)
+        chain[i]->setFocusPolicy(kept[i].first);
+    for (int i = 0; i < chain.size(); ++i)
+        chain[i]->setFocusProxy(kept[i].second);
+}
+} // namespace
+
 PropertyStructEdit::PropertyStructEdit(QWidget *parent)
     : QWidget(parent)
     , m_model(new PropertyTreeModel(this))
@@ -27,6 +50,7 @@ void PropertyStructEdit::setStructs(const QVector<PropertyStruct *> &structs,
     clear();
     m_model->setStructs(structs, keyPart);
     addRows({});
+    placeInTabOrder(this, m_content->findChildren<QWidget *>());
     m_content->show();
 }
 
