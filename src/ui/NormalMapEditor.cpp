@@ -58,8 +58,8 @@ NormalMapEditor::NormalMapEditor(ItemSelectionModel &bodies, QWidget *parent)
 
 NormalMapEditor::~NormalMapEditor()
 {
-    m_scene->setTool(nullptr);
-    m_scene->setProject(nullptr);
+    // It borrows the pixel selection, which goes before a child does.
+    delete m_scene;
 }
 
 void NormalMapEditor::setProject(Project *project)
