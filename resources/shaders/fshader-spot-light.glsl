@@ -36,7 +36,9 @@ vec4 lit(vec4 surface, vec3 normal)
     vec3 towardsLight = LightPos - v_position;
     float distanceToLight = length(towardsLight); // nothing fades with it
     vec3 ambient = AmbientColor.rgb * AmbientColor.a;
-    float cosine = max(dot(normal, normalize(towardsLight)), 0.0);
+    // A lamp in the pixel's very centre shines from nowhere.
+    vec3 direction = distanceToLight > 0.0 ? normalize(towardsLight) : vec3(0.0);
+    float cosine = max(dot(normal, direction), 0.0);
     vec3 light = LightColor.rgb * LightColor.a * cosine;
     return vec4(surface.rgb * (ambient + light * Brightness), surface.a);
 }
@@ -50,10 +52,11 @@ vec2 reachOfOutlines()
 }
 
 // There the texel has its own value, however the texture is filtered. What lies on a border belongs
-// to the texel after it, also when rounding puts it just before.
+// to the texel after it, also when rounding puts it just before: by much less than a device pixel.
 vec2 middleOfTexel(vec2 place)
 {
-    return (floor(place / TexelSize + 0.004) + 0.5) * TexelSize;
+    float rounding = min(0.004, 0.2 / (displayScaleFacor * pixelRatio));
+    return (floor(place / TexelSize + rounding) + 0.5) * TexelSize;
 }
 
 bool isTransparent(vec2 place)

@@ -115,15 +115,31 @@ void EditorGraphicsView::fit(const QRectF &rect)
         return;
     const double across = viewport()->width() * fitShare / rect.width();
     const double down = viewport()->height() * fitShare / rect.height();
-    applyZoom(qBound(minimumZoom, qMin(across, down), maximumFitZoom));
-    place(rect.center(), middle(viewport()->size()));
+    inOneStep([&] {
+        applyZoom(qBound(minimumZoom, qMin(across, down), maximumFitZoom));
+        place(rect.center(), middle(viewport()->size()));
+    });
 }
 
 void EditorGraphicsView::zoomAround(const QPointF &viewPoint, double zoom)
 {
     const QPointF scenePoint = sceneAt(viewPoint);
-    applyZoom(qBound(minimumZoom, zoom, maximumZoom));
-    place(scenePoint, viewPoint);
+    inOneStep([&] {
+        applyZoom(qBound(minimumZoom, zoom, maximumZoom));
+        place(scenePoint, viewPoint);
+    });
+}
+
+// The toolkit tells the scene of the pointer whenever something moves below it. A stroke must not
+// hear where that is halfway.
+void EditorGraphicsView::inOneStep(const std::function<void()> &steps)
+{
+    const bool wasInteractive = isInteractive();
+    setInteractive(false);
+    steps();
+    setInteractive(wasInteractive);
+    if (wasInteractive)
+        scrollContentsBy(0, 0);
 }
 
 void EditorGraphicsView::applyZoom(double zoom)
@@ -157,8 +173,10 @@ void EditorGraphicsView::place(const QPointF &scenePoint, const QPointF &viewPoi
 
 void EditorGraphicsView::panBy(const QPoint &distance)
 {
-    horizontalScrollBar()->setValue(horizontalScrollBar()->value() - distance.x());
-    verticalScrollBar()->setValue(verticalScrollBar()->value() - distance.y());
+    inOneStep([&] {
+        horizontalScrollBar()->setValue(horizontalScrollBar()->value() - distance.x());
+        verticalScrollBar()->setValue(verticalScrollBar()->value() - distance.y());
+    });
 }
 
 // One can go beyond the content until it has just left the view.
@@ -224,8 +242,10 @@ void EditorGraphicsView::wheelEvent(QWheelEvent *event)
 
 bool EditorGraphicsView::startPan(QMouseEvent &event)
 {
-    const bool isStart =
+    const bool isPanButton =
         event.button() == Qt::MiddleButton || (m_isHeld && event.button() == Qt::LeftButton);
+    // Not in the middle of a stroke.
+    const bool isStart = isPanButton && event.buttons() == event.button();
     if (m_panButton == Qt::NoButton && isStart) {
         m_panButton = event.button();
         m_panFrom = event.pos();
@@ -250,12 +270,14 @@ void EditorGraphicsView::mouseDoubleClickEvent(QMouseEvent *event)
 
 void EditorGraphicsView::mouseMoveEvent(QMouseEvent *event)
 {
-    if (m_panButton == Qt::NoButton) {
-        QGraphicsView::mouseMoveEvent(event);
-        return;
+    if (m_panButton != Qt::NoButton) {
+        // The toolkit would tell of the place where the pointer was before.
+        setInteractive(false);
+        panBy(event->pos() - m_panFrom);
+        setInteractive(true);
+        m_panFrom = event->pos();
     }
-    panBy(event->pos() - m_panFrom);
-    m_panFrom = event->pos();
+    QGraphicsView::mouseMoveEvent(event);
 }
 
 void EditorGraphicsView::mouseReleaseEvent(QMouseEvent *event)

@@ -3,6 +3,7 @@
 #include <QGraphicsView>
 #include <QPointer>
 
+#include <functional>
 #include <optional>
 
 class EditorScene;
@@ -64,6 +65,7 @@ private:
     void applyZoom(double zoom);
     void fit(const QRectF &rect);
     void panBy(const QPoint &distance);
+    void inOneStep(const std::function<void()> &steps);
     void updateReach();
     void updatePointer();
 

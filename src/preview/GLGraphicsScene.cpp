@@ -7,16 +7,22 @@
 #include "preview/LitSprite.h"
 #include "preview/SceneRenderer.h"
 
+#include <QGraphicsView>
 #include <QLoggingCategory>
 #include <QOpenGLContext>
 #include <QOpenGLFunctions>
 #include <QPaintEngine>
 #include <QPainter>
 #include <QTimer>
+#include <QWindow>
+
+#include <algorithm>
 
 namespace {
 
 Q_LOGGING_CATEGORY(lcScene, "GLGraphicsScene")
+
+constexpr int unseenInterval = 100; // ms between looks whether a view shows again
 
 bool isOpenGL(const QPaintEngine *engine)
 {
@@ -113,7 +119,17 @@ void GLGraphicsScene::timedAdvance()
     update();
     m_isAdvanceScheduled = m_isAnimating;
     if (m_isAnimating)
-        QTimer::singleShot(0, this, &GLGraphicsScene::scheduleAdvance);
+        QTimer::singleShot(isSeen() ? 0 : unseenInterval, this, &GLGraphicsScene::scheduleAdvance);
+}
+
+// Windows that are hidden or minimised get no frames.
+bool GLGraphicsScene::isSeen() const
+{
+    const QList<QGraphicsView *> all = views();
+    return all.isEmpty() || std::any_of(all.begin(), all.end(), [](const QGraphicsView *view) {
+               const QWindow *window = view->window()->windowHandle();
+               return view->isVisible() && window && window->isExposed();
+           });
 }
 
 void GLGraphicsScene::scheduleAdvance()

@@ -31,7 +31,8 @@ public:
 
     GLGraphicsLight &light() const { return *m_light; }
     bool isAnimating() const { return m_isAnimating; }
-    /// Redraws again and again while set, at least a millisecond apart.
+    /// Redraws again and again while set, at least a millisecond apart; seldom in a window
+    /// that does not show.
     void setAnimating(bool isAnimating);
 
     /// @p sprite as the lit texture shows it in its own size, the light where it stands: in
@@ -54,6 +55,7 @@ protected:
     void drawBackground(QPainter *painter, const QRectF &rect) override;
 
 private:
+    bool isSeen() const;
     void useCurrentContext();
     void drawFrame(const QPainter &painter);
     QVector<GLGraphicsSprite *> sprites() const;

@@ -34,6 +34,9 @@ void LightRotation::setOn(bool isOn)
 
 void LightRotation::advance()
 {
+    // A light that does not show catches up when it does: nobody needs the frames before.
+    if (!m_light.isVisible())
+        return;
     const double ms = static_cast<double>(m_sinceLast.nsecsElapsed()) / nanosecondsPerMs;
     m_sinceLast.restart();
     const QRectF around = m_spritesRect();

@@ -55,7 +55,10 @@ void SpriteItem::observableChanged(Observable &)
 
 void SpriteItem::showNormals(const QImage &normals)
 {
+    const QRect changed = m_processor->changedArea();
+    if (changed.isEmpty() && normals.size() == normalImage().size())
+        return;
     // Replaces the former image at once: to keep that one would make the next update copy it.
-    setNormalImage(normals, m_processor->changedArea());
+    setNormalImage(normals, changed);
     Q_EMIT contentChanged();
 }

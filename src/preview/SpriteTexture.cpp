@@ -87,6 +87,8 @@ void SpriteTexture::upload()
         create(m_image.isNull() ? transparentPixel() : fitting(m_image));
     else if (!m_changed.isEmpty() && isScaledDown())
         setPixels(*m_texture, fitting(m_image), {});
+    else if (m_changed == m_image.rect())
+        setPixels(*m_texture, m_image, {});
     else if (!m_changed.isEmpty())
         setPixels(*m_texture, m_image.copy(m_changed), m_changed.topLeft());
     m_changed = {};

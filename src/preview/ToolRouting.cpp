@@ -99,6 +99,7 @@ void ToolRouting::deactivate()
         m_scene.removeItem(m_overlay);
     m_overlay = nullptr;
     m_tool->deactivate();
+    dropPieces();
     Q_EMIT stateChanged();
 }
 
@@ -107,6 +108,7 @@ void ToolRouting::toolDestroyed()
     m_overlay = nullptr;
     m_isActive = false;
     m_isPressed = false;
+    dropPieces();
     Q_EMIT stateChanged();
 }
 
@@ -180,14 +182,25 @@ void ToolRouting::setMode(InteractionMode mode)
 
 void ToolRouting::showPiece(const AngleImage &piece, const QRect &area)
 {
-    if (m_isActive)
-        m_target->processor().updateRect(piece, area);
+    if (!m_isActive)
+        return;
+    m_hasPieces = true;
+    m_target->processor().updateRect(piece, area);
+}
+
+// A stroke that is broken off would stay to be seen, and become part of the next step.
+void ToolRouting::dropPieces()
+{
+    if (m_hasPieces)
+        m_target->processor().updateAll();
+    m_hasPieces = false;
 }
 
 void ToolRouting::commit(const QString &undoText)
 {
     if (!m_isActive)
         return;
+    m_hasPieces = false;
     m_target->processor().waitForIdle();
     const AngleImage shown = m_target->processor().angleImage();
     if (!(shown == body().surface())) {

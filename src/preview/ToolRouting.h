@@ -68,6 +68,7 @@ private:
 
     void setMode(InteractionMode mode);
     void showPiece(const AngleImage &piece, const QRect &area);
+    void dropPieces();
     void commit(const QString &undoText);
     void select(const FloatImage &selection, const QString &undoText, bool mergeWithPrevious);
     void pixelSelectionChanged(Body *changed);
@@ -84,4 +85,5 @@ private:
     bool m_isActive = false;
     bool m_isPressed = false;
     bool m_isCommitting = false;
+    bool m_hasPieces = false; ///< shown and not committed
 };

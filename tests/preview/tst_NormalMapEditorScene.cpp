@@ -26,6 +26,7 @@
 #include <QSignalSpy>
 #include <QTest>
 #include <QVBoxLayout>
+#include <QWheelEvent>
 
 namespace {
 /// A window with a view, and an edit line for the focus to be elsewhere.
@@ -140,6 +141,8 @@ private Q_SLOTS:
     void toolGetsEvents();
     void toolFollowsCurrentBody();
     void toolPaintsThroughSelection();
+    void brokenStrokesLeaveNothing();
+    void strokesStayWhileTheViewMoves();
     void lightIsDragged();
     void lightTurnsByElapsedTime();
     void pointerShowsWhatItDoes();
@@ -441,6 +444,71 @@ void tst_NormalMapEditorScene::toolPaintsThroughSelection()
     QVERIFY(editor.project.undoStack().canRedo());
 }
 
+void tst_NormalMapEditorScene::brokenStrokesLeaveNothing()
+{
+    Editor editor;
+    Body &a = editor.add(QStringLiteral("a"), {8, 8});
+    Body &b = editor.add(QStringLiteral("b"), {8, 8});
+    FakeTool tool;
+    FakeTool other;
+    NormalMapProcessor &processor = editor.scene.spriteItem(&a)->processor();
+    editor.scene.setTool(&tool);
+    editor.select({&a});
+    const auto paint = [&processor](FakeTool &painting) {
+        Q_EMIT painting.temporaryNormalMapChanged(AngleImage(2, 1, 256), QRect(3, 2, 2, 1));
+        processor.waitForIdle();
+        return !(processor.angleImage() == AngleImage(8, 8));
+    };
+
+    QVERIFY(paint(tool));
+    editor.scene.setTool(&other);
+    processor.waitForIdle();
+    QVERIFY(processor.angleImage() == AngleImage(8, 8));
+    Q_EMIT other.commitNormalMap(QStringLiteral("of nothing"));
+    QVERIFY(a.paintedNormalMap().angleImage().isNull());
+
+    QVERIFY(paint(other));
+    editor.select({&b});
+    processor.waitForIdle();
+    QVERIFY(processor.angleImage() == AngleImage(8, 8));
+}
+
+void tst_NormalMapEditorScene::strokesStayWhileTheViewMoves()
+{
+    Editor editor;
+    Body &a = editor.add(QStringLiteral("a"), {200, 200});
+    FakeTool tool;
+    editor.scene.setTool(&tool);
+    editor.select({&a});
+    QVERIFY(QTest::qWaitForWindowExposed(&editor.window));
+    editor.view.setZoom(2.0);
+    QTest::mousePress(editor.view.viewport(), Qt::LeftButton, {}, editor.on(a, {50, 50}));
+    const QPoint pointer = editor.on(a, {60, 60});
+    editor.moveTo(pointer, Qt::LeftButton);
+    tool.takeLog();
+
+    QWheelEvent wheel(pointer,
+                      editor.view.viewport()->mapToGlobal(pointer),
+                      {},
+                      {0, 240},
+                      Qt::LeftButton,
+                      Qt::AltModifier,
+                      Qt::NoScrollPhase,
+                      false);
+    QApplication::sendEvent(editor.view.viewport(), &wheel);
+    QVERIFY(editor.view.zoom() > 2.5);
+    QCOMPARE(joined(tool.takeLog()), QStringLiteral("move 60,60"));
+
+    // Without a stroke the middle button pans, and the pixel under the pointer stays the same.
+    QTest::mouseRelease(editor.view.viewport(), Qt::LeftButton, {}, pointer);
+    const QSignalSpy pointed(&editor.scene, &NormalMapEditorScene::pointedPixelChanged);
+    QTest::mousePress(editor.view.viewport(), Qt::MiddleButton, {}, pointer);
+    editor.moveTo(pointer + QPoint(30, 9), Qt::MiddleButton);
+    QTest::mouseRelease(editor.view.viewport(), Qt::MiddleButton, {}, pointer);
+    QCOMPARE(editor.on(a, {60, 60}), pointer + QPoint(30, 9));
+    QVERIFY(pointed.isEmpty());
+}
+
 void tst_NormalMapEditorScene::lightIsDragged()
 {
     Editor editor;
@@ -564,6 +632,23 @@ void tst_NormalMapEditorScene::nothingIsDrawnAtRest()
     editor.pixels.clear({&a});
     QTest::qWait(50);
     QCOMPARE(paintsWithin(300), 0);
+    // A light that turns without being seen, and ants in a window that is not.
+    editor.scene.setDisplayMode(DisplayMode::Texture);
+    editor.scene.setAutoRotateLight(true);
+    QTest::qWait(50);
+    QCOMPARE(paintsWithin(200), 0);
+    editor.scene.setAutoRotateLight(false);
+    editor.pixels.selectAll({&a});
+    editor.window.hide();
+    QTest::qWait(50);
+    const QSignalSpy changes(&editor.scene, &QGraphicsScene::changed);
+    QTest::qWait(300);
+    QVERIFY(changes.size() < 5);
+    editor.window.show();
+    counter.count = 0;
+    QTRY_VERIFY(counter.count > 3);
+    editor.pixels.clear({&a});
+    QTest::qWait(50);
     // Each change is drawn, also that of an item of the toolkit's.
     editor.scene.addRect(0, 0, 5, 5);
     QVERIFY(paintsWithin(50) > 0);
