@@ -58,7 +58,8 @@ std::vector<std::unique_ptr<PaintTool>> makeTools()
 
 bool isProjectFile(const QString &path)
 {
-    return path.endsWith(QLatin1String(".vep")) || path.endsWith(QLatin1String(".vex"));
+    return path.endsWith(QLatin1String(".vep"), Qt::CaseInsensitive) ||
+           path.endsWith(QLatin1String(".vex"), Qt::CaseInsensitive);
 }
 
 QWidget *makeSpacer(QWidget *parent)
@@ -233,6 +234,9 @@ void MainWindow::connectPanels()
     connect(m_editor, &NormalMapEditor::pathsDropped, this, &MainWindow::openOrAdd);
     connect(m_editor, &NormalMapEditor::pointedPixelChanged, this, &MainWindow::showPointedPixel);
     connect(m_editor, &NormalMapEditor::noticed, this, [this](const QString &message) {
+        statusBar()->showMessage(message);
+    });
+    connect(m_spriteActions, &SpriteActions::noticed, this, [this](const QString &message) {
         statusBar()->showMessage(message);
     });
     connect(m_spriteActions, &SpriteActions::bodiesChanged, this, &MainWindow::updateActions);

@@ -69,7 +69,7 @@ void SpriteActions::chooseAndAdd()
 
 void SpriteActions::add(const QStringList &paths)
 {
-    const bool wasEmpty = m_controller.project().bodies().all().isEmpty();
+    const int before = m_controller.project().bodies().all().size();
     QString failure;
     try {
         const PromptedTask task(m_prompts, tr("Adding sprites"), true);
@@ -77,9 +77,12 @@ void SpriteActions::add(const QStringList &paths)
     } catch (const Error &error) {
         failure = error.message();
     }
+    const int added = m_controller.project().bodies().all().size() - before;
     // The zoom was that of the start screen.
-    if (wasEmpty)
+    if (before == 0)
         m_editor.zoomToFit();
+    if (failure.isEmpty())
+        Q_EMIT noticed(added > 0 ? tr("Sprites added: %1").arg(added) : tr("No sprites added"));
     Q_EMIT bodiesChanged();
     if (!failure.isEmpty())
         showFailure(failure);

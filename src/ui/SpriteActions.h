@@ -35,6 +35,8 @@ public:
 Q_SIGNALS:
     /// There may be other bodies now.
     void bodiesChanged();
+    /// A line for the status bar.
+    void noticed(const QString &message);
 
 private:
     void chooseAndAdd();
