@@ -17,8 +17,7 @@ class TestNumberEdits : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void scalesInTwoParts_data();
-    void scalesInTwoParts();
+    void scalesThroughPoints_data();
     void scalesThroughPoints();
     void keysAndTypedNumbers_data();
     void keysAndTypedNumbers();
@@ -70,45 +69,32 @@ struct Panel
 };
 } // namespace
 
-void TestNumberEdits::scalesInTwoParts_data()
+void TestNumberEdits::scalesThroughPoints_data()
 {
-    QTest::addColumn<double>("minimum");
-    QTest::addColumn<double>("middle");
-    QTest::addColumn<double>("maximum");
-    QTest::newRow("height") << 0.1 << 10.0 << 200.0;
-    QTest::newRow("tolerance") << 0.0 << 64.0 << 255.0;
-    QTest::newRow("below zero") << -5.0 << -4.0 << 100.0;
-}
-
-void TestNumberEdits::scalesInTwoParts()
-{
-    QFETCH(double, minimum);
-    QFETCH(double, middle);
-    QFETCH(double, maximum);
-    const SliderScale scale(minimum, middle, maximum);
-    for (int step = 0; step < SliderScale::stepCount; ++step) {
-        const double expected = step < 5000 ? (middle - minimum) * step / 4999 + minimum
-                                            : (maximum - middle) * (step - 5000) / 4999 + middle;
-        QCOMPARE(scale.valueAt(step), expected);
-        // Two steps have the middle's value.
-        const int found = scale.stepOf(expected);
-        QVERIFY2(found == step || (step == 5000 && found == 4999),
-                 qPrintable(QString::number(step)));
-    }
-    QCOMPARE(scale.stepOf(minimum - 1), 0);
-    QCOMPARE(scale.stepOf(maximum + 1), SliderScale::stepCount - 1);
+    QTest::addColumn<QVector<double>>("points");
+    QTest::newRow("one part") << QVector<double>{0, 9999};
+    QTest::newRow("two parts") << QVector<double>{0.1, 10, 200};
+    QTest::newRow("below zero") << QVector<double>{-5, -4, 100};
+    QTest::newRow("five parts") << QVector<double>{1, 2, 20, 40, 100, 500};
 }
 
 void TestNumberEdits::scalesThroughPoints()
 {
-    const SliderScale scale(QVector<double>{1, 2, 20, 40, 100, 500});
-    const QVector<double> atParts{1, 2, 20, 40, 100};
-    for (int part = 0; part < atParts.size(); ++part)
-        QCOMPARE(scale.valueAt(part * 2000), atParts[part]);
-    QCOMPARE(scale.valueAt(9999), 500.0);
-    for (int value = 1; value <= 500; ++value)
-        QCOMPARE(qRound(scale.valueAt(scale.stepOf(value))), value);
-    QCOMPARE(SliderScale(0, 9999).valueAt(1234), 1234.0);
+    QFETCH(QVector<double>, points);
+    const SliderScale scale(points);
+    const int stepsInPart = SliderScale::stepCount / (points.size() - 1);
+    for (int step = 0; step < SliderScale::stepCount; ++step) {
+        const int part = step / stepsInPart;
+        const double extent = points[part + 1] - points[part];
+        const double expected = extent * (step % stepsInPart) / (stepsInPart - 1) + points[part];
+        QCOMPARE(scale.valueAt(step), expected);
+        // Two steps have the value of a point between two parts.
+        const int found = scale.stepOf(expected);
+        QVERIFY2(found == step || (step == part * stepsInPart && found == step - 1),
+                 qPrintable(QString::number(step)));
+    }
+    QCOMPARE(scale.stepOf(points.first() - 1), 0);
+    QCOMPARE(scale.stepOf(points.last() + 1), SliderScale::stepCount - 1);
     QCOMPARE(SliderScale(7, 7).valueAt(SliderScale(7, 7).stepOf(7)), 7.0);
 }
 
@@ -126,10 +112,10 @@ void TestNumberEdits::keysAndTypedNumbers_data()
             << Keys{Qt::Key_PageUp, Qt::Key_PageUp, Qt::Key_PageDown, Qt::Key_PageUp} << isOnSlider
             << 120;
     }
-    QTest::newRow("right on slider") << Keys{Qt::Key_Right} << true << 101;
-    QTest::newRow("end and right on slider") << Keys{Qt::Key_End, Qt::Key_Right} << true << 1024;
-    QTest::newRow("home on slider") << Keys{Qt::Key_Home} << true << 0;
-    QTest::newRow("typed") << Keys{Qt::Key_4, Qt::Key_2} << false << 42;
+    QTest::newRow("beyond the end and back")
+        << Keys{Qt::Key_End, Qt::Key_Right, Qt::Key_Left} << true << 1023;
+    QTest::newRow("beyond the start and back")
+        << Keys{Qt::Key_Home, Qt::Key_Left, Qt::Key_Right} << true << 1;
     QTest::newRow("typed and up") << Keys{Qt::Key_4, Qt::Key_2, Qt::Key_Up} << false << 43;
     QTest::newRow("too large") << Keys(5, Qt::Key_9) << false << 1024;
     QTest::newRow("nothing typed") << Keys{Qt::Key_Delete} << false << 100;
