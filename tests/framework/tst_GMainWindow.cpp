@@ -35,13 +35,10 @@ public:
     explicit FakeWindow(GSettings &settings)
         : GMainWindow(settings,
                       {"Documents (*.doc *.old)"_s, "Documents (*.doc)"_s, "doc"_s, "Untitled"_s})
-        , m_file(menuBar()->addMenu("&File"_s))
-        , m_line(new QLineEdit)
-        , m_left(new QWidget)
-        , m_splitter(new QSplitter)
     {
-        addDocumentActions(*m_file);
-        addClosingActions(*m_file);
+        QMenu *file = menuBar()->addMenu("&File"_s);
+        addDocumentActions(*file);
+        addClosingActions(*file);
         m_left->setWindowTitle("Sprites"_s);
         m_left->setObjectName("sprites"_s);
         m_splitter->setObjectName("splitter"_s);
@@ -66,25 +63,26 @@ public:
     bool m_isModified = false;
     bool m_failsToStore = false;
     QStringList m_log;
-    QMenu *m_file;
     QMenu *m_windowMenu;
-    QLineEdit *m_line;
-    QWidget *m_left;
-    QSplitter *m_splitter;
+    QLineEdit *m_line = new QLineEdit;
+    QWidget *m_left = new QWidget;
+    QSplitter *m_splitter = new QSplitter;
 
 protected:
     void createDocument() override { become("created"_s, {}); }
     bool loadDocument(const QString &path) override
     {
-        if (QFile::exists(path))
-            become("loaded"_s, path);
-        return path == m_path;
+        if (!QFile::exists(path))
+            return false;
+        become("loaded"_s, path);
+        return true;
     }
     bool storeDocument(const QString &path) override
     {
-        if (!m_failsToStore)
-            become("stored"_s, path);
-        return !m_failsToStore && QFile(path).open(QIODevice::WriteOnly);
+        if (m_failsToStore)
+            return false;
+        become("stored"_s, path);
+        return QFile(path).open(QIODevice::WriteOnly);
     }
     QString documentPath() const override { return m_path; }
     bool isDocumentModified() const override { return m_isModified; }

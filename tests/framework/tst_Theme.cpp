@@ -1,6 +1,7 @@
 #include "framework/MissingDisplay.h"
 #include "framework/Theme.h"
 #include "framework/ThemedIcon.h"
+#include "support/Documents.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -8,7 +9,6 @@
 #include <QMenu>
 #include <QPainter>
 #include <QSpinBox>
-#include <QTemporaryDir>
 #include <QTest>
 #include <QToolButton>
 
@@ -34,11 +34,6 @@ double contrast(const QColor &a, const QColor &b)
     return (light + 0.05) / (dark + 0.05);
 }
 
-const QColor darkText(0xe8, 0xe8, 0xea);
-const QColor lightText(0x20, 0x20, 0x24);
-const QColor darkAccent(0xf2, 0xb1, 0x55);
-const QColor lightAccent(0xa5, 0x5c, 0x08);
-
 } // namespace
 
 class TestTheme : public QObject
@@ -48,65 +43,53 @@ class TestTheme : public QObject
 private Q_SLOTS:
     void initTestCase()
     {
-        QFile file(m_folder.filePath(QStringLiteral("halves.svg")));
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write("<svg xmlns='http://www.w3.org/2000/svg' viewBox='0 0 8 8'>"
-                   "<path d='M0 0h4v8h-4z' fill='#E8e8ea'/>"
-                   "<path d='M4 0h4v8h-4z' fill='#f2B155'/></svg>");
-        file.close();
-        m_icon = themedIcon(file.fileName());
+        const QByteArray halves = "<svg xmlns='http://www.w3.org/2000/svg' viewBox='0 0 8 8'>"
+                                  "<path d='M0 0h4v8h-4z' fill='#E8e8ea'/>"
+                                  "<path d='M4 0h4v8h-4z' fill='#f2B155'/></svg>";
+        m_icon = themedIcon(m_folder.write(QStringLiteral("halves.svg"), halves));
         QVERIFY(!m_icon.isNull());
         QVERIFY(themedIcon(QStringLiteral(":/none.svg")).isNull());
     }
 
-    void colorsAreTellable_data()
-    {
-        QTest::addColumn<QColor>("front");
-        QTest::addColumn<QColor>("ground");
-        QTest::addColumn<double>("least");
-        for (const ThemeChoice theme : {ThemeChoice::Dark, ThemeChoice::Light}) {
-            applyTheme(theme);
-            const QPalette palette = QApplication::palette();
-            const ThemeColors colors = themeColors(palette);
-            const QByteArray prefix = theme == ThemeChoice::Dark ? "dark " : "light ";
-            const auto add =
-                [&](const char *name, const QColor &front, const QColor &ground, double least) {
-                    QTest::newRow(prefix + name) << front << ground << least;
-                };
-            const auto addRoles =
-                [&](const char *name, QPalette::ColorRole front, QPalette::ColorRole ground) {
-                    add(name, palette.color(front), palette.color(ground), 4.5);
-                };
-            addRoles("text on window", QPalette::WindowText, QPalette::Window);
-            addRoles("text on base", QPalette::Text, QPalette::Base);
-            addRoles("text on other rows", QPalette::Text, QPalette::AlternateBase);
-            addRoles("text of buttons", QPalette::ButtonText, QPalette::Button);
-            addRoles("tool tip", QPalette::ToolTipText, QPalette::ToolTipBase);
-            addRoles("placeholder", QPalette::PlaceholderText, QPalette::Base);
-            addRoles("selected", QPalette::HighlightedText, QPalette::Highlight);
-            for (const auto role : {QPalette::Window, QPalette::Base}) {
-                const QColor &ground = palette.color(role);
-                addRoles("link", QPalette::Link, role);
-                addRoles("visited link", QPalette::LinkVisited, role);
-                addRoles("bright", QPalette::BrightText, role);
-                add("quiet", colors.quietText, ground, 4.5);
-                add("trouble", colors.trouble, ground, 4.5);
-                add("field", colors.field, ground, 3.0);
-                add("accent", colors.accent, ground, 3.0);
-            }
-            const QColor &disabled = palette.color(QPalette::Disabled, QPalette::WindowText);
-            add("disabled", disabled, palette.color(QPalette::Window), 2.5);
-            add("disabled beside enabled", disabled, palette.color(QPalette::WindowText), 2.5);
-        }
-    }
-
+    void colorsAreTellable_data() { addThemes(); }
     void colorsAreTellable()
     {
-        QFETCH(QColor, front);
-        QFETCH(QColor, ground);
-        QFETCH(double, least);
-        const double found = contrast(front, ground);
-        QVERIFY2(found >= least, qPrintable(QString::number(found)));
+        QFETCH(ThemeChoice, theme);
+        applyTheme(theme);
+        const QPalette palette = QApplication::palette();
+        const ThemeColors colors = themeColors(palette);
+        QStringList faults;
+        const auto check =
+            [&](const char *name, const QColor &front, const QColor &ground, double least) {
+                const double found = contrast(front, ground);
+                if (found < least)
+                    faults.append(QStringLiteral("%1: %2").arg(QLatin1String(name)).arg(found));
+            };
+        const auto checkText =
+            [&](const char *name, QPalette::ColorRole front, QPalette::ColorRole ground) {
+                check(name, palette.color(front), palette.color(ground), 4.5);
+            };
+        checkText("text on base", QPalette::Text, QPalette::Base);
+        checkText("text on other rows", QPalette::Text, QPalette::AlternateBase);
+        checkText("text of buttons", QPalette::ButtonText, QPalette::Button);
+        checkText("tool tip", QPalette::ToolTipText, QPalette::ToolTipBase);
+        checkText("placeholder", QPalette::PlaceholderText, QPalette::Base);
+        checkText("selected", QPalette::HighlightedText, QPalette::Highlight);
+        for (const auto role : {QPalette::Window, QPalette::Base}) {
+            const QColor &ground = palette.color(role);
+            checkText("text", QPalette::WindowText, role);
+            checkText("link", QPalette::Link, role);
+            checkText("visited link", QPalette::LinkVisited, role);
+            checkText("bright", QPalette::BrightText, role);
+            check("quiet", colors.quietText, ground, 4.5);
+            check("trouble", colors.trouble, ground, 4.5);
+            check("field", colors.field, ground, 3.0);
+            check("accent", colors.accent, ground, 3.0);
+        }
+        const QColor &disabled = palette.color(QPalette::Disabled, QPalette::WindowText);
+        check("disabled", disabled, palette.color(QPalette::Window), 2.5);
+        check("disabled beside enabled", disabled, palette.color(QPalette::WindowText), 2.5);
+        QCOMPARE(faults.join(QLatin1String(", ")), QString());
     }
 
     void fieldsHaveBorders_data() { addThemes(); }
@@ -158,9 +141,10 @@ private Q_SLOTS:
         m_icon.paint(&painter, 0, 0, 16, 16);
         painter.end();
         // Stretched from another size, the edge would be a mixture.
-        QCOMPARE(image.pixelColor(11, 12), darkText);
-        QCOMPARE(image.pixelColor(12, 12), darkAccent);
-        QCOMPARE(image.pixelColor(23, 23), darkAccent);
+        const QPalette palette = QApplication::palette();
+        QCOMPARE(image.pixelColor(11, 12), palette.color(QPalette::WindowText));
+        QCOMPARE(image.pixelColor(12, 12), themeColors(palette).accent);
+        QCOMPARE(image.pixelColor(23, 23), themeColors(palette).accent);
     }
 
     void checkedMenuEntryIsReadable_data() { addThemes(); }
@@ -205,53 +189,36 @@ private Q_SLOTS:
         for (const bool isDark : {true, false, true}) {
             applyTheme(isDark ? ThemeChoice::Dark : ThemeChoice::Light);
             const QImage image = window.grab().toImage();
-            QCOMPARE(image.pixelColor(8, 12), isDark ? darkText : lightText);
-            QCOMPARE(image.pixelColor(15, 12), isDark ? darkAccent : lightAccent);
-            QCOMPARE(image.pixelColor(45, 5), themeColors(window.palette()).line);
+            const QPalette palette = window.palette();
+            QCOMPARE(isDarkPalette(palette), isDark);
+            QCOMPARE(image.pixelColor(8, 12), palette.color(QPalette::WindowText));
+            QCOMPARE(image.pixelColor(15, 12), themeColors(palette).accent);
+            QCOMPARE(image.pixelColor(45, 5), themeColors(palette).line);
         }
         // Nothing here tells what the desktop likes.
         applyTheme(ThemeChoice::Light);
         applyTheme(ThemeChoice::System);
-        QCOMPARE(QApplication::palette().color(QPalette::WindowText), darkText);
-    }
-
-    void tellsMissingDisplay_data()
-    {
-        QTest::addColumn<QByteArray>("platform");
-        QTest::addColumn<QByteArray>("display");
-        QTest::addColumn<QByteArray>("argument");
-        QTest::addColumn<QString>("part");
-        const QByteArray none;
-        QTest::newRow("no display")
-            << none << none << none << QStringLiteral("(DISPLAY is not set)");
-        QTest::newRow("nobody answers")
-            << QByteArray("xcb") << QByteArray(":4711") << none << QStringLiteral("\":4711\"");
-        QTest::newRow("no socket")
-            << QByteArray("wayland") << none << none << QStringLiteral("/nowhere/none");
-        QTest::newRow("the second answers")
-            << QByteArray("wayland;offscreen") << none << none << QString();
-        QTest::newRow("by argument")
-            << QByteArray("xcb") << QByteArray(":4711") << QByteArray("offscreen:x") << QString();
+        QVERIFY(isDarkPalette(QApplication::palette()));
     }
 
     void tellsMissingDisplay()
     {
-        QFETCH(QByteArray, platform);
-        QFETCH(QByteArray, display);
-        QFETCH(QByteArray, argument);
-        QFETCH(QString, part);
-        const QHash<QByteArray, QByteArray> wanted{{"QT_QPA_PLATFORM", platform},
-                                                   {"DISPLAY", display},
-                                                   {"XDG_SESSION_TYPE", "x11"},
-                                                   {"WAYLAND_DISPLAY", "none"},
-                                                   {"XDG_RUNTIME_DIR", "/nowhere"}};
+        qputenv("XDG_SESSION_TYPE", "x11");
+        qputenv("WAYLAND_DISPLAY", "none");
+        qputenv("XDG_RUNTIME_DIR", "/nowhere");
         // This program is connected already.
-        for (auto one = wanted.cbegin(); one != wanted.cend(); ++one)
-            one->isEmpty() ? qunsetenv(one.key()) : qputenv(one.key(), *one);
-        const char *arguments[] = {"program", "--platform", argument.constData()};
-        const QString reason = missingDisplay(argument.isEmpty() ? 1 : 3, arguments);
-        QCOMPARE(reason.isEmpty(), part.isEmpty());
-        QVERIFY2(reason.contains(part), qPrintable(reason));
+        const auto reason = [](const char *platform, const char *display) {
+            qputenv("QT_QPA_PLATFORM", platform);
+            qputenv("DISPLAY", display);
+            return missingDisplay(0, nullptr);
+        };
+        QVERIFY(reason("", "").contains(QLatin1String("(DISPLAY is not set)")));
+        QVERIFY(reason("xcb", ":4711").contains(QLatin1String("\":4711\"")));
+        QVERIFY(reason("wayland", "").contains(QLatin1String("/nowhere/none")));
+        QCOMPARE(reason("wayland;offscreen", ""), QString());
+        qputenv("QT_QPA_PLATFORM", "xcb");
+        const char *arguments[] = {"program", "--platform", "offscreen:x"};
+        QCOMPARE(missingDisplay(3, arguments), QString());
     }
 
 private:
@@ -262,7 +229,7 @@ private:
         QTest::newRow("light") << ThemeChoice::Light;
     }
 
-    QTemporaryDir m_folder;
+    Folder m_folder;
     /// The left half in the text's colour, the right one in the accent's.
     QIcon m_icon;
 };
