@@ -254,15 +254,6 @@ private Q_SLOTS:
             window.addToolBar(Qt::BottomToolBarArea, window.findChild<QToolBar *>());
             geometry = window.geometry();
             sizes = window.m_splitter->sizes();
-            window.close();
-        }
-        {
-            FakeWindow window(*m_settings);
-            window.show();
-            QVERIFY(QTest::qWaitForWindowExposed(&window));
-            QCOMPARE(window.geometry(), geometry);
-            QCOMPARE(window.m_splitter->sizes(), sizes);
-            QCOMPARE(window.toolBarArea(window.findChild<QToolBar *>()), Qt::BottomToolBarArea);
             QAction *panel = window.m_windowMenu->actions().constLast();
             QCOMPARE(panel->text(), "Sprites"_s);
             panel->trigger();
@@ -271,10 +262,14 @@ private Q_SLOTS:
         }
         FakeWindow window(*m_settings);
         window.show();
-        QAction *panel = window.m_windowMenu->actions().constLast();
+        QVERIFY(QTest::qWaitForWindowExposed(&window));
+        QCOMPARE(window.geometry(), geometry);
+        QCOMPARE(window.toolBarArea(window.findChild<QToolBar *>()), Qt::BottomToolBarArea);
+        const QAction *panel = window.m_windowMenu->actions().constLast();
         QVERIFY(!window.m_left->isVisible() && !panel->isChecked());
         window.m_left->show();
         QVERIFY(panel->isChecked());
+        QTRY_COMPARE(window.m_splitter->sizes(), sizes);
     }
 
     void returnsFocusToDocument()

@@ -112,39 +112,34 @@ private Q_SLOTS:
         }
     }
 
-    void iconTakesColors_data() { addThemes(); }
-    void iconTakesColors()
+    void iconIsCrispInItsColors_data() { addThemes(); }
+    void iconIsCrispInItsColors()
     {
         QFETCH(ThemeChoice, theme);
         applyTheme(theme);
         const QPalette palette = QApplication::palette();
-        const QColor onAccent = themeColors(palette).onAccent;
+        const ThemeColors colors = themeColors(palette);
+        const QColor &text = palette.color(QPalette::WindowText);
         const QColor &quiet = palette.color(QPalette::Disabled, QPalette::WindowText);
-        const auto compare = [&](QIcon::Mode mode, QIcon::State state, const QColor &expected) {
-            const QImage image = m_icon.pixmap(QSize(16, 16), mode, state).toImage();
-            QCOMPARE(image.pixelColor(4, 8), expected);
-            QCOMPARE(image.pixelColor(11, 8), expected);
-        };
-        compare(QIcon::Normal, QIcon::On, onAccent);
-        compare(QIcon::Selected, QIcon::Off, onAccent);
-        compare(QIcon::Disabled, QIcon::Off, quiet);
-        compare(QIcon::Disabled, QIcon::On, quiet);
-    }
-
-    void iconIsCrisp()
-    {
-        applyTheme(ThemeChoice::Dark);
-        QImage image(24, 24, QImage::Format_ARGB32_Premultiplied);
-        image.setDevicePixelRatio(1.5);
-        image.fill(Qt::transparent);
-        QPainter painter(&image);
-        m_icon.paint(&painter, 0, 0, 16, 16);
-        painter.end();
-        // Stretched from another size, the edge would be a mixture.
-        const QPalette palette = QApplication::palette();
-        QCOMPARE(image.pixelColor(11, 12), palette.color(QPalette::WindowText));
-        QCOMPARE(image.pixelColor(12, 12), themeColors(palette).accent);
-        QCOMPARE(image.pixelColor(23, 23), themeColors(palette).accent);
+        const auto compare =
+            [&](QIcon::Mode mode, QIcon::State state, const QColor &left, const QColor &right) {
+                QImage image(24, 24, QImage::Format_ARGB32_Premultiplied);
+                image.setDevicePixelRatio(1.5);
+                image.fill(Qt::transparent);
+                QPainter painter(&image);
+                m_icon.paint(&painter, QRect(0, 0, 16, 16), Qt::AlignCenter, mode, state);
+                painter.end();
+                // Stretched from another size, the edge would be a mixture.
+                QCOMPARE(image.pixelColor(11, 12), left);
+                QCOMPARE(image.pixelColor(12, 12), right);
+                QCOMPARE(image.pixelColor(23, 23), right);
+            };
+        compare(QIcon::Normal, QIcon::Off, text, colors.accent);
+        compare(QIcon::Active, QIcon::Off, text, colors.accent);
+        compare(QIcon::Normal, QIcon::On, colors.onAccent, colors.onAccent);
+        compare(QIcon::Selected, QIcon::Off, colors.onAccent, colors.onAccent);
+        compare(QIcon::Disabled, QIcon::Off, quiet, quiet);
+        compare(QIcon::Disabled, QIcon::On, quiet, quiet);
     }
 
     void checkedMenuEntryIsReadable_data() { addThemes(); }
