@@ -127,6 +127,7 @@ private Q_SLOTS:
                 image.setDevicePixelRatio(1.5);
                 image.fill(Qt::transparent);
                 QPainter painter(&image);
+                painter.setRenderHint(QPainter::SmoothPixmapTransform);
                 m_icon.paint(&painter, QRect(0, 0, 16, 16), Qt::AlignCenter, mode, state);
                 painter.end();
                 // Stretched from another size, the edge would be a mixture.
