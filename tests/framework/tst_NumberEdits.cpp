@@ -12,22 +12,6 @@
 #include <QTest>
 #include <QVBoxLayout>
 
-class TestNumberEdits : public QObject
-{
-    Q_OBJECT
-
-private Q_SLOTS:
-    void scalesInTwoParts_data();
-    void scalesInTwoParts();
-    void scalesThroughPoints();
-    void keysAndTypedNumbers_data();
-    void keysAndTypedNumbers();
-    void escapeRestores();
-    void clickJumpsAndDragIsOneEdit();
-    void wheelNeedsFocus();
-    void mixedUntilSet();
-};
-
 namespace {
 /// An edit over 0 to 1024 at 100 in an active window, beside something else that takes focus.
 struct Panel
@@ -36,7 +20,6 @@ struct Panel
     {
         edit.setRange(0, 64, 1024);
         edit.setSuffix(QStringLiteral(" px"));
-        edit.setLabel(QStringLiteral("Height"));
         edit.setValue(100);
         layout.addWidget(&edit);
         layout.addWidget(&other);
@@ -70,174 +53,155 @@ struct Panel
 };
 } // namespace
 
-void TestNumberEdits::scalesInTwoParts_data()
+class TestNumberEdits : public QObject
 {
-    QTest::addColumn<double>("minimum");
-    QTest::addColumn<double>("middle");
-    QTest::addColumn<double>("maximum");
-    QTest::newRow("height") << 0.1 << 10.0 << 200.0;
-    QTest::newRow("tolerance") << 0.0 << 64.0 << 255.0;
-    QTest::newRow("below zero") << -5.0 << -4.0 << 100.0;
-}
+    Q_OBJECT
 
-void TestNumberEdits::scalesInTwoParts()
-{
-    QFETCH(double, minimum);
-    QFETCH(double, middle);
-    QFETCH(double, maximum);
-    const SliderScale scale(minimum, middle, maximum);
-    for (int step = 0; step < SliderScale::stepCount; ++step) {
-        const double expected = step < 5000 ? (middle - minimum) * step / 4999 + minimum
-                                            : (maximum - middle) * (step - 5000) / 4999 + middle;
-        QCOMPARE(scale.valueAt(step), expected);
-        // Two steps have the middle's value.
-        const int found = scale.stepOf(expected);
-        QVERIFY2(found == step || (step == 5000 && found == 4999),
-                 qPrintable(QString::number(step)));
+private Q_SLOTS:
+    void scalesThroughPoints_data()
+    {
+        QTest::addColumn<QVector<double>>("points");
+        QTest::newRow("one part") << QVector<double>{0, 9999};
+        QTest::newRow("two parts") << QVector<double>{0.1, 10, 200};
+        QTest::newRow("below zero") << QVector<double>{-5, -4, 100};
+        QTest::newRow("five parts") << QVector<double>{1, 2, 20, 40, 100, 500};
     }
-    QCOMPARE(scale.stepOf(minimum - 1), 0);
-    QCOMPARE(scale.stepOf(maximum + 1), SliderScale::stepCount - 1);
-}
 
-void TestNumberEdits::scalesThroughPoints()
-{
-    const SliderScale scale(QVector<double>{1, 2, 20, 40, 100, 500});
-    const QVector<double> atParts{1, 2, 20, 40, 100};
-    for (int part = 0; part < atParts.size(); ++part)
-        QCOMPARE(scale.valueAt(part * 2000), atParts[part]);
-    QCOMPARE(scale.valueAt(9999), 500.0);
-    for (int value = 1; value <= 500; ++value)
-        QCOMPARE(qRound(scale.valueAt(scale.stepOf(value))), value);
-    QCOMPARE(SliderScale(0, 9999).valueAt(1234), 1234.0);
-    QCOMPARE(SliderScale(7, 7).valueAt(SliderScale(7, 7).stepOf(7)), 7.0);
-}
-
-void TestNumberEdits::keysAndTypedNumbers_data()
-{
-    QTest::addColumn<QVector<int>>("keys");
-    QTest::addColumn<bool>("isOnSlider");
-    QTest::addColumn<int>("result");
-    using Keys = QVector<int>;
-    for (const bool isOnSlider : {false, true}) {
-        const char *place = isOnSlider ? "slider" : "spin box";
-        QTest::addRow("up on %s", place) << Keys{Qt::Key_Up} << isOnSlider << 101;
-        QTest::addRow("down on %s", place) << Keys{Qt::Key_Down} << isOnSlider << 99;
-        QTest::addRow("pages on %s", place)
-            << Keys{Qt::Key_PageUp, Qt::Key_PageUp, Qt::Key_PageDown, Qt::Key_PageUp} << isOnSlider
-            << 120;
+    void scalesThroughPoints()
+    {
+        QFETCH(QVector<double>, points);
+        const SliderScale scale(points);
+        const int stepsInPart = SliderScale::stepCount / (points.size() - 1);
+        for (int step = 0; step < SliderScale::stepCount; ++step) {
+            const int part = step / stepsInPart;
+            const double extent = points[part + 1] - points[part];
+            const double expected =
+                extent * (step % stepsInPart) / (stepsInPart - 1) + points[part];
+            QCOMPARE(scale.valueAt(step), expected);
+            // Two steps have the value of a point between two parts.
+            const int found = scale.stepOf(expected);
+            QVERIFY2(found == step || (step == part * stepsInPart && found == step - 1),
+                     qPrintable(QString::number(step)));
+        }
+        QCOMPARE(scale.stepOf(points.first() - 1), 0);
+        QCOMPARE(scale.stepOf(points.last() + 1), SliderScale::stepCount - 1);
     }
-    QTest::newRow("right on slider") << Keys{Qt::Key_Right} << true << 101;
-    QTest::newRow("end and right on slider") << Keys{Qt::Key_End, Qt::Key_Right} << true << 1024;
-    QTest::newRow("home on slider") << Keys{Qt::Key_Home} << true << 0;
-    QTest::newRow("typed") << Keys{Qt::Key_4, Qt::Key_2} << false << 42;
-    QTest::newRow("typed and up") << Keys{Qt::Key_4, Qt::Key_2, Qt::Key_Up} << false << 43;
-    QTest::newRow("too large") << Keys(5, Qt::Key_9) << false << 1024;
-    QTest::newRow("nothing typed") << Keys{Qt::Key_Delete} << false << 100;
-}
 
-void TestNumberEdits::keysAndTypedNumbers()
-{
-    QFETCH(QVector<int>, keys);
-    QFETCH(bool, isOnSlider);
-    QFETCH(int, result);
-    Panel panel;
-    QWidget *part = isOnSlider ? static_cast<QWidget *>(panel.slider) : panel.spinBox;
-    part->setFocus(Qt::TabFocusReason);
-    for (const int key : keys)
-        QTest::keyClick(part, Qt::Key(key));
-    QTest::keyClick(part, Qt::Key_Return);
-    QCOMPARE(panel.edit.value(), result);
-    QCOMPARE(panel.spinBox->text(), QStringLiteral("%1 px").arg(result));
-    QCOMPARE(QApplication::focusWidget(), nullptr);
-    QCOMPARE(panel.finished.count(), result == 100 ? 0 : 1);
-}
+    void keysAndTypedNumbers_data()
+    {
+        QTest::addColumn<QVector<int>>("keys");
+        QTest::addColumn<bool>("isOnSlider");
+        QTest::addColumn<int>("result");
+        using Keys = QVector<int>;
+        for (const bool isOnSlider : {false, true}) {
+            const char *place = isOnSlider ? "slider" : "spin box";
+            const Keys keys{Qt::Key_PageUp,
+                            Qt::Key_PageUp,
+                            Qt::Key_PageDown,
+                            Qt::Key_Up,
+                            Qt::Key_Down,
+                            Qt::Key_Down};
+            QTest::addRow("steps on %s", place) << keys << isOnSlider << 109;
+        }
+        QTest::newRow("beyond the end and back")
+            << Keys{Qt::Key_End, Qt::Key_Right, Qt::Key_Left} << true << 1023;
+        QTest::newRow("home and right") << Keys{Qt::Key_Home, Qt::Key_Right} << true << 1;
+        QTest::newRow("typed and up") << Keys{Qt::Key_4, Qt::Key_2, Qt::Key_Up} << false << 43;
+        QTest::newRow("too large") << Keys(5, Qt::Key_9) << false << 1024;
+        QTest::newRow("nothing typed") << Keys{Qt::Key_Delete} << false << 100;
+    }
 
-void TestNumberEdits::escapeRestores()
-{
-    Panel panel;
-    panel.type(QStringLiteral("77"));
-    QTest::keyClick(panel.spinBox, Qt::Key_Escape);
-    QCOMPARE(panel.changes.count(), 0);
-    QCOMPARE(panel.spinBox->text(), QStringLiteral("100 px"));
-    QCOMPARE(QApplication::focusWidget(), nullptr);
+    void keysAndTypedNumbers()
+    {
+        QFETCH(QVector<int>, keys);
+        QFETCH(bool, isOnSlider);
+        QFETCH(int, result);
+        Panel panel;
+        QWidget *part = isOnSlider ? static_cast<QWidget *>(panel.slider) : panel.spinBox;
+        part->setFocus(Qt::TabFocusReason);
+        for (const int key : keys)
+            QTest::keyClick(part, Qt::Key(key));
+        QTest::keyClick(part, Qt::Key_Return);
+        QCOMPARE(panel.edit.value(), result);
+        QCOMPARE(panel.spinBox->text(), QStringLiteral("%1 px").arg(result));
+        QCOMPARE(QApplication::focusWidget(), nullptr);
+        QCOMPARE(panel.finished.count(), result == 100 ? 0 : 1);
+    }
 
-    QTest::mousePress(panel.slider, Qt::LeftButton, {}, panel.onSlider(0.9));
-    QVERIFY(panel.edit.value() > 500);
-    QTest::keyClick(panel.slider, Qt::Key_Escape);
-    dragTo(*panel.slider, panel.onSlider(0.7));
-    QTest::mouseRelease(panel.slider, Qt::LeftButton, {}, panel.onSlider(0.7));
-    QCOMPARE(panel.edit.value(), 100);
-    QCOMPARE(panel.finished.count(), 0);
+    void escapeRestores()
+    {
+        Panel panel;
+        panel.type(QStringLiteral("77"));
+        QTest::keyClick(panel.spinBox, Qt::Key_Escape);
+        QCOMPARE(panel.changes.count(), 0);
+        QCOMPARE(panel.spinBox->text(), QStringLiteral("100 px"));
+        QCOMPARE(QApplication::focusWidget(), nullptr);
 
-    // What came from elsewhere meanwhile stays.
-    panel.spinBox->setFocus();
-    panel.edit.setValue(50);
-    QTest::keyClick(panel.spinBox, Qt::Key_Escape);
-    QCOMPARE(panel.edit.value(), 50);
-}
+        QTest::mousePress(panel.slider, Qt::LeftButton, {}, panel.onSlider(0.25));
+        QVERIFY(qAbs(panel.edit.value() - 32) < 4);
+        dragTo(*panel.slider, panel.onSlider(1.0));
+        QCOMPARE(panel.edit.value(), 1024);
+        QTest::keyClick(panel.slider, Qt::Key_Escape);
+        dragTo(*panel.slider, panel.onSlider(0.7));
+        QTest::mouseRelease(panel.slider, Qt::LeftButton, {}, panel.onSlider(0.7));
+        QCOMPARE(panel.edit.value(), 100);
+        QCOMPARE(panel.finished.count(), 0);
 
-void TestNumberEdits::clickJumpsAndDragIsOneEdit()
-{
-    Panel panel;
-    QTest::mousePress(panel.slider, Qt::LeftButton, {}, panel.onSlider(0.25));
-    QVERIFY(qAbs(panel.edit.value() - 32) < 4);
-    for (const double share : {0.6, 0.8, 1.0})
-        dragTo(*panel.slider, panel.onSlider(share));
-    QCOMPARE(panel.edit.value(), 1024);
-    QCOMPARE(panel.finished.count(), 0);
-    QTest::mouseRelease(panel.slider, Qt::LeftButton, {}, panel.onSlider(1.0));
-    QCOMPARE(panel.finished.count(), 1);
-    panel.other.setFocus();
-    QCOMPARE(panel.finished.count(), 1);
-}
+        // What came from elsewhere meanwhile stays.
+        panel.spinBox->setFocus();
+        panel.edit.setValue(50);
+        QTest::keyClick(panel.spinBox, Qt::Key_Escape);
+        QCOMPARE(panel.edit.value(), 50);
+    }
 
-void TestNumberEdits::wheelNeedsFocus()
-{
-    QScrollArea area;
-    auto *content = new QWidget;
-    auto *edit = new GDoubleEdit(content);
-    edit->setRange(0.5, 10, 50);
-    edit->setValue(3);
-    content->setMinimumSize(200, 2000);
-    area.setWidget(content);
-    area.show();
-    area.activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(&area));
-    area.setFocus();
-    auto *spinBox = edit->findChild<NumberSpinBox *>();
-    turnWheel(*edit->findChild<GSlider *>(), -1);
-    turnWheel(*spinBox, -1);
-    QCOMPARE(edit->value(), 3.0);
-    QVERIFY(area.verticalScrollBar()->value() > 0);
-    const int scrolled = area.verticalScrollBar()->value();
-    spinBox->setFocus();
-    turnWheel(*edit->findChild<GSlider *>(), 1);
-    turnWheel(*spinBox, 1);
-    QCOMPARE(edit->value(), 3.2);
-    QCOMPARE(area.verticalScrollBar()->value(), scrolled);
-}
+    void wheelNeedsFocus()
+    {
+        QScrollArea area;
+        auto *content = new QWidget;
+        auto *edit = new GDoubleEdit(content);
+        edit->setRange(0.5, 10, 50);
+        edit->setValue(3);
+        content->setMinimumSize(200, 2000);
+        area.setWidget(content);
+        area.show();
+        area.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&area));
+        area.setFocus();
+        auto *spinBox = edit->findChild<NumberSpinBox *>();
+        turnWheel(*edit->findChild<GSlider *>(), -1);
+        turnWheel(*spinBox, -1);
+        QCOMPARE(edit->value(), 3.0);
+        QVERIFY(area.verticalScrollBar()->value() > 0);
+        const int scrolled = area.verticalScrollBar()->value();
+        spinBox->setFocus();
+        turnWheel(*edit->findChild<GSlider *>(), 1);
+        turnWheel(*spinBox, 1);
+        QCOMPARE(edit->value(), 3.2);
+        QCOMPARE(area.verticalScrollBar()->value(), scrolled);
+    }
 
-void TestNumberEdits::mixedUntilSet()
-{
-    Panel panel;
-    panel.edit.setMixed(true);
-    QCOMPARE(panel.spinBox->text(), QStringLiteral("\u2014"));
-    // Looking is not editing.
-    panel.spinBox->setFocus(Qt::TabFocusReason);
-    QTest::keyClick(panel.spinBox, Qt::Key_Return);
-    QCOMPARE(panel.changes.count(), 0);
-    QCOMPARE(panel.spinBox->text(), QStringLiteral("\u2014"));
-    // The value that one of them has already counts.
-    panel.type(QStringLiteral("100"));
-    QTest::keyClick(panel.spinBox, Qt::Key_Enter);
-    QCOMPARE(panel.changes.count(), 1);
-    QCOMPARE(panel.spinBox->text(), QStringLiteral("100 px"));
-    panel.edit.setMixed(true);
-    QTest::mousePress(panel.slider, Qt::LeftButton, {}, panel.onSlider(0.3));
-    QCOMPARE(panel.changes.count(), 2);
-    QTest::keyClick(panel.slider, Qt::Key_Escape);
-    QCOMPARE(panel.spinBox->text(), QStringLiteral("\u2014"));
-}
+    void mixedUntilSet()
+    {
+        Panel panel;
+        panel.edit.setMixed(true);
+        QCOMPARE(panel.spinBox->text(), QStringLiteral("\u2014"));
+        // Looking is not editing.
+        panel.spinBox->setFocus(Qt::TabFocusReason);
+        QTest::keyClick(panel.spinBox, Qt::Key_Return);
+        QCOMPARE(panel.changes.count(), 0);
+        QCOMPARE(panel.spinBox->text(), QStringLiteral("\u2014"));
+        // The value that one of them has already counts.
+        panel.type(QStringLiteral("100"));
+        QTest::keyClick(panel.spinBox, Qt::Key_Enter);
+        QCOMPARE(panel.changes.count(), 1);
+        QCOMPARE(panel.spinBox->text(), QStringLiteral("100 px"));
+        panel.edit.setMixed(true);
+        QTest::mousePress(panel.slider, Qt::LeftButton, {}, panel.onSlider(0.3));
+        QCOMPARE(panel.changes.count(), 2);
+        QTest::keyClick(panel.slider, Qt::Key_Escape);
+        QCOMPARE(panel.spinBox->text(), QStringLiteral("\u2014"));
+    }
+};
 
 QTEST_MAIN(TestNumberEdits)
 #include "tst_NumberEdits.moc"
