@@ -31,8 +31,8 @@ public:
     void updateNormalMap(AngleImage normalmap) override;
     void updateSelection(FloatImage selection) override;
 
-    /// What was written down since the last call.
-    QStringList takeLog() { return std::exchange(m_log, {}); }
+    /// What was written down since the last call, as in "press 1,2|release 3,4".
+    QByteArray takeLog() { return std::exchange(m_log, {}).join(QLatin1Char('|')).toUtf8(); }
 
     InteractionMode mode = InteractionMode::Tool;
     QGraphicsItem *overlay = nullptr;

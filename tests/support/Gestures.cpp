@@ -14,28 +14,38 @@ void sendFromOutside(QWidget &widget, QEvent &event)
 }
 } // namespace
 
-void dragTo(QWidget &widget, const QPoint &place)
+void dragTo(QWidget &widget, const QPoint &place, Qt::MouseButtons buttons)
 {
-    QMouseEvent event(QEvent::MouseMove,
-                      place,
-                      widget.mapToGlobal(place),
-                      Qt::NoButton,
-                      Qt::LeftButton,
-                      Qt::NoModifier);
+    QMouseEvent event(
+        QEvent::MouseMove, place, widget.mapToGlobal(place), Qt::NoButton, buttons, Qt::NoModifier);
     sendFromOutside(widget, event);
+}
+
+void drag(QWidget &widget,
+          const QPoint &from,
+          const QPoint &to,
+          Qt::MouseButton button,
+          Qt::KeyboardModifiers modifiers)
+{
+    QTest::mousePress(&widget, button, modifiers, from);
+    dragTo(widget, (from + to) / 2, button);
+    dragTo(widget, to, button);
+    QTest::mouseRelease(&widget, button, modifiers, to);
 }
 
 void turnWheel(QWidget &widget, int notches)
 {
     constexpr int notch = 120;
-    const QPoint middle = widget.rect().center();
-    QWheelEvent event(middle,
-                      widget.mapToGlobal(middle),
-                      {},
-                      {0, notch * notches},
-                      Qt::NoButton,
-                      Qt::NoModifier,
-                      Qt::NoScrollPhase,
-                      false);
+    turnWheel(widget, widget.rect().center(), {0, notch * notches});
+}
+
+void turnWheel(QWidget &widget,
+               const QPoint &place,
+               const QPoint &angle,
+               Qt::KeyboardModifiers modifiers,
+               Qt::MouseButtons buttons)
+{
+    QWheelEvent event(
+        place, widget.mapToGlobal(place), {}, angle, buttons, modifiers, Qt::NoScrollPhase, false);
     sendFromOutside(widget, event);
 }
