@@ -136,6 +136,12 @@ private Q_SLOTS:
         m_script->then(DialogScript::click("Cancel"_s));
         QVERIFY(!m_window->close());
         QCOMPARE(names(), QStringList{"star"_s});
+
+        m_script->then(DialogScript::click("Discard"_s));
+        QVERIFY(m_window->openPath(m_folder.path("p.vep"_s)));
+        QCOMPARE(names(), QStringList{"moon"_s});
+        QVERIFY(!m_window->isWindowModified());
+        QCOMPARE(enabled({"Undo"_s, "Export lit sprite"_s}), (QVector<bool>{false, true}));
     }
 
     void projectsOfTheFormerFormatAreSavedAnew()
@@ -216,12 +222,13 @@ private Q_SLOTS:
     void exportsALitSpriteBesideTheSprite()
     {
         addSprites({"hero.png"_s});
-        const auto acceptProposal = [](QWidget &dialog) {
-            const QString proposed = dialog.findChild<QLineEdit *>("fileNameEdit"_s)->text();
-            QVERIFY(proposed.endsWith("hero_lit.png"_s));
+        QString proposed;
+        const auto acceptProposal = [&proposed](QWidget &dialog) {
+            proposed = dialog.findChild<QLineEdit *>("fileNameEdit"_s)->text();
             QMetaObject::invokeMethod(&dialog, "accept");
         };
         trigger("Export lit sprite"_s, {acceptProposal});
+        QVERIFY(proposed.endsWith("hero_lit.png"_s));
         QCOMPARE(QImage(m_folder.path("hero_lit.png"_s)).size(), QSize(16, 16));
 
         trigger("Export lit sprite"_s, {DialogScript::chooseFile(m_folder.path("named"_s))});
