@@ -98,6 +98,7 @@ private Q_SLOTS:
     void theSidebarReachesTheScene()
     {
         auto &scene = m_window->findChild<NormalMapEditor *>()->scene();
+        QCOMPARE(scene.displayMode(), DisplayMode::LitTexture);
         const DisplayMode modes[] = {DisplayMode::NormalMap,
                                      DisplayMode::LitTexture,
                                      DisplayMode::LitSurface,
