@@ -28,19 +28,11 @@ GAction::GAction(const QIcon &icon, const QString &text, QObject *parent)
     updateToolTip();
 }
 
-void GAction::setHint(const QString &hint)
-{
-    m_hint = hint;
-    updateToolTip();
-}
-
 void GAction::updateToolTip()
 {
     QString tip = plainActionText(text());
     if (!shortcut().isEmpty())
         tip += QStringLiteral(" (%1)").arg(shortcut().toString(QKeySequence::NativeText));
-    if (!m_hint.isEmpty())
-        tip += QLatin1Char('\n') + m_hint;
     // Setting it reports a change again.
     if (tip != toolTip())
         setToolTip(tip);

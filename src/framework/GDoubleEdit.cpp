@@ -5,21 +5,6 @@ GDoubleEdit::GDoubleEdit(QWidget *parent)
 {
 }
 
-void GDoubleEdit::setRange(double minimum, double maximum)
-{
-    setScale(minimum, maximum, SliderScale(minimum, maximum));
-}
-
-void GDoubleEdit::setRange(double minimum, double middle, double maximum)
-{
-    setScale(minimum, maximum, SliderScale(minimum, middle, maximum));
-}
-
-void GDoubleEdit::setRange(double minimum, double maximum, const SliderScale &scale)
-{
-    setScale(minimum, maximum, scale);
-}
-
 void GDoubleEdit::setDecimals(int decimals)
 {
     setPrecision(decimals);

@@ -10,12 +10,6 @@ class GDoubleEdit : public GNumberEdit
 public:
     explicit GDoubleEdit(QWidget *parent = nullptr);
 
-    /// Linear slider.
-    void setRange(double minimum, double maximum);
-    /// Slider with @p middle in its middle.
-    void setRange(double minimum, double middle, double maximum);
-    /// Slider through @p scale.
-    void setRange(double minimum, double maximum, const SliderScale &scale);
     /// Digits after the point, 1 at first.
     void setDecimals(int decimals);
 

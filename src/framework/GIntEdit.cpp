@@ -5,21 +5,6 @@ GIntEdit::GIntEdit(QWidget *parent)
 {
 }
 
-void GIntEdit::setRange(int minimum, int maximum)
-{
-    setScale(minimum, maximum, SliderScale(minimum, maximum));
-}
-
-void GIntEdit::setRange(int minimum, int middle, int maximum)
-{
-    setScale(minimum, maximum, SliderScale(minimum, middle, maximum));
-}
-
-void GIntEdit::setRange(int minimum, int maximum, const SliderScale &scale)
-{
-    setScale(minimum, maximum, scale);
-}
-
 int GIntEdit::value() const
 {
     return int(number());

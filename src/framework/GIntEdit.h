@@ -10,13 +10,6 @@ class GIntEdit : public GNumberEdit
 public:
     explicit GIntEdit(QWidget *parent = nullptr);
 
-    /// Linear slider.
-    void setRange(int minimum, int maximum);
-    /// Slider with @p middle in its middle.
-    void setRange(int minimum, int middle, int maximum);
-    /// Slider through @p scale.
-    void setRange(int minimum, int maximum, const SliderScale &scale);
-
     int value() const;
 
 public Q_SLOTS:

@@ -84,7 +84,17 @@ bool GNumberEdit::eventFilter(QObject *watched, QEvent *event)
            pressedOnSlider(static_cast<QKeyEvent *>(event)->key());
 }
 
-void GNumberEdit::setScale(double minimum, double maximum, const SliderScale &scale)
+void GNumberEdit::setRange(double minimum, double maximum)
+{
+    setRange(minimum, maximum, SliderScale(minimum, maximum));
+}
+
+void GNumberEdit::setRange(double minimum, double middle, double maximum)
+{
+    setRange(minimum, maximum, SliderScale(minimum, middle, maximum));
+}
+
+void GNumberEdit::setRange(double minimum, double maximum, const SliderScale &scale)
 {
     m_scale = scale;
     m_spinBox->setRange(minimum, maximum);

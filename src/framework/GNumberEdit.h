@@ -16,6 +16,12 @@ class GNumberEdit : public QWidget
     Q_OBJECT
 
 public:
+    /// Linear slider.
+    void setRange(double minimum, double maximum);
+    /// Slider with @p middle in its middle.
+    void setRange(double minimum, double middle, double maximum);
+    /// Slider through @p scale.
+    void setRange(double minimum, double maximum, const SliderScale &scale);
     void setSuffix(const QString &suffix);
     /// What accessibility tools call it; slider and spin box get it.
     void setLabel(const QString &label);
@@ -36,7 +42,6 @@ Q_SIGNALS:
 protected:
     GNumberEdit(int decimals, QWidget *parent);
 
-    void setScale(double minimum, double maximum, const SliderScale &scale);
     void setPrecision(int decimals);
     double number() const { return m_number; }
     /// Sends the number when it is another one.

@@ -50,11 +50,6 @@ void GPathEdit::setDialogTitle(const QString &title)
     m_button->setToolTip(title);
 }
 
-void GPathEdit::setNameFilter(const QString &filter)
-{
-    m_nameFilter = filter;
-}
-
 void GPathEdit::setLabel(const QString &label)
 {
     setAccessibleName(label);
@@ -108,7 +103,7 @@ void GPathEdit::completePaths()
 
 void GPathEdit::choose()
 {
-    QFileDialog dialog(this, m_dialogTitle, QString(), m_nameFilter);
+    QFileDialog dialog(this, m_dialogTitle);
     dialog.setFileMode(m_kind == Kind::Folder ? QFileDialog::Directory : QFileDialog::ExistingFile);
     dialog.setOption(QFileDialog::ShowDirsOnly, m_kind == Kind::Folder);
     const QFileInfo present(path());

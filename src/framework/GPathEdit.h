@@ -22,8 +22,6 @@ public:
     void setEmptyText(const QString &text);
     /// The title of the dialog that the button opens.
     void setDialogTitle(const QString &title);
-    /// For Kind::File, as QFileDialog takes it.
-    void setNameFilter(const QString &filter);
     void setLabel(const QString &label);
     void setMixed(bool isMixed);
 
@@ -51,7 +49,6 @@ private:
     GLineEdit *m_line;
     QToolButton *m_button;
     QString m_dialogTitle;
-    QString m_nameFilter;
 };
 
 /// The chooser of a folder.

@@ -83,3 +83,10 @@ void GLSpriteShader::setUniform(const char *name, const QColor &color)
         float(color.redF()), float(color.greenF()), float(color.blueF()), float(color.alphaF()));
     m_program.setUniformValue(name, components);
 }
+
+void GLSpriteShader::setLightUniforms(const SceneLight &light, float brightness)
+{
+    setUniform("AmbientColor", light.ambient);
+    setUniform("LightColor", light.color);
+    m_program.setUniformValue("Brightness", brightness);
+}

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "preview/DisplayMode.h"
+#include "preview/SceneLight.h"
 
 #include <QElapsedTimer>
 #include <QMatrix4x4>
@@ -47,6 +48,8 @@ protected:
     /// Hands everything to the program, which is bound.
     virtual void apply();
     void setUniform(const char *name, const QColor &color);
+    /// The colours of @p light, and its brightness as the program takes it.
+    void setLightUniforms(const SceneLight &light, float brightness);
     QOpenGLShaderProgram &program() { return m_program; }
 
 private:

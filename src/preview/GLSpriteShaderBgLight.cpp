@@ -8,19 +8,15 @@ GLSpriteShaderBgLight::GLSpriteShaderBgLight()
 
 void GLSpriteShaderBgLight::setLight(const SceneLight &light, const QVector3D &position)
 {
-    m_ambientColor = light.ambient;
-    m_lightColor = light.color;
+    m_light = light;
     m_lightPosition = position;
-    m_brightness = light.brightness;
 }
 
 void GLSpriteShaderBgLight::apply()
 {
     GLSpriteShader::apply();
-    setUniform("AmbientColor", m_ambientColor);
+    setLightUniforms(m_light, m_light.brightness);
     program().setUniformValue("LightPos", m_lightPosition);
-    setUniform("LightColor", m_lightColor);
-    program().setUniformValue("Brightness", m_brightness);
     setUniform("BackgroundColor1", m_backgroundColor1);
     setUniform("BackgroundColor2", m_backgroundColor2);
 }

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "preview/GLSpriteShader.h"
-#include "preview/SceneLight.h"
 
 /// Draws a sprite in a light from afar.
 class GLSpriteShaderDirectionalLight : public GLSpriteShader
@@ -16,8 +15,6 @@ protected:
     void apply() override;
 
 private:
-    QColor m_ambientColor;
-    QColor m_lightColor;
-    float m_brightness = 100.0F;
+    SceneLight m_light;
     QVector3D m_lightDirection{0.0F, 0.0F, 1.0F};
 };

@@ -7,17 +7,13 @@ GLSpriteShaderSpotLight::GLSpriteShaderSpotLight()
 
 void GLSpriteShaderSpotLight::setLight(const SceneLight &light, const QVector3D &position)
 {
-    m_ambientColor = light.ambient;
-    m_lightColor = light.color;
-    m_brightness = light.brightness;
+    m_light = light;
     m_lightPosition = position;
 }
 
 void GLSpriteShaderSpotLight::apply()
 {
     GLSpriteShader::apply();
-    setUniform("AmbientColor", m_ambientColor);
+    setLightUniforms(m_light, m_light.brightness / 100.0F);
     program().setUniformValue("LightPos", m_lightPosition);
-    setUniform("LightColor", m_lightColor);
-    program().setUniformValue("Brightness", m_brightness / 100.0F);
 }

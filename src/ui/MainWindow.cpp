@@ -233,12 +233,9 @@ void MainWindow::connectPanels()
     connect(&m_sprites->list(), &ShapeTreeView::pathsDropped, this, &MainWindow::openOrAdd);
     connect(m_editor, &NormalMapEditor::pathsDropped, this, &MainWindow::openOrAdd);
     connect(m_editor, &NormalMapEditor::pointedPixelChanged, this, &MainWindow::showPointedPixel);
-    connect(m_editor, &NormalMapEditor::noticed, this, [this](const QString &message) {
-        statusBar()->showMessage(message);
-    });
-    connect(m_spriteActions, &SpriteActions::noticed, this, [this](const QString &message) {
-        statusBar()->showMessage(message);
-    });
+    const auto show = [this](const QString &message) { statusBar()->showMessage(message); };
+    connect(m_editor, &NormalMapEditor::noticed, this, show);
+    connect(m_spriteActions, &SpriteActions::noticed, this, show);
     connect(m_spriteActions, &SpriteActions::bodiesChanged, this, &MainWindow::updateActions);
 }
 

@@ -294,9 +294,8 @@ private Q_SLOTS:
         QCOMPARE(action.toolTip(), "Add sprites & more"_s);
         action.setShortcut(QKeySequence("Ctrl+B"_s));
         QCOMPARE(action.toolTip(), "Add sprites & more (Ctrl+B)"_s);
-        action.setHint("From files"_s);
         action.setText("Add"_s);
-        QCOMPARE(action.toolTip(), "Add (Ctrl+B)\nFrom files"_s);
+        QCOMPARE(action.toolTip(), "Add (Ctrl+B)"_s);
     }
 
     void helpsOnce()
