@@ -57,7 +57,8 @@ void PropertyStructEdit::setStructs(const QVector<PropertyStruct *> &structs,
 // The rows may be at work up the stack, and must not send any more once they lose the focus.
 void PropertyStructEdit::clear()
 {
-    // An editor with the focus ends its edit when it is hidden, which is no edit of what comes next.
+    // An editor with the focus ends its edit when it is hidden, which is no edit of what comes
+    // next.
     for (const Row &row : std::as_const(m_rows)) {
         row.editor->disconnect(this);
         row.editor->disconnect(m_model);
