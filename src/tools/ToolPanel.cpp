@@ -39,7 +39,9 @@ Edit *ToolPanel::addNumberRow(const QString &label,
     edit->setLabel(label);
     edit->setValue(value);
     addRow(label, edit);
-    keepSetting({objectName, [edit] { return edit->value(); }, [edit](const QVariant &kept) {
+    keepSetting({objectName,
+                 [edit] { return edit->value(); },
+                 [edit](const QVariant &kept) {
                      if (kept.canConvert<Number>())
                          edit->setValue(kept.value<Number>());
                  }});
@@ -64,9 +66,8 @@ GDoubleEdit *ToolPanel::addDoubleRow(const QString &label,
     return addNumberRow<GDoubleEdit>(label, objectName, scale, value, unit);
 }
 
-QComboBox *ToolPanel::addChoiceRow(const QString &label,
-                                   const QString &objectName,
-                                   const QStringList &choices)
+QComboBox *
+ToolPanel::addChoiceRow(const QString &label, const QString &objectName, const QStringList &choices)
 {
     auto *box = new QComboBox(&m_panel);
     box->setObjectName(objectName);
