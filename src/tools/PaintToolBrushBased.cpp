@@ -174,10 +174,10 @@ void PaintToolBrushBased::createShortcuts()
 {
     addShortcut(QKeySequence(QStringLiteral("[")), [this] { changeSize(-1); });
     addShortcut(QKeySequence(QStringLiteral("]")), [this] { changeSize(1); });
-    // A keyboard tells of the key or of the character, whichever it has.
-    for (const char *keys : {"Shift+[", "{"})
+    // Which of these is told depends on the keyboard.
+    for (const char *keys : {"Shift+[", "Shift+{", "{"})
         addShortcut(QKeySequence(QLatin1String(keys)), [this] { changeHardness(-1); });
-    for (const char *keys : {"Shift+]", "}"})
+    for (const char *keys : {"Shift+]", "Shift+}", "}"})
         addShortcut(QKeySequence(QLatin1String(keys)), [this] { changeHardness(1); });
     for (int digit = 0; m_opacityEdit && digit <= 9; ++digit) {
         const int opacity = (digit == 0 ? 10 : digit) * opacityPerKey;
