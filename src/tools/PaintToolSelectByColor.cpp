@@ -13,14 +13,14 @@ PaintToolSelectByColor::PaintToolSelectByColor(QObject *parent)
                       QStringLiteral("A"),
                       parent)
 {
-    action().setStatusTip(tr("Click a color to select it; Shift adds, Alt takes away."));
+    action().setStatusTip(tr("Selects the color that you click, as far as it reaches."));
     const GIntEdit *tolerance = panel().addIntegerRow(
         tr("Tolerance"), QStringLiteral("Tolerance"), SliderScale(0, 64, 255), m_tolerance);
     connect(tolerance, &GIntEdit::valueChanged, this, [this](int value) { m_tolerance = value; });
-    panel().addHelp(tr("click or drag | select the color there\n"
-                       "hold Shift | add to the selection\n"
-                       "hold Alt | subtract from the selection\n"
-                       "click beside the sprite | select nothing"));
+    panel().addHelp(action().statusTip() + tr("\nclick or drag | select the color there"
+                                              "\nShift | add to the selection"
+                                              "\nAlt | subtract from the selection"
+                                              "\nclick outside | clear the selection"));
 }
 
 void PaintToolSelectByColor::deactivate()

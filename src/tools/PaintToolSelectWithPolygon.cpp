@@ -16,14 +16,13 @@ PaintToolSelectWithPolygon::PaintToolSelectWithPolygon(QObject *parent)
                       QStringLiteral("L"),
                       parent)
 {
-    action().setStatusTip(tr("Click the corners of the area to select; Shift adds, Alt takes "
-                             "away. A double click closes it."));
-    panel().addHelp(tr("click | set a corner\n"
-                       "click the first corner, double click or Enter | close\n"
-                       "Backspace | remove the last corner\n"
-                       "Escape | cancel\n"
-                       "hold Shift at the start | add to the selection\n"
-                       "hold Alt at the start | subtract from the selection"));
+    action().setStatusTip(tr("Selects what is inside of a polygon that you click."));
+    panel().addHelp(action().statusTip() + tr("\nclick | add a corner, on the first one close"
+                                              "\ndouble click or Enter | close"
+                                              "\nBackspace | remove the last corner"
+                                              "\nEsc | cancel"
+                                              "\nbegin with Shift | add to the selection"
+                                              "\nbegin with Alt | subtract from the selection"));
 }
 
 void PaintToolSelectWithPolygon::deactivate()
