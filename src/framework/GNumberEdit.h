@@ -22,6 +22,8 @@ public:
     void setRange(double minimum, double middle, double maximum);
     /// Slider through @p scale.
     void setRange(double minimum, double maximum, const SliderScale &scale);
+    /// The scale's range.
+    void setScale(const SliderScale &scale) { setRange(scale.minimum(), scale.maximum(), scale); }
     void setSuffix(const QString &suffix);
     /// What accessibility tools call it; slider and spin box get it.
     void setLabel(const QString &label);

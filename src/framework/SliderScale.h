@@ -17,6 +17,8 @@ public:
     /// Linear between neighbours of @p points, rising, at least two.
     explicit SliderScale(const QVector<double> &points);
 
+    double minimum() const { return m_points.first(); }
+    double maximum() const { return m_points.last(); }
     double valueAt(int step) const;
     /// The step whose value is nearest to @p value.
     int stepOf(double value) const;

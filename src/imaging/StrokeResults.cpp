@@ -5,65 +5,77 @@
 #include "imaging/MaskedPaste.h"
 #include "imaging/SlopeArithmetic.h"
 
+#include <algorithm>
+
 namespace {
 
-// Puts back what the stroke began with. Returns the part of the rectangle that lies on the surface.
-QRect restored(AngleImage &current, const AngleImage &start, const QRect &rect)
+FloatImage cropped(const FloatImage &image, const QRect &area)
 {
-    const QRect area = clipped(rect, current.rect());
-    if (area.isEmpty())
-        return {};
-    return start.isNull() ? blendSlope(current, {}, {}, area)
-                          : copyRegion(current, {}, start, area);
+    FloatImage part(area.width(), area.height());
+    for (int y = 0; y < area.height(); ++y)
+        std::copy_n(image.row(area.top() + y) + area.left(), area.width(), part.row(y));
+    return part;
 }
 
 } // namespace
 
-QRect applyHeights(AngleImage &current,
-                   const AngleImage &start,
-                   const FloatImage &heights,
-                   const QRect &changed)
+SurfacePiece untouched(const AngleImage &start, const QSize &size, const QRect &changed)
+{
+    const QRect area = clipped(changed, QRect(QPoint(), size));
+    if (area.isEmpty())
+        return {};
+    SurfacePiece piece{AngleImage(area.width(), area.height()), area};
+    pasteMasked(piece.cells, {}, {}, start, area);
+    return piece;
+}
+
+SurfacePiece raised(const AngleImage &start, const FloatImage &heights, const QRect &changed)
 {
     constexpr int reach = 2;
-    const QRect inside = clipped(changed, current.rect());
+    const QRect inside = clipped(changed, heights.rect());
     if (inside.isEmpty())
         return {};
-    const QRect area = restored(current, start, inside.adjusted(-reach, -reach, reach, reach));
+    SurfacePiece piece =
+        untouched(start, heights.size(), inside.adjusted(-reach, -reach, reach, reach));
     AngleImage slopes;
-    heightsToAngles(heights, slopes, area);
-    return addSlopes(current, {}, area.topLeft(), slopes);
+    heightsToAngles(heights, slopes, piece.area);
+    addSlopes(piece.cells, {}, {}, slopes);
+    return piece;
 }
 
-QRect applySlope(AngleImage &current,
-                 const AngleImage &start,
-                 const FloatImage &coverage,
-                 const QRect &changed,
-                 AngleImage::Pixel slope)
+SurfacePiece turned(const AngleImage &start,
+                    const FloatImage &coverage,
+                    const QRect &changed,
+                    AngleImage::Pixel slope)
 {
-    const QRect area = restored(current, start, changed);
-    return area.isEmpty() ? QRect() : blendSlope(current, coverage, slope, area);
+    SurfacePiece piece = untouched(start, coverage.size(), changed);
+    if (!piece.isEmpty())
+        blendSlope(piece.cells, cropped(coverage, piece.area), slope);
+    return piece;
 }
 
-QRect applySmoothened(AngleImage &current,
-                      const AngleImage &start,
-                      const FloatImage &coverage,
-                      const QRect &changed,
-                      const AngleImage &smoothened)
+SurfacePiece smoothened(const AngleImage &start,
+                        const FloatImage &coverage,
+                        const QRect &changed,
+                        const AngleImage &smooth)
 {
-    if (smoothened.isNull())
+    if (smooth.isNull())
         return {};
-    const QRect area = restored(current, start, changed);
-    return area.isEmpty() ? QRect() : copyRegion(current, coverage, smoothened, area);
+    SurfacePiece piece = untouched(start, coverage.size(), changed);
+    if (!piece.isEmpty())
+        pasteMasked(piece.cells, cropped(coverage, piece.area), {}, smooth, piece.area);
+    return piece;
 }
 
-QRect applyStructure(AngleImage &current,
-                     const AngleImage &start,
-                     const FloatImage &coverage,
-                     const QRect &changed,
-                     const AngleImage &structure)
+SurfacePiece structured(const AngleImage &start,
+                        const FloatImage &coverage,
+                        const QRect &changed,
+                        const AngleImage &structure)
 {
     if (structure.isNull())
         return {};
-    const QRect area = restored(current, start, changed);
-    return area.isEmpty() ? QRect() : addSlopes(current, coverage, area.topLeft(), structure, area);
+    SurfacePiece piece = untouched(start, coverage.size(), changed);
+    if (!piece.isEmpty())
+        addSlopes(piece.cells, cropped(coverage, piece.area), {}, structure, piece.area);
+    return piece;
 }

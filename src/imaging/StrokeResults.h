@@ -5,36 +5,42 @@
 
 #include <QRect>
 
-// What a stroke makes of a surface: each writes the cells of a rectangle of current anew, from
-// those that start had when the stroke began and from what the stroke's layer holds there. So a
-// stroke may pass a place as often as it likes. All rasters have one size; a null start is a flat
-// one. Each returns the rectangle that it wrote, clipped to the surface; a rectangle that is empty
-// changes nothing.
+/// Some cells of a surface and where they belong.
+struct SurfacePiece
+{
+    AngleImage cells; ///< in the size of the area
+    QRect area;
+
+    bool isEmpty() const { return area.isEmpty(); }
+};
+
+// What a stroke makes of a surface, in the rectangle that changed: the cells that start had when
+// the stroke began, and what the stroke's layer does to them there. So a stroke may pass a place as
+// often as it likes, and a step costs its rectangle. All rasters have the layer's size; a null
+// start is a flat one. The rectangle is clipped to the layer; the piece is empty when nothing is
+// left of it.
+
+/// The cells of @p start themselves, in a surface of @p size.
+SurfacePiece untouched(const AngleImage &start, const QSize &size, const QRect &changed);
 
 /// The layer's heights raise the surface, their slopes are added. Reaches two pixels beyond
 /// @p changed, as far as changed heights show in slopes.
-QRect applyHeights(AngleImage &current,
-                   const AngleImage &start,
-                   const FloatImage &heights,
-                   const QRect &changed);
+SurfacePiece raised(const AngleImage &start, const FloatImage &heights, const QRect &changed);
 
 /// The surface turns to @p slope by the layer's coverage; (0, 0) erases.
-QRect applySlope(AngleImage &current,
-                 const AngleImage &start,
-                 const FloatImage &coverage,
-                 const QRect &changed,
-                 AngleImage::Pixel slope);
+SurfacePiece turned(const AngleImage &start,
+                    const FloatImage &coverage,
+                    const QRect &changed,
+                    AngleImage::Pixel slope);
 
-/// The surface becomes @p smoothened by the layer's coverage; nothing while that is null.
-QRect applySmoothened(AngleImage &current,
-                      const AngleImage &start,
-                      const FloatImage &coverage,
-                      const QRect &changed,
-                      const AngleImage &smoothened);
+/// The surface becomes @p smooth by the layer's coverage; empty while that is null.
+SurfacePiece smoothened(const AngleImage &start,
+                        const FloatImage &coverage,
+                        const QRect &changed,
+                        const AngleImage &smooth);
 
-/// The slopes of @p structure are added by the layer's coverage; nothing while that is null.
-QRect applyStructure(AngleImage &current,
-                     const AngleImage &start,
-                     const FloatImage &coverage,
-                     const QRect &changed,
-                     const AngleImage &structure);
+/// The slopes of @p structure are added by the layer's coverage; empty while that is null.
+SurfacePiece structured(const AngleImage &start,
+                        const FloatImage &coverage,
+                        const QRect &changed,
+                        const AngleImage &structure);

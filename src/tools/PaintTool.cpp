@@ -1,7 +1,9 @@
 #include "tools/PaintTool.h"
 
 #include "framework/GAction.h"
+#include "tools/ToolPanel.h"
 
+#include <QShortcut>
 #include <QWidget>
 
 PaintTool::PaintTool(const QIcon &icon,
@@ -21,14 +23,57 @@ QString PaintTool::text() const
     return action().text();
 }
 
-void PaintTool::activate(const ToolContext & /*context*/, const AngleImage & /*image*/) {}
-void PaintTool::deactivate() {}
+ToolPanel &PaintTool::panel()
+{
+    if (!m_panel)
+        m_panel = std::make_unique<ToolPanel>(*m_settingsPanel);
+    return *m_panel;
+}
+
+QVector<ToolSetting> PaintTool::settings() const
+{
+    return m_panel ? m_panel->settings() : QVector<ToolSetting>();
+}
+
+void PaintTool::addShortcut(const QKeySequence &keys, const std::function<void()> &run)
+{
+    auto *shortcut = new QShortcut(keys, m_settingsPanel.get());
+    shortcut->setEnabled(false);
+    connect(shortcut, &QShortcut::activated, this, run);
+    m_shortcuts.append(shortcut);
+}
+
+void PaintTool::setInUse(bool isInUse)
+{
+    for (QShortcut *shortcut : std::as_const(m_shortcuts))
+        shortcut->setEnabled(isInUse);
+    if (m_panel)
+        m_panel->setCommandsEnabled(isInUse);
+}
+
+void PaintTool::activate(const ToolContext & /*context*/, const AngleImage & /*image*/)
+{
+    setInUse(true);
+}
+
+void PaintTool::deactivate()
+{
+    setInUse(false);
+}
+
 void PaintTool::mousePress(const ToolPointerEvent & /*event*/) {}
 void PaintTool::mouseMove(const ToolPointerEvent & /*event*/) {}
 void PaintTool::mouseRelease(const ToolPointerEvent & /*event*/) {}
 void PaintTool::mouseDoubleClick(const ToolPointerEvent & /*event*/) {}
 void PaintTool::keyPress(int /*key*/, Qt::KeyboardModifiers /*modifiers*/) {}
 void PaintTool::keyRelease(int /*key*/, Qt::KeyboardModifiers /*modifiers*/) {}
+
+bool PaintTool::turnWheel(double /*notches*/, Qt::KeyboardModifiers /*modifiers*/)
+{
+    return false;
+}
+
+void PaintTool::reload() {}
 // Values, for tools that keep them. NOLINTBEGIN(performance-unnecessary-value-param)
 void PaintTool::updateTexture(QImage /*image*/) {}
 void PaintTool::updateNormalMap(AngleImage /*normalmap*/) {}

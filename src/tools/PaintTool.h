@@ -10,11 +10,18 @@
 
 #include <QImage>
 #include <QRect>
+#include <QVector>
 
+#include <functional>
 #include <memory>
+
+class ToolPanel;
+struct ToolSetting;
 
 QT_BEGIN_NAMESPACE
 class QGraphicsItem;
+class QKeySequence;
+class QShortcut;
 class QWidget;
 QT_END_NAMESPACE
 
@@ -35,10 +42,13 @@ public:
 
     QString text() const;
     QWidget *settingsPanel() const { return m_settingsPanel.get(); }
+    /// What is kept between runs.
+    QVector<ToolSetting> settings() const;
     /// 0 for tools that paint nothing, 1 for brushes, 2 for the brush that sets an angle.
     virtual int kind() const { return 0; }
 
-    /// The tool is used on a body with @p image as its surface from now on.
+    /// The tool is used on a body with @p image as its surface from now on. Enables the shortcuts
+    /// and the commands of the panel; who overrides these two calls them.
     virtual void activate(const ToolContext &context, const AngleImage &image);
     virtual void deactivate();
 
@@ -49,6 +59,11 @@ public:
     virtual void mouseDoubleClick(const ToolPointerEvent &event);
     virtual void keyPress(int key, Qt::KeyboardModifiers modifiers);
     virtual void keyRelease(int key, Qt::KeyboardModifiers modifiers);
+    /// The wheel turned by @p notches, up is positive, with Control held. False when it means
+    /// nothing here.
+    virtual bool turnWheel(double notches, Qt::KeyboardModifiers modifiers);
+    /// Reads anew what lies outside of the document, such as folders of files.
+    virtual void reload();
     /// Shown above the sprite while the tool is active; owned by the tool, null for none.
     virtual QGraphicsItem *overlayItem() const { return nullptr; }
 
@@ -65,6 +80,16 @@ Q_SIGNALS:
     void selectionChanged(FloatImage selection, QString undoText, bool mergeWithPrevious = false);
     void interactionModeChanged(InteractionMode mode);
 
+protected:
+    /// Lays rows into the settings panel.
+    ToolPanel &panel();
+    /// Runs @p run at @p keys, while the tool is active.
+    void addShortcut(const QKeySequence &keys, const std::function<void()> &run);
+
 private:
+    void setInUse(bool isInUse);
+
     std::unique_ptr<QWidget> m_settingsPanel;
+    std::unique_ptr<ToolPanel> m_panel;
+    QVector<QShortcut *> m_shortcuts; // children of the panel
 };

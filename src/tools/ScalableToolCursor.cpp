@@ -5,6 +5,14 @@
 #include <QPixmap>
 #include <QPoint>
 
+namespace {
+QPen dashed(QPen pen)
+{
+    pen.setDashPattern({2.0, 2.0});
+    return pen;
+}
+} // namespace
+
 ScalableToolCursor::ScalableToolCursor(const QCursor &pointer)
     : m_pointer(pointer)
 {
@@ -30,11 +38,22 @@ ScalableToolCursor::ShapeCircle::ShapeCircle(const QPointF &centre, double radiu
 void ScalableToolCursor::ShapeCircle::draw(QPainter &painter) const
 {
     painter.save();
-    if (m_isDashed) {
-        QPen pen = painter.pen();
-        pen.setDashPattern({2.0, 2.0});
-        painter.setPen(pen);
-    }
+    if (m_isDashed)
+        painter.setPen(dashed(painter.pen()));
     painter.drawEllipse(m_centre, m_radius, m_radius);
+    painter.restore();
+}
+
+ScalableToolCursor::ShapeLine::ShapeLine(const QPointF &from, const QPointF &to)
+    : m_from(from)
+    , m_to(to)
+{
+}
+
+void ScalableToolCursor::ShapeLine::draw(QPainter &painter) const
+{
+    painter.save();
+    painter.setPen(dashed(painter.pen()));
+    painter.drawLine(m_from, m_to);
     painter.restore();
 }

@@ -37,6 +37,18 @@ public:
         bool m_isDashed;
     };
 
+    /// A dashed line.
+    class ShapeLine : public Shape
+    {
+    public:
+        ShapeLine(const QPointF &from, const QPointF &to);
+        void draw(QPainter &painter) const override;
+
+    private:
+        QPointF m_from;
+        QPointF m_to;
+    };
+
     ScalableToolCursor() = default;
     /// A plain pointer.
     explicit ScalableToolCursor(const QCursor &pointer);

@@ -8,6 +8,7 @@ struct ToolPointerEvent
 {
     QPointF position;      ///< in pixels of the sprite, which may lie outside of it
     double pressure = 1.0; ///< 0 to 1; a mouse presses fully
+    bool isEraser = false; ///< the other end of a pen
     Qt::MouseButtons buttons = Qt::NoButton;
     Qt::MouseButton changedButton = Qt::NoButton; ///< none for a move
     Qt::KeyboardModifiers modifiers = Qt::NoModifier;

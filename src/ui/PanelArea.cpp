@@ -1,5 +1,6 @@
 #include "ui/PanelArea.h"
 
+#include "framework/PanelLabels.h"
 #include "framework/UiScale.h"
 
 #include <QEvent>
@@ -56,23 +57,4 @@ QLabel *createSidebarTitle(const QString &text, QWidget *parent)
     title->setForegroundRole(QPalette::WindowText);
     title->setContentsMargins(scaled(12), scaled(12), scaled(12), scaled(8));
     return title;
-}
-
-QLabel *createPanelTitle(const QString &text, QWidget *parent)
-{
-    auto *title = new QLabel(text, parent);
-    QFont font = title->font();
-    font.setPointSizeF(QFontInfo(font).pointSizeF() * 0.9);
-    font.setWeight(QFont::DemiBold);
-    title->setFont(font);
-    title->setForegroundRole(QPalette::PlaceholderText);
-    return title;
-}
-
-QLabel *createQuietText(const QString &text, QWidget *parent)
-{
-    auto *label = new QLabel(text, parent);
-    label->setForegroundRole(QPalette::PlaceholderText);
-    label->setWordWrap(true);
-    return label;
 }

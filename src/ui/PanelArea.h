@@ -30,9 +30,3 @@ private:
 
 /// The title of a sidebar, at its edges.
 QLabel *createSidebarTitle(const QString &text, QWidget *parent = nullptr);
-
-/// The title of a group of controls: small, semi-bold, quiet.
-QLabel *createPanelTitle(const QString &text, QWidget *parent = nullptr);
-
-/// A line of quiet text that takes as many lines as it needs.
-QLabel *createQuietText(const QString &text, QWidget *parent = nullptr);

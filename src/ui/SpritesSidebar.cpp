@@ -4,6 +4,7 @@
 #include "framework/EditorKeys.h"
 #include "framework/GAction.h"
 #include "framework/ThemedIcon.h"
+#include "framework/PanelLabels.h"
 #include "framework/UiScale.h"
 #include "model/ItemSelectionModel.h"
 #include "model/Project.h"

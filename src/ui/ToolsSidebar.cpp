@@ -1,6 +1,7 @@
 #include "ui/ToolsSidebar.h"
 
 #include "framework/GAction.h"
+#include "framework/PanelLabels.h"
 #include "framework/UiScale.h"
 #include "model/Body.h"
 #include "model/ItemSelectionModel.h"

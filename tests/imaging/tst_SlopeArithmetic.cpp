@@ -68,6 +68,11 @@ QRect plainly(Rule rule,
     return changed;
 }
 
+QRect put(AngleImage &surface, const SurfacePiece &piece)
+{
+    return piece.isEmpty() ? QRect() : pasteMasked(surface, {}, piece.area.topLeft(), piece.cells);
+}
+
 } // namespace
 
 class TestSlopeArithmetic : public QObject
@@ -184,7 +189,7 @@ private Q_SLOTS:
                 for (int y = dab.top(); y <= dab.bottom(); ++y)
                     for (int x = dab.left(); x <= dab.right(); ++x)
                         heights.row(y)[x] = float(randomInt(-40, 40, random));
-                const QRect written = applyHeights(current, start, heights, dab);
+                const QRect written = put(current, raised(start, heights, dab));
                 QCOMPARE(written,
                          dab.isEmpty() ? QRect()
                                        : clipped(dab.adjusted(-2, -2, 2, 2), start.rect()));
@@ -208,37 +213,32 @@ private Q_SLOTS:
         const Pixel slope{300, -70};
         for (const QRect area : {QRect(3, 2, 11, 5), QRect(-4, -4, 99, 99)}) {
             const QRect inside = area.intersected(start.rect());
-            // What an earlier step of the stroke left there does not count.
-            AngleImage current = start;
-            blendSlope(current, {}, {1, 2}, inside);
             AngleImage expected = start;
             blendSlope(expected, coverage, slope, inside);
-            QCOMPARE(applySlope(current, start, coverage, area, slope), inside);
+            AngleImage current = start;
+            QCOMPARE(put(current, turned(start, coverage, area, slope)), inside);
             QCOMPARE(current, expected);
             expected = start;
             copyRegion(expected, coverage, other, inside);
-            QCOMPARE(applySmoothened(current, start, coverage, area, other), inside);
+            QCOMPARE(put(current, smoothened(start, coverage, area, other)), inside);
             QCOMPARE(current, expected);
             expected = start;
             addSlopes(expected, coverage, inside.topLeft(), other, inside);
-            QCOMPARE(applyStructure(current, start, coverage, area, other), inside);
+            QCOMPARE(put(current, structured(start, coverage, area, other)), inside);
             QCOMPARE(current, expected);
             for (const QRect &nothing :
                  {QRect(), QRect(50, 0, 5, 5), QRect(3, 3, 0, 4), QRect(9, 3, -5, 4)}) {
-                QVERIFY(applySlope(current, start, coverage, nothing, slope).isEmpty());
-                QVERIFY(applyHeights(current, start, coverage, nothing).isEmpty());
-                QVERIFY(applySmoothened(current, start, coverage, nothing, other).isEmpty());
-                QVERIFY(applyStructure(current, start, coverage, nothing, other).isEmpty());
+                QVERIFY(turned(start, coverage, nothing, slope).isEmpty());
+                QVERIFY(raised(start, coverage, nothing).isEmpty());
+                QVERIFY(smoothened(start, coverage, nothing, other).isEmpty());
+                QVERIFY(structured(start, coverage, nothing, other).isEmpty());
             }
-            QVERIFY(applySmoothened(current, start, coverage, area, {}).isEmpty());
-            QVERIFY(applyStructure(current, start, coverage, area, {}).isEmpty());
-            QCOMPARE(current, expected);
+            QVERIFY(smoothened(start, coverage, area, {}).isEmpty());
+            QVERIFY(structured(start, coverage, area, {}).isEmpty());
             // An unpainted body is flat.
             expected = AngleImage(size.width(), size.height());
-            current = start;
-            applySlope(current, {}, coverage, start.rect(), slope);
-            applySlope(expected, expected, coverage, start.rect(), slope);
-            QCOMPARE(current, expected);
+            blendSlope(expected, coverage, slope);
+            QCOMPARE(turned({}, coverage, start.rect(), slope).cells, expected);
         }
     }
 
