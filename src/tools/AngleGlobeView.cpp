@@ -1,0 +1,258 @@
+#include "tools/AngleGlobeView.h"
+
+#include "framework/ThemeColors.h"
+#include "framework/UiScale.h"
+#include "imaging/AngleGlobe.h"
+#include "imaging/LitImage.h"
+#include "imaging/NormalEncoding.h"
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QtMath>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+constexpr int directions = 12;
+constexpr int upwards = directions / 2;
+constexpr int ringsInRadius = 4;
+constexpr int lastRing = ringsInRadius - 1; // the next one is the rim, which the marker can't reach
+
+// What the rim of the ball shows of a whole one: there, where slopes have no end, it would be black
+// on one side and white on the other.
+constexpr double shownShare = 0.95;
+
+QImage litBall(int size)
+{
+    const AngleImage slopes = globeSlopes(qRound(size / shownShare), false);
+    QImage normals(slopes.size(), QImage::Format_RGB32);
+    toNormalMap(slopes, normals);
+    Light light;
+    light.ambient = QColor::fromRgbF(0.45, 0.45, 0.45);
+    light.brightness = 115.0;
+    light.place = QVector3D(-0.5F, -0.6F, 0.75F);
+    const QImage lit = litImage({}, normals, light);
+    const int border = (lit.width() - size) / 2;
+    return lit.copy(border, border, size, size);
+}
+
+// In pixels of the device, with a smooth edge.
+QPixmap ballPixmap(int size)
+{
+    QPixmap ball(size, size);
+    ball.fill(Qt::transparent);
+    QPainter painter(&ball);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(litBall(size));
+    painter.drawEllipse(ball.rect());
+    return ball;
+}
+
+QPointF onCircle(int direction, double radius)
+{
+    const double angle = direction * 2.0 * M_PI / directions;
+    return QPointF(std::sin(angle), std::cos(angle)) * radius;
+}
+
+QPoint stepOf(int key)
+{
+    switch (key) {
+    case Qt::Key_Left:
+        return {-1, 0};
+    case Qt::Key_Right:
+        return {1, 0};
+    case Qt::Key_Up:
+        return {0, -1};
+    case Qt::Key_Down:
+        return {0, 1};
+    default:
+        return {};
+    }
+}
+
+bool isResetKey(int key)
+{
+    return key == Qt::Key_Home || key == Qt::Key_Delete;
+}
+
+bool isOwnKey(const QKeyEvent &event)
+{
+    constexpr Qt::KeyboardModifiers allowed = Qt::ShiftModifier | Qt::KeypadModifier;
+    const bool isPlain = (event.modifiers() & ~allowed) == Qt::NoModifier;
+    return isPlain && (isResetKey(event.key()) || !stepOf(event.key()).isNull());
+}
+
+} // namespace
+
+AngleGlobeView::AngleGlobeView(int globeSize, int margin, QWidget *parent)
+    : QWidget(parent)
+    , m_globeSize(globeSize)
+    , m_direction(upwards)
+{
+    setFixedSize(globeSize + 2 * margin, globeSize + 2 * margin);
+    setFocusPolicy(Qt::StrongFocus);
+    setAttribute(Qt::WA_Hover);
+}
+
+void AngleGlobeView::setMarker(const QPointF &position)
+{
+    m_marker = position;
+    update();
+}
+
+void AngleGlobeView::setDiscrete(bool isDiscrete)
+{
+    m_isDiscrete = isDiscrete;
+    update();
+}
+
+double AngleGlobeView::radius() const
+{
+    return m_globeSize * 0.5;
+}
+
+bool AngleGlobeView::event(QEvent *event)
+{
+    // Before the window's shortcuts: Delete would remove a sprite.
+    if (event->type() == QEvent::ShortcutOverride && isOwnKey(*static_cast<QKeyEvent *>(event))) {
+        event->accept();
+        return true;
+    }
+    return QWidget::event(event);
+}
+
+void AngleGlobeView::mousePressEvent(QMouseEvent *event)
+{
+    if (event->button() != Qt::LeftButton)
+        return;
+    setCursor(Qt::BlankCursor);
+    point(*event);
+}
+
+void AngleGlobeView::mouseMoveEvent(QMouseEvent *event)
+{
+    if (event->buttons().testFlag(Qt::LeftButton))
+        point(*event);
+}
+
+void AngleGlobeView::mouseReleaseEvent(QMouseEvent *event)
+{
+    if (event->button() == Qt::LeftButton)
+        unsetCursor();
+}
+
+void AngleGlobeView::hideEvent(QHideEvent *event)
+{
+    unsetCursor(); // a drag that is broken off has no release
+    QWidget::hideEvent(event);
+}
+
+void AngleGlobeView::point(const QMouseEvent &event)
+{
+    const QPointF centre(width() / 2.0, height() / 2.0);
+    Q_EMIT pointed(heldOnGlobe(event.localPos() - centre, m_globeSize));
+}
+
+void AngleGlobeView::keyPressEvent(QKeyEvent *event)
+{
+    if (!isOwnKey(*event)) {
+        QWidget::keyPressEvent(event);
+        return;
+    }
+    if (isResetKey(event->key())) {
+        Q_EMIT resetRequested();
+        return;
+    }
+    const QPoint step = stepOf(event->key());
+    const bool isFar = event->modifiers().testFlag(Qt::ShiftModifier);
+    Q_EMIT pointed(m_isDiscrete ? turned(step, isFar) : moved(step, isFar));
+}
+
+QPointF AngleGlobeView::moved(const QPoint &step, bool isFar) const
+{
+    constexpr int farStep = 8;
+    return heldOnGlobe(m_marker + step * scaled(isFar ? farStep : 1), m_globeSize);
+}
+
+// Right goes on clockwise, up goes out to the next ring; both as far as they can with Shift.
+QPointF AngleGlobeView::turned(const QPoint &step, bool isFar)
+{
+    constexpr int quarter = directions / 4;
+    const double ringStep = radius() / ringsInRadius;
+    const int ring = qRound(std::hypot(m_marker.x(), m_marker.y()) / ringStep);
+    if (ring > 0)
+        m_direction = qRound(std::atan2(m_marker.x(), m_marker.y()) * directions / (2.0 * M_PI));
+    m_direction -= step.x() * (isFar ? quarter : 1);
+    const int newRing = std::clamp(ring - step.y() * (isFar ? lastRing : 1), 0, lastRing);
+    // In the middle of what snaps there, where no rounding leads astray.
+    return onCircle(m_direction, newRing > 0 ? (newRing + 0.5) * ringStep : 0.0);
+}
+
+void AngleGlobeView::paintEvent(QPaintEvent * /*event*/)
+{
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    if (!isEnabled())
+        painter.setOpacity(0.4);
+    painter.translate(width() / 2.0, height() / 2.0);
+    drawBall(painter);
+    drawRim(painter);
+    if (m_isDiscrete)
+        drawSnapLines(painter);
+    drawMarker(painter);
+}
+
+void AngleGlobeView::drawBall(QPainter &painter)
+{
+    const double ratio = devicePixelRatioF();
+    const int size = qRound(m_globeSize * ratio);
+    if (m_ball.width() != size)
+        m_ball = ballPixmap(size);
+    m_ball.setDevicePixelRatio(ratio);
+    painter.drawPixmap(QPointF(-radius(), -radius()), m_ball);
+}
+
+void AngleGlobeView::drawRim(QPainter &painter) const
+{
+    if (!hasFocus() && !underMouse())
+        return;
+    const ThemeColors colors = themeColors(palette());
+    const double distance = radius() + 3.0 * uiScaleFactor();
+    painter.setPen(QPen(hasFocus() ? colors.accent : colors.field, 1.5 * uiScaleFactor()));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawEllipse(QPointF(), distance, distance);
+}
+
+void AngleGlobeView::drawSnapLines(QPainter &painter) const
+{
+    const double ringStep = radius() / ringsInRadius;
+    const auto draw = [&](const QColor &color, double width) {
+        painter.setPen(QPen(color, width * uiScaleFactor()));
+        painter.setBrush(Qt::NoBrush);
+        for (int ring = 1; ring <= lastRing; ++ring)
+            painter.drawEllipse(QPointF(), ring * ringStep, ring * ringStep);
+        for (int direction = 0; direction < directions; ++direction)
+            painter.drawLine(onCircle(direction, ringStep), onCircle(direction, radius()));
+    };
+    draw(QColor(0, 0, 0, 90), 1.0);
+}
+
+// A pin that stands upright on the ball: its head and where it comes out.
+void AngleGlobeView::drawMarker(QPainter &painter) const
+{
+    const double scale = uiScaleFactor();
+    const QPointF tip = m_marker + m_marker / radius() * 13.0 * scale;
+    const double ring = 5.5 * scale;
+    const auto draw = [&](const QColor &color, double width) {
+        painter.setPen(QPen(color, width * scale, Qt::SolidLine, Qt::RoundCap));
+        painter.setBrush(Qt::NoBrush);
+        painter.drawLine(m_marker, tip);
+        painter.drawEllipse(m_marker, ring, ring);
+    };
+    draw(QColor(0x1d, 0x1d, 0x1f), 4.5);
+    draw(QColor(0xf2, 0xb1, 0x55), 2.0);
+}
