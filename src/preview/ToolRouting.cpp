@@ -131,8 +131,12 @@ FloatImage ToolRouting::selection() const
 ToolPointerEvent ToolRouting::toolEvent(const QGraphicsSceneMouseEvent &event,
                                         Qt::MouseButton changedButton) const
 {
-    return {
-        event.scenePos() - m_target->pos(), 1.0, event.buttons(), changedButton, event.modifiers()};
+    return {event.scenePos() - m_target->pos(),
+            1.0,
+            false,
+            event.buttons(),
+            changedButton,
+            event.modifiers()};
 }
 
 void ToolRouting::press(const QGraphicsSceneMouseEvent &event)
