@@ -25,16 +25,23 @@ constexpr int lastRing = ringsInRadius - 1; // the next one is the rim, which th
 // on one side and white on the other.
 constexpr double shownShare = 0.95;
 
+// A studio's ball: one light from the upper left, and a weak one from the front for the far side.
 QImage litBall(int size)
 {
     const AngleImage slopes = globeSlopes(qRound(size / shownShare), false);
     QImage normals(slopes.size(), QImage::Format_RGB32);
     toNormalMap(slopes, normals);
-    Light light;
-    light.ambient = QColor::fromRgbF(0.45, 0.45, 0.45);
-    light.brightness = 115.0;
-    light.place = QVector3D(-0.5F, -0.6F, 0.75F);
-    const QImage lit = litImage({}, normals, light);
+    Light front;
+    front.brightness = 30.0;
+    Light side;
+    side.ambient = Qt::darkGray;
+    side.brightness = 85.0;
+    side.place = QVector3D(-0.65F, -0.75F, 0.8F);
+    QImage lit = litImage({}, normals, side);
+    QPainter painter(&lit);
+    painter.setCompositionMode(QPainter::CompositionMode_Plus);
+    painter.drawImage(0, 0, litImage({}, normals, front));
+    painter.end();
     const int border = (lit.width() - size) / 2;
     return lit.copy(border, border, size, size);
 }
@@ -230,29 +237,31 @@ void AngleGlobeView::drawRim(QPainter &painter) const
 void AngleGlobeView::drawSnapLines(QPainter &painter) const
 {
     const double ringStep = radius() / ringsInRadius;
-    const auto draw = [&](const QColor &color, double width) {
-        painter.setPen(QPen(color, width * uiScaleFactor()));
-        painter.setBrush(Qt::NoBrush);
-        for (int ring = 1; ring <= lastRing; ++ring)
-            painter.drawEllipse(QPointF(), ring * ringStep, ring * ringStep);
-        for (int direction = 0; direction < directions; ++direction)
-            painter.drawLine(onCircle(direction, ringStep), onCircle(direction, radius()));
-    };
-    draw(QColor(0, 0, 0, 90), 1.0);
+    painter.setPen(QPen(QColor(0, 0, 0, 100), uiScaleFactor()));
+    painter.setBrush(Qt::NoBrush);
+    for (int ring = 1; ring <= lastRing; ++ring)
+        painter.drawEllipse(QPointF(), ring * ringStep, ring * ringStep);
+    for (int direction = 0; direction < directions; ++direction)
+        painter.drawLine(onCircle(direction, ringStep), onCircle(direction, radius()));
 }
 
-// A pin that stands upright on the ball: its head and where it comes out.
+// A ring, and a line from the centre that shows the direction. On the ball, which is alike in both
+// themes, the dark theme's accent is seen best.
 void AngleGlobeView::drawMarker(QPainter &painter) const
 {
+    const ThemeColors colors = themeColors(themePalette(true));
     const double scale = uiScaleFactor();
-    const QPointF tip = m_marker + m_marker / radius() * 13.0 * scale;
-    const double ring = 5.5 * scale;
-    const auto draw = [&](const QColor &color, double width) {
-        painter.setPen(QPen(color, width * scale, Qt::SolidLine, Qt::RoundCap));
-        painter.setBrush(Qt::NoBrush);
-        painter.drawLine(m_marker, tip);
+    const double ring = 6.0 * scale;
+    const double distance = std::hypot(m_marker.x(), m_marker.y());
+    const QPointF edge = m_marker * std::max(1.0 - ring / std::max(distance, ring), 0.0);
+    const auto draw = [&](const QColor &color, double lineWidth, double ringWidth) {
+        painter.setPen(QPen(color, lineWidth * scale, Qt::SolidLine, Qt::RoundCap));
+        if (distance > ring)
+            painter.drawLine(QPointF(), edge);
+        painter.setPen(QPen(color, ringWidth * scale));
         painter.drawEllipse(m_marker, ring, ring);
     };
-    draw(QColor(0x1d, 0x1d, 0x1f), 4.5);
-    draw(QColor(0xf2, 0xb1, 0x55), 2.0);
+    painter.setBrush(Qt::NoBrush);
+    draw(colors.onAccent, 3.5, 5.0);
+    draw(colors.accent, 1.5, 2.5);
 }

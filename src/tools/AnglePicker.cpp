@@ -40,6 +40,8 @@ AnglePicker::AnglePicker(QWidget *parent)
         tr("Arrow keys move the marker, with Shift farther. Home makes it flat."));
     m_globe->setToolTip(m_globe->accessibleDescription());
     m_numbers->setObjectName(QStringLiteral("Slope"));
+    m_numbers->setFixedWidth(m_globe->width());
+    m_numbers->setAlignment(Qt::AlignHCenter);
     setFocusProxy(m_globe);
     connect(m_globe, &AngleGlobeView::pointed, this, &AnglePicker::point);
     connect(m_globe, &AngleGlobeView::resetRequested, this, &AnglePicker::resetAngle);
