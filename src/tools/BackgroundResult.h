@@ -26,6 +26,8 @@ public:
     void request(const Params &params) { m_thread.requestUpdate(params); }
     /// The result that has become available; nothing when it is an outdated one.
     std::optional<Result> take();
+    /// What the result was computed from.
+    const Params &params() const { return m_thread.finishedParams(); }
     /// Lets go of all that is kept here or waits, as soon as that can be without waiting.
     void forget();
     /// For commands that need the result; shows that the user has to wait.

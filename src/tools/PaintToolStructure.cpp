@@ -125,6 +125,8 @@ void PaintToolStructure::patternImageChanged(const QString &path)
 void PaintToolStructure::takePattern()
 {
     const ReadPattern read = m_pattern.take().value_or(ReadPattern());
+    if (m_pattern.params() != m_patterns->chosen())
+        return; // another one is on its way
     m_preview->setNote(read.problem);
     if (read.image == m_params.pattern)
         return;
@@ -148,7 +150,7 @@ void PaintToolStructure::requestStructure()
 void PaintToolStructure::takeStructure()
 {
     const auto structure = m_structure.take();
-    if (structure && isInUse())
+    if (structure && isInUse() && m_structure.params() == m_params)
         setSource(*structure);
 }
 

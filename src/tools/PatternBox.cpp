@@ -17,7 +17,7 @@
 namespace {
 constexpr int pathRole = Qt::UserRole;
 constexpr int isDrawnRole = Qt::UserRole + 1;
-constexpr int iconSide = 18;
+constexpr int iconSide = 16;
 constexpr int thumbnailSide = 40;
 
 /// Rows of the list have larger thumbnails than the box itself.
@@ -37,6 +37,7 @@ protected:
     {
         QStyledItemDelegate::initStyleOption(option, index);
         option->decorationSize = QSize(scaled(thumbnailSide), scaled(thumbnailSide));
+        option->state.setFlag(QStyle::State_HasFocus, false); // the chosen row is filled anyway
     }
 };
 
@@ -164,7 +165,9 @@ void PatternBox::takeThumbnail()
     if (index < 0)
         return; // it is gone meanwhile
     if (drawn.problem.isEmpty()) {
-        setItemIcon(index, QPixmap::fromImage(drawn.image));
+        QIcon icon(QPixmap::fromImage(drawn.image));
+        icon.addPixmap(QPixmap::fromImage(drawn.image), QIcon::Selected); // without a tint
+        setItemIcon(index, icon);
     } else {
         QFont slanted = font();
         slanted.setItalic(true);
