@@ -77,8 +77,11 @@ void NormalMapProcessor::observableChanged(Observable &observable)
 
 void NormalMapProcessor::normalMapUpdateFinished()
 {
+    if (m_thread->isBusy())
+        return;
     m_angleImage = m_thread->result().first;
     m_normalMap = m_thread->result().second;
-    m_changedArea = changedBy(m_thread->finishedParams(), m_normalMap.size()).boundingRect();
+    // The next task starts when the signal below has returned.
+    m_changedArea = m_algorithm->changedArea();
     Q_EMIT normalMapChanged(m_normalMap);
 }
