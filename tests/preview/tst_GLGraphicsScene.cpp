@@ -239,6 +239,29 @@ private Q_SLOTS:
         QCOMPARE(difference(shown.shot().copy(sprite), next), 0);
     }
 
+    // Alpha alone goes to the graphics card as it is, in rows of any length.
+    void selectionOfAlphaAlone()
+    {
+        ShownScene shown;
+        shown.sprite->setColorImage(filled({37, 29}, QColor(200, 120, 60)));
+        shown.sprite->setNormalImage(bumps({37, 29}));
+        const QImage before = shown.shot();
+        QImage alpha({37, 29}, QImage::Format_Alpha8);
+        for (int i = 0; i < 37 * 29; ++i)
+            alpha.scanLine(i / 37)[i % 37] = uchar(i / 37 * 9 + i % 37 * 5);
+        for (int round = 0; round < 3; ++round) {
+            shown.sprite->setSelectionImage(alpha.convertToFormat(QImage::Format_RGBA8888));
+            const QImage expected = shown.shot();
+            QVERIFY(difference(expected, before) > 0);
+            shown.sprite->setSelectionImage({});
+            QCOMPARE(difference(shown.shot(), before), 0);
+            shown.sprite->setSelectionImage(alpha);
+            QCOMPARE(difference(shown.shot(), expected), 0);
+            alpha.invertPixels();
+            alpha.scanLine(7)[36 - round] = 255;
+        }
+    }
+
     void texturesAreMadeAnewWhereTheyAreLost()
     {
         QWidget window;
