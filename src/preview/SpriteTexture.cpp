@@ -3,6 +3,7 @@
 #include "preview/BorrowedContext.h"
 
 #include <QOpenGLFunctions>
+#include <QOpenGLPixelTransferOptions>
 #include <QOpenGLTexture>
 
 namespace {
@@ -38,7 +39,9 @@ QOpenGLTexture::PixelFormat pixelFormat(const QImage &image)
 
 void setPixels(QOpenGLTexture &texture, const QImage &image, const QPoint &place)
 {
-    // Rows begin at multiples of four bytes, as OpenGL expects.
+    // Rows begin at multiples of four bytes, whatever was drawn before.
+    QOpenGLPixelTransferOptions rows;
+    rows.setAlignment(4);
     const QImage pixels = isAlpha(image) ? image : image.convertToFormat(QImage::Format_RGBA8888);
     texture.setData(place.x(),
                     place.y(),
@@ -48,7 +51,8 @@ void setPixels(QOpenGLTexture &texture, const QImage &image, const QPoint &place
                     1,
                     pixelFormat(image),
                     QOpenGLTexture::UInt8,
-                    pixels.constBits());
+                    pixels.constBits(),
+                    &rows);
 }
 
 } // namespace

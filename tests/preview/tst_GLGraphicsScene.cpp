@@ -249,15 +249,22 @@ private Q_SLOTS:
         QImage alpha({37, 29}, QImage::Format_Alpha8);
         for (int i = 0; i < 37 * 29; ++i)
             alpha.scanLine(i / 37)[i % 37] = uchar(i / 37 * 9 + i % 37 * 5);
+        // Its dashes wander: what counts is where they are.
+        const auto outline = [&](const QImage &selection) {
+            shown.sprite->setSelectionImage(selection);
+            const QImage image = shown.shot();
+            QVector<QPoint> places;
+            for (int i = 0; i < image.width() * image.height(); ++i) {
+                const QPoint at(i % image.width(), i / image.width());
+                if (image.pixel(at) != before.pixel(at))
+                    places.append(at);
+            }
+            return places;
+        };
         for (int round = 0; round < 3; ++round) {
-            shown.sprite->setSelectionImage(alpha.convertToFormat(QImage::Format_RGBA8888));
-            const QImage expected = shown.shot();
-            QVERIFY(difference(expected, before) > 0);
-            shown.sprite->setSelectionImage({});
-            QCOMPARE(difference(shown.shot(), before), 0);
-            shown.sprite->setSelectionImage(alpha);
-            QCOMPARE(difference(shown.shot(), expected), 0);
-            alpha.invertPixels();
+            const auto expected = outline(alpha.convertToFormat(QImage::Format_RGBA8888));
+            QVERIFY(expected.size() > 50 && outline({}).isEmpty());
+            QCOMPARE(outline(alpha), expected);
             alpha.scanLine(7)[36 - round] = 255;
         }
     }
