@@ -26,8 +26,25 @@ NormalMapProcessor::NormalMapProcessor(Body &body)
 
 NormalMapProcessor::~NormalMapProcessor() = default;
 
+// A commit's update starts once the commit is over: then nobody keeps the surface that the document
+// held before, whose block is taken over instead of a copy of everything.
+void NormalMapProcessor::scheduleUpdate()
+{
+    if (m_isScheduled)
+        return;
+    m_isScheduled = true;
+    QMetaObject::invokeMethod(this, &NormalMapProcessor::updateScheduled, Qt::QueuedConnection);
+}
+
+void NormalMapProcessor::updateScheduled()
+{
+    if (m_isScheduled)
+        updateAll();
+}
+
 void NormalMapProcessor::updateAll()
 {
+    m_isScheduled = false;
     NormalMapUpdateParams params;
     params.image = m_body.surface();
     // For the pieces that may be merged into this request while it waits.
@@ -42,6 +59,7 @@ void NormalMapProcessor::updateRect(const AngleImage &piece, const QRect &rect)
     const QRect area = rect.isNull() ? piece.rect() : rect;
     if (piece.isNull() || area.isEmpty())
         return;
+    updateScheduled();
     m_thread->requestUpdate({{}, {piece}, {area}, m_mask});
 }
 
@@ -61,6 +79,7 @@ void NormalMapProcessor::setExpectsPieces(bool expectsPieces)
 
 void NormalMapProcessor::waitForIdle()
 {
+    updateScheduled();
     m_thread->waitForIdle();
 }
 
@@ -72,7 +91,7 @@ void NormalMapProcessor::observableChanged(Observable &observable)
         return;
     if (isSprite && m_body.sprite().image().size() == m_requestedSize)
         return;
-    updateAll();
+    scheduleUpdate();
 }
 
 void NormalMapProcessor::normalMapUpdateFinished()

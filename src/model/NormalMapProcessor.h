@@ -62,6 +62,9 @@ Q_SIGNALS:
     void normalMapChanged(const QImage &normals);
 
 private:
+    void scheduleUpdate();
+    void updateScheduled();
+
     Body &m_body;
     FloatImage m_mask;
     QImage m_normalMap;
@@ -69,6 +72,7 @@ private:
     QRect m_changedArea;
     QSize m_requestedSize;
     bool m_expectsPieces = false;
+    bool m_isScheduled = false;
     Observation m_surfaceObservation;
     Observation m_spriteObservation;
     // Destroyed from the last to the first: the thread waits for a task that uses the algorithm.
