@@ -13,6 +13,7 @@
 #include <QPinchGesture>
 #include <QPlainTextEdit>
 #include <QScrollBar>
+#include <QTabletEvent>
 #include <QTextEdit>
 #include <QWheelEvent>
 
@@ -45,22 +46,38 @@ bool isSpace(const QEvent &event)
     const bool isKey = event.type() == QEvent::KeyPress || event.type() == QEvent::KeyRelease;
     return isKey && static_cast<const QKeyEvent &>(event).key() == Qt::Key_Space;
 }
+
+// Some platforms turn the wheel's axis while Alt is held, and Shift does it on others.
+double notchesOf(const QWheelEvent &event)
+{
+    const QPoint angle = event.angleDelta();
+    return double(angle.y() ? angle.y() : angle.x()) / angleOfNotch;
+}
+
+/// After these the release of a button may go elsewhere.
+bool losesGesture(QEvent::Type type)
+{
+    return type == QEvent::WindowDeactivate || type == QEvent::WindowBlocked ||
+           type == QEvent::FocusOut || type == QEvent::Hide || type == QEvent::UngrabMouse;
+}
 } // namespace
 
-/// Hears Space before the widget that has the focus, so that a list or a button doesn't act on it.
-class EditorGraphicsView::SpaceFilter : public QObject
+/// Hears Space and Alt before the widget that has the focus, so that a list or a button doesn't act
+/// on them, and where a pen goes.
+class EditorGraphicsView::ApplicationFilter : public QObject
 {
 public:
-    explicit SpaceFilter(EditorGraphicsView &view)
+    explicit ApplicationFilter(EditorGraphicsView &view)
         : QObject(&view)
         , m_view(view)
     {
         qApp->installEventFilter(this);
     }
 
-    bool eventFilter(QObject * /*watched*/, QEvent *event) override
+    bool eventFilter(QObject *watched, QEvent *event) override
     {
-        return isSpace(*event) && m_view.handleSpace(*event);
+        m_view.forgetPen(watched, *event);
+        return (isSpace(*event) && m_view.handleSpace(*event)) || m_view.handleAlt(*event);
     }
 
 private:
@@ -70,7 +87,7 @@ private:
 EditorGraphicsView::EditorGraphicsView(QWidget *parent)
     : QGraphicsView(parent)
 {
-    new SpaceFilter(*this);
+    new ApplicationFilter(*this);
     setTransformationAnchor(NoAnchor);
     setResizeAnchor(NoAnchor);
     // The content has room on all sides: bars would only tell how much of nothing there is.
@@ -78,6 +95,8 @@ EditorGraphicsView::EditorGraphicsView(QWidget *parent)
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setLayoutDirection(Qt::LeftToRight);
     setMouseTracking(true);
+    // The right button may be the tool's.
+    setContextMenuPolicy(Qt::PreventContextMenu);
 }
 
 void EditorGraphicsView::setEditorScene(EditorScene *scene)
@@ -223,15 +242,15 @@ void EditorGraphicsView::showEvent(QShowEvent *event)
 
 void EditorGraphicsView::wheelEvent(QWheelEvent *event)
 {
+    const double notches = notchesOf(*event);
     if (event->modifiers() & Qt::ControlModifier) {
-        event->ignore();
+        // A touchpad also tells when it begins and ends.
+        const bool isTaken = m_scene && notches != 0.0;
+        event->setAccepted(isTaken && m_scene->turnWheel(notches, event->modifiers()));
         return;
     }
     event->accept();
     if (event->modifiers() & Qt::AltModifier) {
-        // Some platforms turn the wheel's axis while Alt is held.
-        const QPoint angle = event->angleDelta();
-        const double notches = double(angle.y() ? angle.y() : angle.x()) / angleOfNotch;
         zoomAround(event->position(), zoom() * std::exp2(notches / notchesToDouble));
         return;
     }
@@ -258,36 +277,123 @@ bool EditorGraphicsView::startPan(QMouseEvent &event)
 
 void EditorGraphicsView::mousePressEvent(QMouseEvent *event)
 {
-    if (!startPan(*event))
-        QGraphicsView::mousePressEvent(event);
+    if (takeMouse(*event))
+        press(*event);
 }
 
 void EditorGraphicsView::mouseDoubleClickEvent(QMouseEvent *event)
 {
-    if (!startPan(*event))
-        QGraphicsView::mouseDoubleClickEvent(event);
+    if (takeMouse(*event))
+        press(*event);
 }
 
 void EditorGraphicsView::mouseMoveEvent(QMouseEvent *event)
 {
-    if (m_panButton != Qt::NoButton) {
-        // The toolkit would tell of the place where the pointer was before.
-        setInteractive(false);
-        panBy(event->pos() - m_panFrom);
-        setInteractive(true);
-        m_panFrom = event->pos();
-    }
-    QGraphicsView::mouseMoveEvent(event);
+    if (takeMouse(*event))
+        move(*event);
 }
 
 void EditorGraphicsView::mouseReleaseEvent(QMouseEvent *event)
 {
-    if (m_panButton == Qt::NoButton || event->button() != m_panButton) {
-        QGraphicsView::mouseReleaseEvent(event);
+    if (takeMouse(*event))
+        release(*event);
+}
+
+void EditorGraphicsView::press(QMouseEvent &event)
+{
+    if (startPan(event))
+        return;
+    if (event.type() == QEvent::MouseButtonDblClick)
+        QGraphicsView::mouseDoubleClickEvent(&event);
+    else
+        QGraphicsView::mousePressEvent(&event);
+}
+
+void EditorGraphicsView::move(QMouseEvent &event)
+{
+    if (m_panButton != Qt::NoButton) {
+        // The toolkit would tell of the place where the pointer was before.
+        setInteractive(false);
+        panBy(event.pos() - m_panFrom);
+        setInteractive(true);
+        m_panFrom = event.pos();
+    }
+    QGraphicsView::mouseMoveEvent(&event);
+}
+
+void EditorGraphicsView::release(QMouseEvent &event)
+{
+    if (m_panButton == Qt::NoButton || event.button() != m_panButton) {
+        QGraphicsView::mouseReleaseEvent(&event);
         return;
     }
     m_panButton = Qt::NoButton;
     updatePointer();
+}
+
+bool EditorGraphicsView::takeMouse(const QMouseEvent &event)
+{
+    if (m_pen.isEcho(event))
+        return false;
+    m_pen.leave();
+    if (m_scene)
+        m_scene->setPen({});
+    return true;
+}
+
+void EditorGraphicsView::takePen(QTabletEvent &event)
+{
+    // Or it would come again as a mouse event.
+    event.accept();
+    QMouseEvent mouse = m_pen.mouseEvent(event);
+    const QPointF offset = (event.posF() - QPointF(mouse.pos())) / zoom();
+    const bool isEraser = event.pointerType() == QTabletEvent::Eraser;
+    if (m_scene)
+        m_scene->setPen({offset, event.pressure(), isEraser});
+    if (mouse.type() == QEvent::MouseMove)
+        return move(mouse);
+    if (mouse.type() == QEvent::MouseButtonRelease)
+        return release(mouse);
+    // Of a mouse the toolkit does this.
+    setFocus(Qt::MouseFocusReason);
+    press(mouse);
+}
+
+// A pen that leaves the view says so to nobody.
+void EditorGraphicsView::forgetPen(const QObject *receiver, const QEvent &event)
+{
+    if (!m_pen.isHere() || m_pen.isDown())
+        return;
+    const bool isElsewhere =
+        event.type() == QEvent::TabletMove && receiver->isWidgetType() && receiver != viewport();
+    if (!isElsewhere && event.type() != QEvent::TabletLeaveProximity)
+        return;
+    m_pen.leave();
+    QEvent leave(QEvent::Leave);
+    if (m_scene)
+        QCoreApplication::sendEvent(m_scene, &leave);
+}
+
+void EditorGraphicsView::loseGesture()
+{
+    m_pen.lift();
+    m_panButton = Qt::NoButton;
+    if (m_scene)
+        m_scene->finishGesture();
+    updatePointer();
+}
+
+bool EditorGraphicsView::viewportEvent(QEvent *event)
+{
+    const QEvent::Type type = event->type();
+    if (type == QEvent::TabletPress || type == QEvent::TabletMove ||
+        type == QEvent::TabletRelease) {
+        takePen(static_cast<QTabletEvent &>(*event));
+        return true;
+    }
+    if (losesGesture(type))
+        loseGesture();
+    return QGraphicsView::viewportEvent(event);
 }
 
 bool EditorGraphicsView::event(QEvent *event)
@@ -298,6 +404,8 @@ bool EditorGraphicsView::event(QEvent *event)
     }
     if (event->type() == QEvent::WindowDeactivate)
         setHeld(false);
+    if (losesGesture(event->type()))
+        loseGesture();
     return QGraphicsView::event(event);
 }
 
@@ -326,10 +434,27 @@ bool EditorGraphicsView::handleSpace(const QEvent &event)
     return true;
 }
 
+// A menu bar would take the focus at the release of Alt, and with it the keys that follow, although
+// it was held for a tool or for the wheel. With another key it opens menus as ever.
+bool EditorGraphicsView::handleAlt(QEvent &event) const
+{
+    const bool isAlt = event.type() == QEvent::ShortcutOverride &&
+                       static_cast<const QKeyEvent &>(event).key() == Qt::Key_Alt;
+    if (!isAlt || !isPointerHere())
+        return false;
+    event.accept();
+    return true;
+}
+
+bool EditorGraphicsView::isPointerHere() const
+{
+    const bool isHere = viewport()->underMouse() || m_pen.isHere();
+    return isHere && !QApplication::activeModalWidget() && !QApplication::activePopupWidget();
+}
+
 bool EditorGraphicsView::mayHoldToPan() const
 {
-    return viewport()->underMouse() && !QApplication::activeModalWidget() &&
-           !QApplication::activePopupWidget() && !takesText(QApplication::focusWidget());
+    return isPointerHere() && !takesText(QApplication::focusWidget());
 }
 
 void EditorGraphicsView::setHeld(bool isHeld)

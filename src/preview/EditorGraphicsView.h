@@ -1,5 +1,7 @@
 #pragma once
 
+#include "preview/PenInput.h"
+
 #include <QGraphicsView>
 #include <QPointer>
 
@@ -10,7 +12,8 @@ class EditorScene;
 class QGestureEvent;
 
 /// A view with continuous zoom and panning: middle button, Space and drag, wheel, Alt and wheel,
-/// two fingers. Zooming keeps the pixel under the pointer, resizing what is in the middle.
+/// two fingers. Zooming keeps the pixel under the pointer, resizing what is in the middle. A pen
+/// does what a mouse does, and tells the scene of its pressure.
 class EditorGraphicsView : public QGraphicsView
 {
     Q_OBJECT
@@ -37,6 +40,7 @@ Q_SIGNALS:
 
 protected:
     bool event(QEvent *event) override;
+    bool viewportEvent(QEvent *event) override;
     void wheelEvent(QWheelEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;
@@ -47,7 +51,7 @@ protected:
     void scrollContentsBy(int dx, int dy) override;
 
 private:
-    class SpaceFilter;
+    class ApplicationFilter;
 
     /// A point of the scene that was put at a point of the view. While neither pointer nor scroll
     /// bars move it is known exactly, and zooming back and forth does not drift.
@@ -69,10 +73,19 @@ private:
     void updateReach();
     void updatePointer();
 
+    bool isPointerHere() const;
     bool mayHoldToPan() const;
     bool handleSpace(const QEvent &event);
+    bool handleAlt(QEvent &event) const;
     void setHeld(bool isHeld);
     bool startPan(QMouseEvent &event);
+    void press(QMouseEvent &event);
+    void move(QMouseEvent &event);
+    void release(QMouseEvent &event);
+    bool takeMouse(const QMouseEvent &event);
+    void takePen(QTabletEvent &event);
+    void forgetPen(const QObject *receiver, const QEvent &event);
+    void loseGesture();
     void pinch(const QGestureEvent &event);
 
     QPointer<EditorScene> m_scene;
@@ -81,4 +94,5 @@ private:
     Qt::MouseButton m_panButton = Qt::NoButton;
     QPoint m_panFrom;
     bool m_isHeld = false;
+    PenInput m_pen;
 };

@@ -256,6 +256,25 @@ InteractionMode NormalMapEditorScene::interactionMode() const
     return m_isViewOnly ? InteractionMode::ViewOnly : m_routing->mode();
 }
 
+void NormalMapEditorScene::setPen(const PenTouch &touch)
+{
+    m_routing->setPen(touch);
+}
+
+void NormalMapEditorScene::finishGesture()
+{
+    m_routing->finishGesture();
+    if (!m_selection->isPressed())
+        return;
+    m_selection->cancel();
+    updateContent();
+}
+
+bool NormalMapEditorScene::turnWheel(double notches, Qt::KeyboardModifiers modifiers)
+{
+    return !m_isViewOnly && m_routing->turnWheel(notches, modifiers);
+}
+
 void NormalMapEditorScene::setToolCursor(const ScalableToolCursor &cursor)
 {
     m_pointer->setToolCursor(cursor);
