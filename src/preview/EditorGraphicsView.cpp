@@ -1,20 +1,15 @@
 #include "preview/EditorGraphicsView.h"
 
 #include "preview/EditorScene.h"
+#include "preview/PenInput.h"
+#include "preview/ViewKeys.h"
 
-#include <QAbstractSpinBox>
-#include <QApplication>
-#include <QComboBox>
+#include <QCoreApplication>
 #include <QGestureEvent>
-#include <QKeyEvent>
-#include <QKeySequenceEdit>
-#include <QLineEdit>
 #include <QMouseEvent>
 #include <QPinchGesture>
-#include <QPlainTextEdit>
 #include <QScrollBar>
 #include <QTabletEvent>
-#include <QTextEdit>
 #include <QWheelEvent>
 
 #include <cmath>
@@ -29,22 +24,6 @@ constexpr int scrolledAnglePerPixel = 2; // a notch is 60 pixels
 QPointF middle(const QSize &size)
 {
     return {size.width() / 2.0, size.height() / 2.0};
-}
-
-bool takesText(const QWidget *widget)
-{
-    if (const auto *box = qobject_cast<const QComboBox *>(widget))
-        return box->isEditable();
-    return qobject_cast<const QLineEdit *>(widget) || qobject_cast<const QTextEdit *>(widget) ||
-           qobject_cast<const QPlainTextEdit *>(widget) ||
-           qobject_cast<const QAbstractSpinBox *>(widget) ||
-           qobject_cast<const QKeySequenceEdit *>(widget);
-}
-
-bool isSpace(const QEvent &event)
-{
-    const bool isKey = event.type() == QEvent::KeyPress || event.type() == QEvent::KeyRelease;
-    return isKey && static_cast<const QKeyEvent &>(event).key() == Qt::Key_Space;
 }
 
 // Some platforms turn the wheel's axis while Alt is held, and Shift does it on others.
@@ -62,32 +41,13 @@ bool losesGesture(QEvent::Type type)
 }
 } // namespace
 
-/// Hears Space and Alt before the widget that has the focus, so that a list or a button doesn't act
-/// on them, and where a pen goes.
-class EditorGraphicsView::ApplicationFilter : public QObject
-{
-public:
-    explicit ApplicationFilter(EditorGraphicsView &view)
-        : QObject(&view)
-        , m_view(view)
-    {
-        qApp->installEventFilter(this);
-    }
-
-    bool eventFilter(QObject *watched, QEvent *event) override
-    {
-        m_view.forgetPen(watched, *event);
-        return (isSpace(*event) && m_view.handleSpace(*event)) || m_view.handleAlt(*event);
-    }
-
-private:
-    EditorGraphicsView &m_view;
-};
-
 EditorGraphicsView::EditorGraphicsView(QWidget *parent)
     : QGraphicsView(parent)
+    , m_pen(std::make_unique<PenInput>(*this))
+    , m_keys(std::make_unique<ViewKeys>(*this, *m_pen))
 {
-    new ApplicationFilter(*this);
+    connect(m_pen.get(), &PenInput::left, this, &EditorGraphicsView::penLeft);
+    connect(m_keys.get(), &ViewKeys::spaceHeldChanged, this, &EditorGraphicsView::updateHeld);
     setTransformationAnchor(NoAnchor);
     setResizeAnchor(NoAnchor);
     // The content has room on all sides: bars would only tell how much of nothing there is.
@@ -98,6 +58,8 @@ EditorGraphicsView::EditorGraphicsView(QWidget *parent)
     // The right button may be the tool's.
     setContextMenuPolicy(Qt::PreventContextMenu);
 }
+
+EditorGraphicsView::~EditorGraphicsView() = default;
 
 void EditorGraphicsView::setEditorScene(EditorScene *scene)
 {
@@ -212,7 +174,7 @@ void EditorGraphicsView::updatePointer()
 {
     if (m_panButton != Qt::NoButton)
         viewport()->setCursor(Qt::ClosedHandCursor);
-    else if (m_isHeld)
+    else if (m_keys->isSpaceHeld())
         viewport()->setCursor(Qt::OpenHandCursor);
     else if (m_scene)
         viewport()->setCursor(m_scene->pointer());
@@ -261,8 +223,8 @@ void EditorGraphicsView::wheelEvent(QWheelEvent *event)
 
 bool EditorGraphicsView::startPan(QMouseEvent &event)
 {
-    const bool isPanButton =
-        event.button() == Qt::MiddleButton || (m_isHeld && event.button() == Qt::LeftButton);
+    const bool isPanButton = event.button() == Qt::MiddleButton ||
+                             (m_keys->isSpaceHeld() && event.button() == Qt::LeftButton);
     // Not in the middle of a stroke.
     const bool isStart = isPanButton && event.buttons() == event.button();
     if (m_panButton == Qt::NoButton && isStart) {
@@ -270,7 +232,7 @@ bool EditorGraphicsView::startPan(QMouseEvent &event)
         m_panFrom = event.pos();
         updatePointer();
     }
-    const bool isTaken = m_isHeld || m_panButton != Qt::NoButton;
+    const bool isTaken = m_keys->isSpaceHeld() || m_panButton != Qt::NoButton;
     event.setAccepted(isTaken);
     return isTaken;
 }
@@ -333,9 +295,9 @@ void EditorGraphicsView::release(QMouseEvent &event)
 
 bool EditorGraphicsView::takeMouse(const QMouseEvent &event)
 {
-    if (m_pen.isEcho(event))
+    if (m_pen->isEcho(event))
         return false;
-    m_pen.leave();
+    m_pen->leave();
     if (m_scene)
         m_scene->setPen({});
     return true;
@@ -345,7 +307,7 @@ void EditorGraphicsView::takePen(QTabletEvent &event)
 {
     // Or it would come again as a mouse event.
     event.accept();
-    QMouseEvent mouse = m_pen.mouseEvent(event);
+    QMouseEvent mouse = m_pen->mouseEvent(event);
     const QPointF offset = (event.posF() - QPointF(mouse.pos())) / zoom();
     const bool isEraser = event.pointerType() == QTabletEvent::Eraser;
     if (m_scene)
@@ -359,16 +321,8 @@ void EditorGraphicsView::takePen(QTabletEvent &event)
     press(mouse);
 }
 
-// A pen that leaves the view says so to nobody.
-void EditorGraphicsView::forgetPen(const QObject *receiver, const QEvent &event)
+void EditorGraphicsView::penLeft()
 {
-    if (!m_pen.isHere() || m_pen.isDown())
-        return;
-    const bool isElsewhere =
-        event.type() == QEvent::TabletMove && receiver->isWidgetType() && receiver != viewport();
-    if (!isElsewhere && event.type() != QEvent::TabletLeaveProximity)
-        return;
-    m_pen.leave();
     QEvent leave(QEvent::Leave);
     if (m_scene)
         QCoreApplication::sendEvent(m_scene, &leave);
@@ -376,7 +330,7 @@ void EditorGraphicsView::forgetPen(const QObject *receiver, const QEvent &event)
 
 void EditorGraphicsView::loseGesture()
 {
-    m_pen.lift();
+    m_pen->lift();
     m_panButton = Qt::NoButton;
     if (m_scene)
         m_scene->finishGesture();
@@ -403,7 +357,7 @@ bool EditorGraphicsView::event(QEvent *event)
         return true;
     }
     if (event->type() == QEvent::WindowDeactivate)
-        setHeld(false);
+        m_keys->letSpaceGo();
     if (losesGesture(event->type()))
         loseGesture();
     return QGraphicsView::event(event);
@@ -421,48 +375,9 @@ void EditorGraphicsView::pinch(const QGestureEvent &event)
                    zoom() * gesture->scaleFactor());
 }
 
-bool EditorGraphicsView::handleSpace(const QEvent &event)
+void EditorGraphicsView::updateHeld()
 {
-    const bool repeats = static_cast<const QKeyEvent &>(event).isAutoRepeat();
-    if (m_isHeld && event.type() == QEvent::KeyRelease && !repeats) {
-        setHeld(false);
-        return true;
-    }
-    if (m_isHeld || event.type() == QEvent::KeyRelease || repeats || !mayHoldToPan())
-        return m_isHeld;
-    setHeld(true);
-    return true;
-}
-
-// A menu bar would take the focus at the release of Alt, and with it the keys that follow, although
-// it was held for a tool or for the wheel. With another key it opens menus as ever.
-bool EditorGraphicsView::handleAlt(QEvent &event) const
-{
-    const bool isAlt = event.type() == QEvent::ShortcutOverride &&
-                       static_cast<const QKeyEvent &>(event).key() == Qt::Key_Alt;
-    if (!isAlt || !isPointerHere())
-        return false;
-    event.accept();
-    return true;
-}
-
-bool EditorGraphicsView::isPointerHere() const
-{
-    const bool isHere = viewport()->underMouse() || m_pen.isHere();
-    return isHere && !QApplication::activeModalWidget() && !QApplication::activePopupWidget();
-}
-
-bool EditorGraphicsView::mayHoldToPan() const
-{
-    return isPointerHere() && !takesText(QApplication::focusWidget());
-}
-
-void EditorGraphicsView::setHeld(bool isHeld)
-{
-    if (isHeld == m_isHeld)
-        return;
-    m_isHeld = isHeld;
     if (m_scene)
-        m_scene->setViewOnly(isHeld);
+        m_scene->setViewOnly(m_keys->isSpaceHeld());
     updatePointer();
 }

@@ -24,7 +24,6 @@
 namespace {
 constexpr double lightShare = 0.125; // of the sprites' sides, from their upper left
 constexpr QRectF emptyContent(-256.0, -256.0, 512.0, 512.0);
-
 } // namespace
 
 NormalMapEditorScene::NormalMapEditorScene(ItemSelectionModel &bodies,

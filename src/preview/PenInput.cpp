@@ -1,5 +1,6 @@
 #include "preview/PenInput.h"
 
+#include <QAbstractScrollArea>
 #include <QApplication>
 #include <QStyleHints>
 #include <QTabletEvent>
@@ -7,6 +8,25 @@
 namespace {
 constexpr int echoTime = 300; // in ms, after which a mouse event is no echo of the pen's
 } // namespace
+
+PenInput::PenInput(const QAbstractScrollArea &view)
+    : m_view(view)
+{
+    qApp->installEventFilter(this);
+}
+
+// Without mouse events the toolkit does not notice which widget a pen leaves.
+bool PenInput::eventFilter(QObject *watched, QEvent *event)
+{
+    const bool isElsewhere = event->type() == QEvent::TabletMove && watched->isWidgetType() &&
+                             watched != m_view.viewport();
+    const bool isGone = isElsewhere || event->type() == QEvent::TabletLeaveProximity;
+    if (isGone && m_isHere && !isDown()) {
+        m_isHere = false;
+        Q_EMIT left();
+    }
+    return false;
+}
 
 QMouseEvent PenInput::mouseEvent(const QTabletEvent &event)
 {

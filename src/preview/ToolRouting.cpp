@@ -16,6 +16,13 @@
 
 namespace {
 constexpr double overlayZ = 950.0; // above the sprites' frames, below the light
+
+// Of the surface, which need not be made for it.
+QSize sizeOf(const Body &body)
+{
+    const QSize painted = body.paintedSize();
+    return painted.isEmpty() ? body.sprite().image().size() : painted;
+}
 } // namespace
 
 ToolRouting::ToolRouting(QGraphicsScene &scene, PixelSelectionModel &pixels, QObject *parent)
@@ -138,7 +145,7 @@ FloatImage ToolRouting::selection() const
 bool ToolRouting::mayPush() const
 {
     return m_isActive && body().parent() && !body().undoStack().isStepping() &&
-           body().surface().size() == m_size;
+           sizeOf(body()) == m_size;
 }
 
 void ToolRouting::prepareForPush()
@@ -293,13 +300,13 @@ void ToolRouting::observableChanged(Observable &observable)
 {
     if (m_isPushing)
         return;
-    const AngleImage surface = body().surface();
-    if (surface.size() != m_size)
-        reactivateForSize(surface.size());
+    const QSize size = sizeOf(body());
+    if (size != m_size)
+        reactivateForSize(size);
     else if (m_isActive && &observable == &body().sprite())
         m_tool->updateTexture(body().sprite().image());
     else if (m_isActive)
-        m_tool->updateNormalMap(surface);
+        m_tool->updateNormalMap(body().surface());
 }
 
 void ToolRouting::reactivateForSize(const QSize &size)
