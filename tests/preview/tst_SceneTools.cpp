@@ -298,10 +298,10 @@ private Q_SLOTS:
                     continue;
                 editor.bodies.setSelection({&a});
                 editor.scene.setTool(&tool);
+                editor.scene.light().setPos(-300, -200); // out of the way
                 stack.clear();
                 QTest::mousePress(&editor.viewport, Qt::LeftButton, {}, editor.on(a, {1, 2}));
                 dragTo(editor.viewport, editor.on(a, {3, 2}));
-                tool.takeLog();
                 run();
                 AngleImage expected(8, 8);
                 expected.row(2)[1] = expected.row(2)[3] = {256, 0};
@@ -315,7 +315,9 @@ private Q_SLOTS:
                 dialog.close();
                 menu.close();
                 editor.view.show();
+                editor.window.activateWindow();
                 editor.view.setFocus();
+                QTRY_VERIFY2(editor.view.hasFocus(), name);
                 tool.takeLog();
                 dragTo(editor.viewport, QPoint(90, 90));
                 QTest::mouseRelease(&editor.viewport, Qt::LeftButton, {}, QPoint(90, 90));
