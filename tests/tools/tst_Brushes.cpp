@@ -1,0 +1,329 @@
+#include "base/Resources.h"
+#include "framework/GDoubleEdit.h"
+#include "framework/GIntEdit.h"
+#include "imaging/CircularBrush.h"
+#include "imaging/HeightsToAngles.h"
+#include "imaging/SlopeArithmetic.h"
+#include "imaging/StrokePainting.h"
+#include "support/PaintedSurface.h"
+#include "support/Pictures.h"
+#include "support/Widgets.h"
+#include "tools/PaintToolHeightBrush.h"
+
+#include <QAction>
+#include <QComboBox>
+#include <QRadioButton>
+#include <QTest>
+#include <QToolButton>
+#include <QVBoxLayout>
+#include <QVector2D>
+
+namespace {
+
+using Points = QVector<QPointF>;
+
+template <class Edit>
+Edit &edit(const PaintTool &tool, const char *name)
+{
+    return *tool.settingsPanel()->findChild<Edit *>(QLatin1String(name));
+}
+
+void set(const PaintTool &tool, const char *name, int value)
+{
+    edit<GIntEdit>(tool, name).setValue(value);
+}
+
+QVector2D pixel(const QPointF &point)
+{
+    return {float(std::floor(point.x())), float(std::floor(point.y()))};
+}
+
+/// What strokes leave of a surface, each computed in one go over the whole of it.
+AngleImage raisedInOneGo(AngleImage result, const FloatBrushFunc &brush, const Points &points)
+{
+    FloatImage heights(result.width(), result.height());
+    for (int i = 0; i < points.size(); ++i) {
+        const QVector2D from = pixel(points[std::max(i - 1, 0)]);
+        const auto paint = brush.amplitude > 0 ? paintSegmentMax : paintSegmentMin;
+        paint(brush, from, pixel(points[i]), heights);
+    }
+    AngleImage slopes;
+    heightsToAngles(heights, slopes);
+    addSlopes(result, {}, {}, slopes);
+    return result;
+}
+
+AngleImage someSurface()
+{
+    std::mt19937 random(3);
+    AngleImage surface = randomAngles(90, 70, random);
+    // Only slopes that a sum can give.
+    addSlopes(surface, {}, {}, AngleImage(90, 70));
+    return surface;
+}
+
+} // namespace
+
+class TestBrushes : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { initialiseResources(); }
+
+    void heightStrokes_data()
+    {
+        QTest::addColumn<int>("size");
+        QTest::addColumn<int>("hardness");
+        QTest::addColumn<int>("contour");
+        QTest::addColumn<bool>("isUp");
+        QTest::addColumn<Points>("points");
+        const Points scribble{{20.9, 30.2}, {60, 10}, {22, 31}, {-9.5, 40}, {95, 69.9}};
+        QTest::newRow("a dab") << 30 << 0 << 0 << true << Points{{40, 30}};
+        QTest::newRow("floored beside the image") << 30 << 0 << 0 << true << Points{{-0.5, -0.5}};
+        QTest::newRow("over itself and the borders") << 17 << 50 << 1 << true << scribble;
+        QTest::newRow("down") << 30 << 100 << 2 << false << scribble;
+        QTest::newRow("a pixel") << 1 << 100 << 0 << true << scribble;
+        QTest::newRow("larger than the image") << 500 << 0 << 2 << false << scribble;
+    }
+
+    void heightStrokes()
+    {
+        QFETCH(int, size);
+        QFETCH(int, hardness);
+        QFETCH(int, contour);
+        QFETCH(bool, isUp);
+        QFETCH(Points, points);
+        PaintToolHeightBrush tool;
+        set(tool, "BrushSize", size);
+        set(tool, "Hardness", hardness);
+        edit<GDoubleEdit>(tool, "Height").setValue(35.0);
+        tool.contourChanged(contour);
+        edit<QRadioButton>(tool, isUp ? "DirectionUp" : "DirectionDown").setChecked(true);
+
+        const std::array<std::shared_ptr<FloatBrushFunc>, 3> contours{
+            std::make_shared<CircularBrushCos>(),
+            std::make_shared<CircularBrushRamp>(),
+            std::make_shared<CircularBrushCircle>()};
+        FloatBrushFunc &brush = *contours.at(size_t(contour));
+        brush.sizeX = brush.sizeY = size;
+        brush.amplitude = float(size * 0.5 * (isUp ? 35.0 : -35.0) / 100.0);
+        brush.softness = float(100 - hardness) / 100.0F;
+        brush.update();
+        const AngleImage start = someSurface();
+        PaintedSurface surface(tool, start);
+        surface.paint(points);
+        const AngleImage once = raisedInOneGo(start, brush, points);
+        QCOMPARE(surface.stored, once);
+        QCOMPARE(surface.commits, QStringList{"Height"_s});
+        // The next stroke adds to it.
+        surface.paint({{40, 40}, {44, 40}});
+        QCOMPARE(surface.stored, raisedInOneGo(once, brush, {{40, 40}, {44, 40}}));
+        // What is beside the image is not announced.
+        const int announced = surface.areas.size();
+        surface.paint({{-900, -900}, {-901, -900}});
+        QCOMPARE(surface.areas.size(), announced);
+    }
+
+    void aStepCostsItsRectangle()
+    {
+        PaintToolHeightBrush tool;
+        set(tool, "BrushSize", 20);
+        PaintedSurface surface(tool, AngleImage(400, 300));
+        surface.paint({{100, 100}, {110, 100}, {300, 200}});
+        QCOMPARE(surface.areas[0], QRect(QPoint(88, 88), QPoint(112, 112)));
+        QCOMPARE(surface.areas[1], QRect(QPoint(88, 88), QPoint(122, 112)));
+        QCOMPARE(surface.areas[2], QRect(QPoint(98, 88), QPoint(312, 212)));
+    }
+
+    void endsOfAStroke()
+    {
+        PaintToolHeightBrush tool;
+        const AngleImage start = someSurface();
+        PaintedSurface surface(tool, start);
+        surface.release({20, 20});
+        surface.moveTo({20, 20});
+        QVERIFY(surface.commits.isEmpty() && surface.areas.isEmpty());
+
+        surface.press({20, 20});
+        surface.moveTo({60, 50});
+        QVERIFY(!(surface.shown == start));
+        tool.keyPress(Qt::Key_Escape, {});
+        QCOMPARE(surface.shown, start);
+        surface.moveTo({30, 20});
+        surface.release({30, 20});
+        QVERIFY(surface.commits.isEmpty());
+        QCOMPARE(surface.shown, start);
+
+        // After an undo in between it goes on from the image that is there then.
+        surface.press({20, 20});
+        surface.replace(AngleImage(90, 70));
+        surface.moveTo({25, 20});
+        surface.release({25, 20});
+        const AngleImage undone = surface.stored;
+        surface.replace(AngleImage(90, 70));
+        surface.paint({{20, 20}, {25, 20}});
+        QCOMPARE(undone, surface.stored);
+        QCOMPARE(surface.commits.size(), 2);
+
+        surface.press({50, 50});
+        tool.mouseDoubleClick(
+            {{50, 50}, 1.0, false, Qt::LeftButton, Qt::LeftButton, Qt::NoModifier});
+        tool.deactivate();
+        QCOMPARE(surface.commits.size(), 3);
+        QVERIFY(!(surface.stored == undone));
+    }
+
+    void linesByShift()
+    {
+        PaintToolHeightBrush tool;
+        set(tool, "BrushSize", 20);
+        const AngleImage flat(90, 70);
+        PaintedSurface surface(tool, flat);
+        surface.paint({{20, 20}, {40, 20}, {40, 50}});
+        const AngleImage inOneStroke = surface.stored;
+        surface.replace(flat);
+        // No joint is seen, and a line is a step of its own.
+        surface.paint({{20, 20}, {40, 20}}, Qt::ShiftModifier);
+        surface.paint({{40, 50}}, Qt::ShiftModifier);
+        QCOMPARE(surface.stored, inOneStroke);
+        QCOMPARE(surface.commits.size(), 3);
+
+        // Painted otherwise it is a stroke over the other one.
+        surface.replace(flat);
+        surface.paint({{20, 20}, {40, 20}});
+        const AngleImage first = surface.stored;
+        set(tool, "BrushSize", 8);
+        surface.paint({{40, 50}}, Qt::ShiftModifier);
+        const AngleImage both = surface.stored;
+        surface.replace(first);
+        surface.paint({{40, 20}, {40, 50}});
+        QCOMPARE(both, surface.stored);
+
+        // What it would go on from is taken back with it.
+        surface.replace(flat);
+        surface.paint({{20, 20}});
+        const AngleImage dab = surface.stored;
+        surface.press({60, 20}, Qt::ShiftModifier);
+        tool.keyPress(Qt::Key_Escape, Qt::ShiftModifier);
+        QCOMPARE(surface.shown, dab);
+    }
+
+    void penStrokes()
+    {
+        PaintToolHeightBrush tool;
+        set(tool, "BrushSize", 40);
+        const AngleImage flat(90, 70);
+        const auto dab = [&](double pressure, bool isEraser) {
+            PaintedSurface surface(tool, isEraser ? someSurface() : flat);
+            tool.mousePress({{40, 30}, pressure, isEraser, Qt::LeftButton, Qt::LeftButton, {}});
+            tool.mouseRelease({{40, 30}, 0.0, isEraser, {}, Qt::LeftButton, {}});
+            return surface.stored;
+        };
+        auto &use = edit<QComboBox>(tool, "PenPressure");
+        use.setCurrentText("Height"_s);
+        const AngleImage half = dab(0.5, false);
+        const AngleImage whole = dab(1.0, false);
+        edit<GDoubleEdit>(tool, "Height").setValue(5.0);
+        QCOMPARE(dab(1.0, false), half);
+        use.setCurrentText("Off"_s);
+        QCOMPARE(dab(0.25, false), half);
+        use.setCurrentText("Size"_s);
+        edit<GDoubleEdit>(tool, "Height").setValue(10.0);
+        const AngleImage small = dab(0.5, false);
+        set(tool, "BrushSize", 20);
+        QCOMPARE(dab(1.0, false), small);
+        QVERIFY(!(small == whole));
+
+        set(tool, "Hardness", 100);
+        const AngleImage erased = dab(1.0, true);
+        QCOMPARE(erased.row(30)[40], AngleImage::Pixel());
+        QCOMPARE(erased.row(30)[51], someSurface().row(30)[51]);
+    }
+
+    void adjustedByWheelAndDrag()
+    {
+        PaintToolHeightBrush tool;
+        const PaintedSurface surface(tool, AngleImage(90, 70));
+        const auto &size = edit<GIntEdit>(tool, "BrushSize");
+        const auto &hardness = edit<GIntEdit>(tool, "Hardness");
+        set(tool, "BrushSize", 4);
+        tool.turnWheel(1, Qt::ControlModifier);
+        QCOMPARE(size.value(), 5);
+        tool.turnWheel(-9, Qt::ControlModifier);
+        QVERIFY(size.value() < 4);
+        tool.turnWheel(2, Qt::ControlModifier | Qt::ShiftModifier);
+        QCOMPARE(hardness.value(), 10);
+        set(tool, "BrushSize", 50);
+        const Qt::KeyboardModifiers held = Qt::ControlModifier | Qt::AltModifier;
+        tool.mousePress({{20, 20}, 1.0, false, Qt::RightButton, Qt::RightButton, held});
+        tool.mouseMove({{30, 0}, 1.0, false, Qt::RightButton, Qt::NoButton, held});
+        QCOMPARE(size.value(), 70);
+        QCOMPARE(hardness.value(), 50);
+        tool.mouseRelease({{30, 0}, 1.0, false, Qt::NoButton, Qt::RightButton, held});
+        tool.mouseMove({{50, 0}, 1.0, false, Qt::NoButton, Qt::NoButton, {}});
+        QCOMPARE(size.value(), 70);
+        QVERIFY(surface.commits.isEmpty());
+    }
+
+    void keysOnlyWhileActive()
+    {
+        QWidget window;
+        auto *layout = new QVBoxLayout(&window);
+        PaintToolHeightBrush tool;
+        layout->addWidget(tool.settingsPanel());
+        showActive(window);
+        const auto &down = edit<QRadioButton>(tool, "DirectionDown");
+        const auto &size = edit<GIntEdit>(tool, "BrushSize");
+        const auto pressAll = [&] {
+            QTest::keyClick(&window, Qt::Key_X);
+            QTest::keyClick(&window, Qt::Key_BracketRight);
+            QTest::keyClick(&window, Qt::Key_BraceRight, Qt::ShiftModifier);
+        };
+        pressAll();
+        QVERIFY(!down.isChecked() && size.value() == 30);
+        {
+            const PaintedSurface surface(tool, AngleImage(9, 7));
+            pressAll();
+            QVERIFY(down.isChecked());
+            QCOMPARE(size.value(), 33);
+            QCOMPARE(edit<GIntEdit>(tool, "Hardness").value(), 5);
+        }
+        pressAll();
+        QVERIFY(down.isChecked());
+        QCOMPARE(size.value(), 33);
+
+        // One contour is pressed, whichever was before.
+        const auto buttons = edit<QWidget>(tool, "Contour").findChildren<QToolButton *>();
+        for (const int index : {1, 2, 1, 0}) {
+            QTest::mouseClick(buttons[index], Qt::LeftButton);
+            for (int other = 0; other < buttons.size(); ++other)
+                QCOMPARE(buttons[other]->isChecked(), other == index);
+        }
+        layout->removeWidget(tool.settingsPanel());
+        tool.settingsPanel()->setParent(nullptr);
+    }
+
+    void outlines()
+    {
+        PaintToolHeightBrush tool;
+        ScalableToolCursor cursor;
+        connect(&tool, &PaintTool::cursorChanged, this, [&](const ScalableToolCursor &changed) {
+            cursor = changed;
+        });
+        const PaintedSurface surface(tool, AngleImage(90, 70));
+        QCOMPARE(cursor.extent(), 30.0);
+        QCOMPARE(cursor.shapes().size(), 2);
+        tool.keyPress(Qt::Key_Shift, Qt::ShiftModifier);
+        QCOMPARE(cursor.shapes().size(), 2);
+        surface.paint({{20, 20}});
+        tool.mouseMove({{80, 20}, 1.0, false, {}, {}, Qt::ShiftModifier});
+        QCOMPARE(cursor.shapes().size(), 3);
+        QCOMPARE(cursor.extent(), 150.0);
+        tool.keyRelease(Qt::Key_Shift, Qt::ShiftModifier);
+        QCOMPARE(cursor.shapes().size(), 2);
+    }
+};
+
+QTEST_MAIN(TestBrushes)
+#include "tst_Brushes.moc"
