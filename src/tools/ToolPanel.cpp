@@ -11,6 +11,8 @@
 #include <QLabel>
 #include <QPushButton>
 
+#include <cmath>
+
 namespace {
 constexpr int roomAboveHelp = 16;
 } // namespace
@@ -41,8 +43,8 @@ Edit *ToolPanel::addNumberRow(const QString &label,
     addRow(label, edit);
     keepSetting({objectName,
                  [edit] { return edit->value(); },
-                 [edit](const QVariant &kept) {
-                     if (kept.canConvert<Number>())
+                 [edit](QVariant kept) {
+                     if (kept.convert(qMetaTypeId<Number>()) && std::isfinite(kept.toDouble()))
                          edit->setValue(kept.value<Number>());
                  }});
     return edit;

@@ -26,6 +26,7 @@ public:
     void mouseDoubleClick(const ToolPointerEvent &event) override { log("double", event); }
     void keyPress(int key, Qt::KeyboardModifiers modifiers) override;
     void keyRelease(int key, Qt::KeyboardModifiers modifiers) override;
+    void reload() override { log(QStringLiteral("reload")); }
     QGraphicsItem *overlayItem() const override { return overlay; }
     void updateTexture(QImage image) override { log(QStringLiteral("texture"), image.size()); }
     void updateNormalMap(AngleImage normalmap) override;

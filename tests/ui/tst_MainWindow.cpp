@@ -1,6 +1,7 @@
 #include "base/GSettings.h"
 #include "base/Resources.h"
 #include "framework/GApplication.h"
+#include "framework/GIntEdit.h"
 #include "model/Project.h"
 #include "model/Sprite.h"
 #include "model/properties/PropertyT.h"
@@ -20,6 +21,7 @@
 #include <QLineEdit>
 #include <QMimeData>
 #include <QSettings>
+#include <QShortcut>
 #include <QSlider>
 #include <QTest>
 #include <QUrl>
@@ -116,6 +118,49 @@ private Q_SLOTS:
         QVERIFY(m_window->isWindowModified());
         trigger("Undo"_s);
         QCOMPARE(scene.light().position().z(), 32.0F);
+    }
+
+    void keysOfToolsClashWithNothing()
+    {
+        addSprites({"a.png"_s});
+        const auto *draw = action("Height brush"_s).actionGroup();
+        for (QAction *tool : draw->actions()) {
+            tool->trigger();
+            QList<QKeySequence> keys;
+            for (const QAction *each : m_window->findChildren<QAction *>())
+                keys += each->shortcuts();
+            for (const QShortcut *each : m_window->findChildren<QShortcut *>()) {
+                if (each->isEnabled())
+                    keys << each->key();
+            }
+            QVERIFY(keys.size() > 30);
+            for (const QKeySequence &key : keys)
+                QVERIFY2(keys.count(key) == 1, qPrintable(key.toString()));
+        }
+    }
+
+    void keysOfToolsWorkInTheViewAndAreTextInFields()
+    {
+        addSprites({"a.png"_s});
+        QWidget &view = m_window->findChild<NormalMapEditor *>()->view();
+        view.setFocus();
+        QTest::keyClick(&view, Qt::Key_B);
+        QVERIFY(action("Height brush"_s).isChecked());
+        const auto *size = m_window->findChild<GIntEdit *>("BrushSize"_s);
+        QTest::keyClick(&view, Qt::Key_BracketRight);
+        const int larger = size->value();
+        QVERIFY(larger > 30);
+        trigger("Tools"_s); // hides the sidebar
+        QVERIFY(!size->isVisible());
+        QTest::keyClick(&view, Qt::Key_BracketLeft);
+        QVERIFY(size->value() < larger);
+        clickRow(0);
+        QTest::keyClick(&list(), Qt::Key_F2);
+        QTest::keyClicks(QApplication::focusWidget(), "xv]1"_s);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+        QCOMPARE(names(), QStringList{"xv]1"_s});
+        QVERIFY(action("Height brush"_s).isChecked());
+        QVERIFY(size->value() < larger);
     }
 
     void whatIsBeingTypedIsSavedOrAskedFor()
