@@ -15,6 +15,7 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QMenu>
+#include <QScrollBar>
 #include <QToolButton>
 #include <QVBoxLayout>
 
@@ -277,6 +278,7 @@ void ToolsSidebar::showSettings()
     m_help->setVisible(!showsPanel);
     m_help->setText(m_activeTool ? helpOn(*m_activeTool)
                                  : tr("Apply or discard the effect to go on with a tool."));
+    m_settings->verticalScrollBar()->setValue(0);
 }
 
 void ToolsSidebar::restoreSettings()

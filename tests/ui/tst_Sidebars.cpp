@@ -58,7 +58,7 @@ private Q_SLOTS:
         for (int i = 0; i < 3; ++i)
             addBody(*m_project, QString::number(i));
         m_selection.setProject(m_project.get());
-        m_settings.clear();
+        m_settings = std::make_unique<GSettings>();
     }
 
     void cleanup()
@@ -194,7 +194,7 @@ private Q_SLOTS:
         QVERIFY(shows(sidebar, "Effects"_s));
         const auto &plain =
             show(std::make_unique<ToolsSidebar>(m_selection,
-                                                m_settings,
+                                                *m_settings,
                                                 std::vector<std::unique_ptr<PaintTool>>(),
                                                 std::vector<std::unique_ptr<AngleImageTool>>()));
         QVERIFY(!shows(plain, "Effects"_s));
@@ -248,48 +248,46 @@ private Q_SLOTS:
     void settingsAreKeptBetweenRuns()
     {
         const Folder folder;
-        const auto open = [&folder] {
-            return std::make_unique<QSettings>(folder.path("kept.ini"_s), QSettings::IniFormat);
-        };
-        QByteArray chosen;
-        {
-            GSettings settings(open());
-            const auto &sidebar = showEditorTools(settings);
-            select(1);
-            const QByteArray atFirst = toolSettings();
-            for (const PaintTool *tool : m_editorTools) {
-                for (const ToolSetting &setting : tool->settings())
-                    setting.write(2);
-            }
-            chosen = toolSettings();
-            QVERIFY(chosen != atFirst);
-            QCOMPARE(sidebar.activeTool(), m_editorTools[0]);
-            m_editorTools[1]->action().trigger();
+        const auto run = [&]() -> ToolsSidebar & {
             m_window.reset();
+            m_settings = std::make_unique<GSettings>(
+                std::make_unique<QSettings>(folder.path("kept.ini"_s), QSettings::IniFormat));
+            return showEditorTools();
+        };
+        const auto &sidebar = run();
+        select(1);
+        QCOMPARE(sidebar.activeTool(), m_editorTools[0]);
+        const QByteArray atFirst = toolSettings();
+        for (const PaintTool *tool : m_editorTools) {
+            for (const ToolSetting &setting : tool->settings())
+                setting.write(2);
         }
-        GSettings settings(open());
-        const auto &sidebar = showEditorTools(settings);
+        const QByteArray chosen = toolSettings();
+        QVERIFY(chosen != atFirst);
+        m_editorTools[1]->action().trigger();
+        const auto &next = run();
         QCOMPARE(toolSettings(), chosen);
-        QCOMPARE(sidebar.activeTool(), m_editorTools[1]);
-        QVERIFY(sidebar.activeTool()->settingsPanel()->isVisible());
+        QCOMPARE(next.activeTool(), m_editorTools[1]);
+        QVERIFY(next.activeTool()->settingsPanel()->isVisible());
     }
 
     // Such as a hand or another version left in the file.
     void oddSettingsDoNoHarm()
     {
-        showEditorTools(m_settings);
+        showEditorTools();
         const QByteArray atFirst = toolSettings();
         const auto showWith = [this](const QVariant &value) {
-            m_settings.setValue("activeTool"_s, value);
+            m_settings->setValue("activeTool"_s, value);
             for (const PaintTool *tool : m_editorTools) {
                 const QString name = QLatin1String(tool->metaObject()->className());
                 for (const ToolSetting &setting : tool->settings())
-                    m_settings.setValue(name + QLatin1Char('/') + setting.key, value);
+                    m_settings->setValue(name + QLatin1Char('/') + setting.key, value);
             }
-            return showEditorTools(m_settings).activeTool();
+            return showEditorTools().activeTool();
         };
         for (const QVariant &value : {QVariant("abc"_s), {"nan"_s}, {QString()}, {QStringList()}}) {
-            QCOMPARE(showWith(value), m_editorTools.first());
+            const PaintTool *active = showWith(value);
+            QCOMPARE(active, m_editorTools.first());
             QCOMPARE(toolSettings(), atFirst);
         }
         const auto size = [this] {
@@ -324,7 +322,7 @@ private:
         auto *layout = new QGridLayout(tools.front()->settingsPanel());
         layout->addWidget(new QLabel("setting of one"_s));
         auto &sidebar = show(std::make_unique<ToolsSidebar>(
-            m_selection, m_settings, std::move(tools), std::move(effects)));
+            m_selection, *m_settings, std::move(tools), std::move(effects)));
         m_activated.clear();
         connect(&sidebar, &ToolsSidebar::activeToolChanged, this, [this](const PaintTool *tool) {
             m_activated << (tool ? tool->action().text() : QString());
@@ -332,14 +330,14 @@ private:
         return sidebar;
     }
 
-    ToolsSidebar &showEditorTools(GSettings &settings)
+    ToolsSidebar &showEditorTools()
     {
-        auto tools = makeTools(settings);
+        auto tools = makeTools(*m_settings);
         m_editorTools.clear();
         for (const auto &tool : tools)
             m_editorTools.append(tool.get());
         return show(std::make_unique<ToolsSidebar>(m_selection,
-                                                   settings,
+                                                   *m_settings,
                                                    std::move(tools),
                                                    std::vector<std::unique_ptr<AngleImageTool>>()));
     }
@@ -373,7 +371,7 @@ private:
 
     std::unique_ptr<Project> m_project;
     ItemSelectionModel m_selection;
-    GSettings m_settings;
+    std::unique_ptr<GSettings> m_settings;
     std::unique_ptr<QWidget> m_window;
     QVector<AngleImageTool *> m_tools;
     QVector<PaintTool *> m_editorTools;
