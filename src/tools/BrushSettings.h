@@ -1,5 +1,12 @@
 #pragma once
 
+/// What the pressure of a pen changes; a mouse presses fully.
+enum class PenPressure {
+    Nothing,
+    Size,
+    Strength ///< the brush's opacity or height
+};
+
 /// What the rows of a brush's panel edit.
 struct BrushSettings
 {
@@ -7,13 +14,6 @@ struct BrushSettings
     int opacity = 100;    ///< percent, 1 to 100: the peak of the coverage
     int hardness = 0;     ///< percent, 0 to 100: the share of the radius without falloff
     double height = 10.0; ///< percent of the radius, 0.1 to 200
-
-    bool operator==(const BrushSettings &) const = default;
-};
-
-/// What the pressure of a pen changes; a mouse presses fully.
-enum class PenPressure {
-    Nothing,
-    Size,
-    Strength ///< the brush's opacity or height
+    int contour = 0;      ///< raised cosine, linear, quarter circle
+    PenPressure pressure = PenPressure::Nothing;
 };

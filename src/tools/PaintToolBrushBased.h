@@ -2,14 +2,12 @@
 
 #include "imaging/FloatBrush.h"
 #include "tools/BrushAdjustment.h"
-#include "tools/BrushSettings.h"
+#include "tools/BrushPanel.h"
 #include "tools/BrushStroke.h"
 #include "tools/PaintTool.h"
 
 #include <array>
 #include <optional>
-
-class GIntEdit;
 
 /// Base of the brushes: their settings, the stroke from press to release, and the outline at the
 /// pointer. A brush says what a stroke makes of the surface; unless it says otherwise, it paints
@@ -19,15 +17,11 @@ class PaintToolBrushBased : public PaintTool
     Q_OBJECT
 
 public:
-    /// Rows of the panel besides the brush's size.
-    enum BrushRow { HeightRow = 1, OpacityRow = 2, HardnessRow = 4, ContourRow = 8 };
-    Q_DECLARE_FLAGS(BrushRows, BrushRow)
-
     PaintToolBrushBased(const QIcon &icon,
                         const QString &label,
                         const QString &shortLabel,
                         const QString &shortcut,
-                        BrushRows rows,
+                        BrushPanel::BrushRows rows,
                         QObject *parent);
     ~PaintToolBrushBased() override;
 
@@ -51,6 +45,8 @@ public Q_SLOTS:
     void contourChanged(int contour);
 
 protected:
+    using enum BrushPanel::BrushRow;
+
     // Hooks. The stroke's layer is 0 when it starts; each returns the rectangle that was painted.
     virtual QRect startStroke(const QPoint &point);
     /// From lastPoint() to @p point.
@@ -89,27 +85,16 @@ protected:
     QString keysHelp() const;
 
 private:
-    void createRows(BrushRows rows);
-    void createContourRow();
-    void createPressureRow();
     void createShortcuts();
     void beginStroke(const QPoint &point);
     void continueStroke(const QPoint &point);
     QRect paintCoverage(const QPoint &from, const QPoint &to);
     void cancelStroke();
-    void changeSize(double notches);
-    void changeHardness(double notches);
     void adjustTo(const QPointF &position);
     void setLinePreview(bool isShown);
 
-    BrushRows m_rows;
-    BrushSettings m_settings;
+    std::unique_ptr<BrushPanel> m_brush;
     std::array<std::unique_ptr<FloatBrushFunc>, 3> m_contours;
-    int m_contour = 0;
-    PenPressure m_pressureUse = PenPressure::Nothing;
-    GIntEdit *m_sizeEdit = nullptr;
-    GIntEdit *m_opacityEdit = nullptr;
-    GIntEdit *m_hardnessEdit = nullptr;
 
     AngleImage m_current;
     BrushStroke m_stroke;
@@ -123,6 +108,5 @@ private:
     QPointF m_pointer;
     bool m_showsLine = false;
     std::optional<BrushAdjustment> m_adjustment;
+    double m_turned = 0.0; ///< of the wheel, less than a notch
 };
-
-Q_DECLARE_OPERATORS_FOR_FLAGS(PaintToolBrushBased::BrushRows)

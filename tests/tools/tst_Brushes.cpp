@@ -39,9 +39,9 @@ QVector2D pixel(const QPointF &point)
 }
 
 /// What strokes leave of a surface, each computed in one go over the whole of it.
-AngleImage raisedInOneGo(AngleImage surface, const FloatBrushFunc &brush, const Points &points)
+AngleImage raisedInOneGo(AngleImage result, const FloatBrushFunc &brush, const Points &points)
 {
-    FloatImage heights(surface.width(), surface.height());
+    FloatImage heights(result.width(), result.height());
     for (int i = 0; i < points.size(); ++i) {
         const QVector2D from = pixel(points[std::max(i - 1, 0)]);
         const auto paint = brush.amplitude > 0 ? paintSegmentMax : paintSegmentMin;
@@ -49,8 +49,8 @@ AngleImage raisedInOneGo(AngleImage surface, const FloatBrushFunc &brush, const 
     }
     AngleImage slopes;
     heightsToAngles(heights, slopes);
-    addSlopes(surface, {}, {}, slopes);
-    return surface;
+    addSlopes(result, {}, {}, slopes);
+    return result;
 }
 
 AngleImage someSurface()

@@ -14,6 +14,10 @@ public:
     virtual ~UndoStep() = default;
     /// True when the step changes what a project file holds; false for selections.
     virtual bool changesDocument() const = 0;
+    /// Another step was pushed after it: it shall take little room.
+    virtual void rest() = 0;
+    /// The same, and it takes no further step up.
+    virtual void close() = 0;
 };
 
 /// The undo steps of one document. A macro starts with its first step, so that a macro in which
@@ -27,6 +31,9 @@ public:
 
     /// Runs @p step and keeps it, inside the macros that are open.
     void push(std::unique_ptr<QUndoCommand> step);
+    /// True while a step is being done, undone or done again: who hears of a change then must push
+    /// none, as the toolkit is about to count on its place.
+    bool isStepping() const { return m_isStepping; }
 
     void beginMacro(const QString &text);
     void endMacro();
@@ -35,17 +42,33 @@ public:
     void beginHoldingMacro(const QString &text, const QVector<Observable *> &observables);
     void endHoldingMacro();
 
+    /// Ends a gesture: the newest step takes no further one up, however it goes on from it.
+    void closeStep();
+
     /// True when a step that changes the document lies between the saved place and now.
     bool isModified() const;
     /// The document as it stands now is what was saved.
     void markSaved();
 
+public Q_SLOTS:
+    // As in the toolkit, knowing of isStepping(). Not to be called through the base.
+    void undo();
+    void redo();
+    void setIndex(int index);
+
+Q_SIGNALS:
+    /// Somebody is about to push a step or to begin a macro: the last moment for what is unfinished
+    /// to become a step of its own, which then lies below.
+    void aboutToPush();
+
 private:
     void keepSavedPlace(bool wasModified);
+    void announcePush();
 
     QStringList m_waitingMacros; // begun, but without a step so far
     int m_startedMacros = 0;
     bool m_modifiedBeforeMacro = false;
+    bool m_isStepping = false;
 };
 
 /// A macro for as long as it lives, also when an Error flies.
