@@ -7,6 +7,7 @@
 #include "model/NormalMapProcessor.h"
 #include "model/Project.h"
 #include "model/properties/PropertyListT.h"
+#include "model/properties/PropertyT.h"
 #include "preview/EditorGraphicsViewVesperine.h"
 #include "preview/GLGraphicsLight.h"
 #include "preview/NormalMapEditorScene.h"
@@ -21,6 +22,7 @@
 #include "ui/NormalMapEditor.h"
 #include "ui/ShapeTreeView.h"
 
+#include <QAction>
 #include <QMap>
 #include <QPainter>
 #include <QPushButton>
@@ -31,6 +33,8 @@
 #include <QThreadPool>
 
 #include <rapidcheck.h>
+
+#include <random>
 
 namespace {
 
@@ -187,6 +191,11 @@ struct Gesture
     QPoint to;
 };
 
+std::ostream &operator<<(std::ostream &out, const Gesture &gesture)
+{
+    return out << gesture.kind << " (" << gesture.from.x() << "," << gesture.from.y() << ")-("
+               << gesture.to.x() << "," << gesture.to.y() << ")";
+}
 } // namespace
 
 namespace rc {
@@ -200,11 +209,6 @@ struct Arbitrary<Gesture>
     }
 };
 
-void showValue(const Gesture &gesture, std::ostream &out)
-{
-    out << gesture.kind << " (" << gesture.from.x() << "," << gesture.from.y() << ")-("
-        << gesture.to.x() << "," << gesture.to.y() << ")";
-}
 } // namespace rc
 
 class TestPainting : public QObject
@@ -524,7 +528,7 @@ int main(int argc, char **argv)
 {
     const QTemporaryDir home;
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, home.path());
-    qputenv("RC_PARAMS", qEnvironmentVariable("RC_PARAMS", "max_success=25").toUtf8());
+    qputenv("RC_PARAMS", qEnvironmentVariable("RC_PARAMS", "max_success=25"_s).toUtf8());
     GApplication::prepare();
     GApplication application(argc, argv);
     TestPainting test;
