@@ -38,7 +38,6 @@ PaintToolAngleBrush::PaintToolAngleBrush(QObject *parent)
                                      OpacityRow | HardnessRow,
                                      parent)
     , m_picker(new AnglePicker)
-    , m_fill(nullptr)
 {
     action().setStatusTip(tr("Turns the surface to one direction where you paint."));
     panel().addRow(tr("Angle"), m_picker);
@@ -123,7 +122,7 @@ void PaintToolAngleBrush::setAngle(AngleImage::Pixel angle)
 
 void PaintToolAngleBrush::fill()
 {
-    if (isStrokeOpen())
+    if (currentImage().isNull() || isStrokeOpen())
         return;
     AngleImage surface = currentImage();
     blendSlope(surface, FloatImage(surface.width(), surface.height(), opacity()), m_angle);

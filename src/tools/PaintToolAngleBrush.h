@@ -41,7 +41,7 @@ private:
     void showPickCursor(bool isShown);
 
     AnglePicker *m_picker;
-    QPushButton *m_fill;
+    QPushButton *m_fill = nullptr;
     AngleImage::Pixel m_angle;
     AngleImage::Pixel m_strokeAngle; ///< as it was when the stroke began
     QImage m_texture;

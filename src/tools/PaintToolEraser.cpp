@@ -29,7 +29,7 @@ void PaintToolEraser::updateSelection(FloatImage selection)
 
 void PaintToolEraser::eraseAll()
 {
-    if (isStrokeOpen())
+    if (currentImage().isNull() || isStrokeOpen())
         return;
     AngleImage surface = currentImage();
     blendSlope(surface, FloatImage(surface.width(), surface.height(), opacity()), {});

@@ -101,7 +101,15 @@ private Q_SLOTS:
         surface.release({5, 40});
         QCOMPARE(surface.stored, start);
         surface.paint({{20, 20}, {40, 25}});
-        QCOMPARE(surface.stored, scribbled(start, start.row(0)[0]));
+        const AngleImage other = scribbled(start, start.row(0)[0]);
+        QCOMPARE(surface.stored, other);
+        // A line by Shift does not go on from a stroke of another angle.
+        surface.replace(start);
+        surface.paint({{20, 20}});
+        const AngleImage dab = surface.stored;
+        surface.paint({{5, 6}}, Qt::AltModifier);
+        surface.paint({{40, 25}}, Qt::ShiftModifier);
+        QCOMPARE(surface.stored, scribbled(dab, steep));
     }
 
     void eraserFlattens()
@@ -115,44 +123,34 @@ private Q_SLOTS:
         QCOMPARE(surface.commits, QStringList{"Erase"_s});
     }
 
-    void wholeSurfaces_data()
-    {
-        QTest::addColumn<bool>("erases");
-        QTest::addColumn<int>("opacity");
-        QTest::addColumn<QString>("verb");
-        QTest::newRow("filled") << false << 100 << "Fill";
-        QTest::newRow("filled by half") << false << 50 << "Fill";
-        QTest::newRow("erased") << true << 100 << "Erase";
-        QTest::newRow("erased by half") << true << 50 << "Erase";
-    }
-
     void wholeSurfaces()
     {
-        QFETCH(bool, erases);
-        QFETCH(int, opacity);
-        QFETCH(QString, verb);
         PaintToolAngleBrush brush;
         PaintToolEraser eraser;
-        PaintTool &tool = erases ? static_cast<PaintTool &>(eraser) : brush;
-        auto &button = control<QPushButton>(*tool.settingsPanel(), erases ? "EraseAll" : "Fill");
-        control<GIntEdit>(*tool.settingsPanel(), "Opacity").setValue(opacity);
-        const AngleImage start = someSurface();
-        {
-            PaintedSurface surface(tool, start);
-            QCOMPARE(button.text(), verb + " all"_s);
-            surface.paint({{5, 6}}, Qt::AltModifier);
-            surface.replace(start);
-            surface.commits.clear();
-            button.click();
-            const AngleImage::Pixel slope = erases ? AngleImage::Pixel() : steep;
-            const FloatImage weights(start.width(), start.height(), float(opacity) / 100.0F);
-            QCOMPARE(surface.stored, blended(start, weights, slope));
-            QCOMPARE(surface.commits, QStringList{erases ? "Erase all"_s : "Fill"_s});
-            QCOMPARE(surface.areas.last(), start.rect());
-            tool.updateSelection(weights);
-            QCOMPARE(button.text(), verb + " selection"_s);
-        }
-        QVERIFY(!button.isEnabled());
+        const auto check = [](PaintTool &tool, const QString &verb, AngleImage::Pixel slope) {
+            const bool fills = tool.kind() == 2;
+            auto &button = control<QPushButton>(*tool.settingsPanel(), fills ? "Fill" : "EraseAll");
+            const AngleImage start = someSurface();
+            const FloatImage half(start.width(), start.height(), 0.5F);
+            setBrush(tool);
+            {
+                PaintedSurface surface(tool, start);
+                QCOMPARE(button.text(), verb + " all"_s);
+                surface.paint({{5, 6}}, Qt::AltModifier);
+                surface.replace(start);
+                surface.commits.clear();
+                button.click();
+                QCOMPARE(surface.stored, blended(start, half, slope));
+                QCOMPARE(surface.commits, QStringList{fills ? "Fill"_s : "Erase all"_s});
+                QCOMPARE(surface.areas.last(), start.rect());
+                tool.updateSelection(half);
+                QCOMPARE(button.text(), verb + " selection"_s);
+            }
+            QVERIFY(!button.isEnabled());
+        };
+        check(brush, "Fill"_s, steep);
+        check(eraser, "Erase"_s, {});
+        eraser.eraseAll(); // of nothing
     }
 
     void picks_data()
