@@ -19,31 +19,42 @@
 #include <QDialog>
 #include <QGraphicsRectItem>
 #include <QMenu>
-#include <QSemaphore>
 #include <QSignalSpy>
 #include <QTabletEvent>
 #include <QTest>
-#include <QThreadPool>
 #include <QWindow>
 
 namespace {
-/// Keeps all threads of the pool busy for as long as it lives.
-class HeldPool
+/// With a sprite that a tool works on.
+struct ToolEditor : ShownEditor
 {
-public:
-    HeldPool()
+    explicit ToolEditor(const QSize &size = {8, 8})
+        : a(add(QStringLiteral("a"), size))
     {
-        for (int i = 0; i < m_count; ++i)
-            QThreadPool::globalInstance()->start([this] { m_gate.acquire(); });
+        scene.setTool(&tool);
+        bodies.setSelection({&a});
+        tool.takeLog();
     }
-    ~HeldPool() { m_gate.release(m_count); }
-    HeldPool(const HeldPool &) = delete;
-    HeldPool &operator=(const HeldPool &) = delete;
+    void press(const Body &body, const QPointF &pixel) const
+    {
+        QTest::mousePress(&viewport, Qt::LeftButton, {}, on(body, pixel));
+    }
+    void release(const Body &body, const QPointF &pixel) const
+    {
+        QTest::mouseRelease(&viewport, Qt::LeftButton, {}, on(body, pixel));
+    }
 
-private:
-    const int m_count = QThreadPool::globalInstance()->maxThreadCount();
-    QSemaphore m_gate;
+    Body &a;
+    FakeTool tool;
 };
+
+AngleImage oneRow(const QVector<int> &steps)
+{
+    AngleImage image(8, 8);
+    for (int x = 0; x < steps.size(); ++x)
+        image.row(2)[x].x = std::int16_t(steps[x]);
+    return image;
+}
 
 /// As the platform tells of it, at the window.
 void sendPen(const ShownEditor &editor,
@@ -207,47 +218,48 @@ private Q_SLOTS:
         editor.scene.setProject(nullptr);
     }
 
-    void toolPaintsThroughSelection()
+    void toolPaintsAndSelects()
     {
-        ShownEditor editor;
-        Body &a = editor.add(QStringLiteral("a"), {8, 8});
-        FakeTool tool;
-        editor.scene.setTool(&tool);
-        editor.bodies.setSelection({&a});
-        FloatImage mask(8, 8);
-        mask.row(2)[3] = 1.0F;
-        Q_EMIT tool.selectionChanged(mask, QStringLiteral("pixels"));
-        QCOMPARE(editor.project.undoStack().undoText(), QStringLiteral("pixels"));
-
-        NormalMapProcessor &processor = editor.scene.spriteItem(&a)->processor();
-        Q_EMIT tool.temporaryNormalMapChanged(AngleImage(2, 1, 256), QRect(3, 2, 2, 1));
+        ToolEditor editor;
+        GUndoStack &stack = editor.project.undoStack();
+        NormalMapProcessor &processor = editor.scene.spriteItem(&editor.a)->processor();
+        Q_EMIT editor.tool.temporaryNormalMapChanged(AngleImage(2, 1, 256), QRect(3, 2, 2, 1));
         processor.waitForIdle();
-        QVERIFY(a.paintedNormalMap().angleImage().isNull());
-        QVERIFY(processor.angleImage().row(2)[3] == (AngleImage::Pixel{256, 0}));
-
-        tool.takeLog();
-        Q_EMIT tool.temporaryNormalMapChanged(AngleImage(8, 8, 512));
-        Q_EMIT tool.commitNormalMap(QStringLiteral("stroke"));
-        QCOMPARE(editor.project.undoStack().undoText(), QStringLiteral("stroke"));
+        QVERIFY(editor.a.paintedNormalMap().angleImage().isNull());
+        Q_EMIT editor.tool.commitNormalMap(QStringLiteral("stroke"));
+        QCOMPARE(stack.undoText(), QStringLiteral("stroke"));
         AngleImage expected(8, 8);
-        expected.row(2)[3] = {512, 0};
-        QVERIFY(a.surface() == expected);
-        QVERIFY(tool.surface == expected);
-        QCOMPARE(tool.takeLog(), QByteArray("surface 8x8"));
+        expected.row(2)[3] = expected.row(2)[4] = {256, 256};
+        QVERIFY(editor.a.surface() == expected);
+        QVERIFY(editor.tool.surface == expected);
+        QCOMPARE(editor.tool.takeLog(), QByteArray("surface 8x8"));
 
         QSignalSpy pointed(&editor.scene, &NormalMapEditorScene::pointedPixelChanged);
         processor.waitForIdle();
-        dragTo(editor.viewport, editor.on(a, {3, 2}), Qt::NoButton);
+        dragTo(editor.viewport, editor.on(editor.a, {3, 2}), Qt::NoButton);
         const auto pixel = pointed.last().first().value<PointedPixel>();
-        QCOMPARE(pixel.body, &a);
+        QCOMPARE(pixel.body, &editor.a);
         QCOMPARE(pixel.pixel, QPoint(3, 2));
-        QCOMPARE(pixel.slope, QPointF(2, 0));
-        QCOMPARE(pixel.normal, QColor(241, 127, 114));
+        QCOMPARE(pixel.slope, QPointF(1, 1));
 
-        editor.project.undoStack().undo();
-        QVERIFY(tool.surface == AngleImage(8, 8));
-        Q_EMIT tool.commitNormalMap(QStringLiteral("nothing painted"));
-        QVERIFY(editor.project.undoStack().canRedo());
+        stack.undo();
+        QVERIFY(editor.tool.surface == AngleImage(8, 8));
+        Q_EMIT editor.tool.commitNormalMap(QStringLiteral("nothing painted"));
+        QVERIFY(stack.canRedo());
+
+        // Each drag selects by one step.
+        const int before = stack.index();
+        FloatImage mask(8, 8);
+        for (int gesture = 1; gesture <= 2; ++gesture) {
+            editor.press(editor.a, {1, 2});
+            for (int x = 0; x < 3; ++x) {
+                mask.row(gesture)[x] = 1.0F;
+                Q_EMIT editor.tool.selectionChanged(mask, QStringLiteral("select"), true);
+            }
+            editor.release(editor.a, {1, 2});
+            QCOMPARE(stack.count(), before + gesture);
+            QCOMPARE(stack.undoText(), QStringLiteral("select"));
+        }
     }
 
     // However a gesture ends, its step is on the stack, below the one of what ended it.

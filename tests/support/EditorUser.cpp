@@ -2,6 +2,7 @@
 
 #include "framework/GNumberEdit.h"
 #include "model/Body.h"
+#include "model/Project.h"
 #include "preview/EditorGraphicsViewVesperine.h"
 #include "preview/NormalMapEditorScene.h"
 #include "preview/SpriteItem.h"
@@ -49,7 +50,9 @@ QWidget &EditorUser::viewport() const
 
 QPoint EditorUser::at(const QPoint &pixel) const
 {
-    const QPointF place = scene().spriteItem(scene().currentBody())->pos();
+    const Body *current = scene().currentBody();
+    const Body *body = current ? current : m_window.project().bodies().all().first();
+    const QPointF place = scene().spriteItem(body)->pos();
     return view().mapFromScene(place + pixel + QPointF(0.5, 0.5));
 }
 

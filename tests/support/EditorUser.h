@@ -11,7 +11,7 @@ class MainWindow;
 class NormalMapEditorScene;
 
 /// Does in the editor's window what a user does there, by mouse and keys. Places are pixels of the
-/// sprite that is selected. The window outlives it.
+/// sprite that is selected, or of the first one. The window outlives it.
 class EditorUser
 {
 public:
