@@ -22,6 +22,7 @@
 #include <QToolButton>
 
 #include <algorithm>
+#include <functional>
 #include <memory>
 
 namespace {
@@ -73,28 +74,22 @@ private Q_SLOTS:
         QVector<int> sent;
         connect(&sidebar, &SpritesSidebar::displayModeChanged, this, [&](int i) { sent << i; });
         QCOMPARE(sidebar.displayMode(), 2);
-        QVERIFY(shows(sidebar, "Global light"_s) && !shows(sidebar, "Normal map"_s));
         const QString buttons[] = {"Texture"_s, "Lit surface"_s, "Lit texture"_s, "Normal map"_s};
         for (int mode = 0; mode < 4; ++mode) {
-            const auto isRight = [&] {
-                return sidebar.displayMode() == mode &&
-                       shows(sidebar, "Global light"_s) == (mode == 1 || mode == 2) &&
-                       shows(sidebar, "Normal map"_s) == (mode == 3);
+            const std::function<void()> ways[] = {
+                [&] { press(sidebar, "Alt+%1"_s.arg(mode + 1)); },
+                [&] { click(sidebar, buttons[mode]); },
+                [&] { sidebar.setDisplayMode(mode); },
             };
-            const int other = (mode + 2) % 4;
-            sidebar.setDisplayMode(other);
-            sent.clear();
-            press(sidebar, "Alt+%1"_s.arg(mode + 1));
-            QVERIFY(isRight());
-            sidebar.setDisplayMode(other);
-            click(sidebar, buttons[mode]);
-            QVERIFY(isRight());
-            sidebar.setDisplayMode(other);
-            sidebar.setDisplayMode(mode);
-            QVERIFY(isRight());
-            // What is set already is not sent again.
-            sidebar.setDisplayMode(mode);
-            QCOMPARE(sent, QVector<int>({mode, other, mode, other, mode}));
+            for (const auto &choose : ways) {
+                sidebar.setDisplayMode((mode + 2) % 4);
+                sent.clear();
+                choose();
+                sidebar.setDisplayMode(mode); // already so
+                QCOMPARE(sent, QVector<int>{mode});
+                QCOMPARE(shows(sidebar, "Global light"_s), mode == 1 || mode == 2);
+                QCOMPARE(shows(sidebar, "Normal map"_s), mode == 3);
+            }
         }
     }
 
@@ -142,67 +137,28 @@ private Q_SLOTS:
         sidebar.setProject(nullptr);
     }
 
-    void enabling()
+    void toolsAreEnabledForWhatIsSelected()
     {
-        // Of a tool for one body, a tool for several, an effect, and another effect.
-        const struct
-        {
-            int selected;
-            bool isEffectOpen;
-            QString enabled;
-        } cases[] = {{0, false, {}},
-                     {2, false, "several bevel import"_s},
-                     {0, true, "bevel"_s},
-                     {2, true, "bevel"_s}};
         auto &sidebar = showTools();
-        for (const auto &each : cases) {
-            select(1);
-            QCOMPARE(tools(&QAction::isEnabled), "one several bevel import"_s);
-            if (each.isEffectOpen)
-                sidebar.setOpenEffect(m_tools[2]);
-            select(each.selected);
-            QCOMPARE(tools(&QAction::isEnabled), each.enabled);
-            // The active tool stays checked, whether it can be used or not.
-            QCOMPARE(tools(&QAction::isChecked), each.isEffectOpen ? "bevel"_s : "one"_s);
-            sidebar.setOpenEffect(nullptr);
-        }
-        select(1);
-        QCOMPARE(tools(&QAction::isEnabled), "one several bevel import"_s);
-    }
-
-    void enablingFollowsTheCountOnly()
-    {
-        showTools();
-        select(1);
-        m_tools[0]->action().setEnabled(false);
-        m_selection.setSelection({&m_project->bodies().at(2)});
-        QVERIFY(!m_tools[0]->action().isEnabled());
-        select(2);
-        select(1);
-        QVERIFY(m_tools[0]->action().isEnabled());
-    }
-
-    void buttonsAreMadeFromTheTools()
-    {
-        const auto &sidebar = showTools();
-        QStringList texts;
-        for (const auto *made : sidebar.findChildren<QToolButton *>()) {
-            if (made->isVisible() && made->defaultAction())
-                texts << made->text();
-        }
-        QCOMPARE(texts, QStringList({"Bevel"_s, "One"_s, "Several"_s}));
         QVERIFY(shows(sidebar, "Effects"_s));
-        const auto &plain =
-            show(std::make_unique<ToolsSidebar>(m_selection,
-                                                *m_settings,
-                                                std::vector<std::unique_ptr<PaintTool>>(),
-                                                std::vector<std::unique_ptr<AngleImageTool>>()));
-        QVERIFY(!shows(plain, "Effects"_s));
+        for (const bool isEffectOpen : {false, true}) {
+            const QString enabled[] = {{}, "one several bevel import"_s, "several bevel import"_s};
+            for (const int selected : {0, 1, 2, 1}) {
+                select(selected);
+                sidebar.setOpenEffect(isEffectOpen ? m_tools[2] : nullptr);
+                QCOMPARE(tools(&QAction::isEnabled), isEffectOpen ? "bevel"_s : enabled[selected]);
+                // The active tool stays checked, whether it can be used or not.
+                QCOMPARE(tools(&QAction::isChecked), isEffectOpen ? "bevel"_s : "one"_s);
+            }
+        }
+        sidebar.reloadTools();
+        for (int tool = 0; tool < 2; ++tool)
+            QCOMPARE(static_cast<FakeTool *>(m_tools[tool])->takeLog(), QByteArray("reload"));
     }
 
     void switchingTools()
     {
-        const auto &sidebar = showTools();
+        auto &sidebar = showTools();
         select(1);
         QVERIFY(shows(sidebar, "setting of one"_s));
         const QWidget *focus = QApplication::focusWidget();
@@ -213,36 +169,21 @@ private Q_SLOTS:
         QCOMPARE(tools(&QAction::isChecked), "several"_s);
         QVERIFY(!shows(sidebar, "setting of one"_s));
         QVERIFY(shows(sidebar, "This tool has no settings."_s));
-        m_tools[0]->action().trigger();
-        QVERIFY(shows(sidebar, "setting of one"_s));
-        QCOMPARE(sidebar.activeTool(), m_tools[0]);
-    }
 
-    void effectsGiveTheToolBack()
-    {
-        auto &sidebar = showTools();
-        select(1);
-        click(sidebar, "several"_s);
-        bool isRefused = true;
-        connect(&sidebar, &ToolsSidebar::effectRequested, this, [&](AngleImageTool *effect) {
-            if (!isRefused)
-                sidebar.setOpenEffect(effect);
-        });
+        // Effects give the tool back, also where they are refused.
         click(sidebar, "bevel"_s);
         QCOMPARE(tools(&QAction::isChecked), "several"_s);
-        isRefused = false;
+        connect(&sidebar, &ToolsSidebar::effectRequested, &sidebar, [&](AngleImageTool *effect) {
+            sidebar.setOpenEffect(effect);
+        });
         click(sidebar, "bevel"_s);
         QCOMPARE(tools(&QAction::isChecked), "bevel"_s);
         sidebar.setOpenEffect(nullptr);
         QCOMPARE(tools(&QAction::isChecked), "several"_s);
         QCOMPARE(m_activated, QStringList({"several"_s, QString(), "several"_s}));
-    }
-
-    void toolsAreReloaded()
-    {
-        showTools().reloadTools();
-        for (int tool = 0; tool < 2; ++tool)
-            QCOMPARE(static_cast<FakeTool *>(m_tools[tool])->takeLog(), QByteArray("reload"));
+        m_tools[0]->action().trigger();
+        QVERIFY(shows(sidebar, "setting of one"_s));
+        QCOMPARE(sidebar.activeTool(), m_tools[0]);
     }
 
     void settingsAreKeptBetweenRuns()
@@ -255,6 +196,7 @@ private Q_SLOTS:
             return showEditorTools();
         };
         const auto &sidebar = run();
+        QVERIFY(!shows(sidebar, "Effects"_s));
         select(1);
         QCOMPARE(sidebar.activeTool(), m_editorTools[0]);
         const QByteArray atFirst = toolSettings();
@@ -290,13 +232,10 @@ private Q_SLOTS:
             QCOMPARE(active, m_editorTools.first());
             QCOMPARE(toolSettings(), atFirst);
         }
-        const auto size = [this] {
-            return m_window->findChild<GIntEdit *>("BrushSize"_s)->value();
-        };
-        showWith(-1000000);
-        QCOMPARE(size(), 1);
-        showWith("1000000"_s);
-        QCOMPARE(size(), 500);
+        for (const auto &[value, size] : {std::pair("-1000000"_s, 1), {"1000000"_s, 500}}) {
+            showWith(value);
+            QCOMPARE(m_window->findChild<GIntEdit *>("BrushSize"_s)->value(), size);
+        }
     }
 
 private:
