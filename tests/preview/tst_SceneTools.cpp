@@ -50,18 +50,21 @@ void sendPen(const ShownEditor &editor,
     QCoreApplication::sendEvent(editor.window.windowHandle(), &event);
 }
 
-void sendMouse(QWidget &widget, QEvent::Type type, const QPoint &place, Qt::MouseEventSource source)
+/// As many systems do for a pen, too.
+void clickForPen(QWidget &widget, const QPoint &place)
 {
-    const bool isRelease = type == QEvent::MouseButtonRelease;
-    QMouseEvent event(type,
-                      place,
-                      place,
-                      widget.mapToGlobal(place),
-                      type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton,
-                      isRelease ? Qt::NoButton : Qt::LeftButton,
-                      Qt::NoModifier,
-                      source);
-    QCoreApplication::sendEvent(&widget, &event);
+    for (const QEvent::Type type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+        const bool isPress = type == QEvent::MouseButtonPress;
+        QMouseEvent event(type,
+                          place,
+                          place,
+                          widget.mapToGlobal(place),
+                          Qt::LeftButton,
+                          isPress ? Qt::LeftButton : Qt::NoButton,
+                          Qt::NoModifier,
+                          Qt::MouseEventSynthesizedBySystem);
+        QCoreApplication::sendEvent(&widget, &event);
+    }
 }
 } // namespace
 
@@ -124,19 +127,13 @@ private Q_SLOTS:
 
     void toolFollowsCurrentBody()
     {
-        ShownEditor editor;
-        Body &a = editor.add(QStringLiteral("a"));
+        ToolEditor editor({64, 64});
+        Body &a = editor.a;
         Body &b = editor.add(QStringLiteral("b"), {40, 30});
         QGraphicsRectItem overlay(0, 0, 5, 5);
         PaintToolMove move;
-        FakeTool tool;
+        FakeTool &tool = editor.tool;
         tool.overlay = &overlay;
-        editor.scene.setTool(&tool);
-
-        editor.bodies.setSelection({&a});
-        QCOMPARE(editor.pixels.body(), &a);
-        QCOMPARE(overlay.scene(), &editor.scene);
-        tool.takeLog();
         editor.pixels.setSelection(&a, FloatImage(64, 64, 1.0F), QStringLiteral("mask"));
         QCOMPARE(tool.takeLog(), QByteArray("selection 64x64"));
         QVERIFY(editor.scene.spriteItem(&a)->hasSelection());
@@ -174,7 +171,6 @@ private Q_SLOTS:
         editor.bodies.setSelection({&a});
         editor.project.bodies().setEntries({editor.project.bodies().entries().last()});
         QVERIFY(!editor.scene.currentBody());
-        editor.scene.setTool(nullptr);
         auto dying = std::make_unique<FakeTool>();
         editor.bodies.setSelection({&b});
         editor.scene.setTool(dying.get());
@@ -238,10 +234,7 @@ private Q_SLOTS:
         sendPen(editor, QEvent::TabletMove, start, 0.0);
         QCOMPARE(tool.takeLog(), QByteArray("move 10,10"));
         sendPen(editor, QEvent::TabletPress, start, 0.5);
-        sendMouse(editor.viewport,
-                  QEvent::MouseButtonPress,
-                  start.toPoint(),
-                  Qt::MouseEventNotSynthesized);
+        editor.click(start.toPoint());
         QCOMPARE(tool.takeLog(), QByteArray("press 10,10"));
         QCOMPARE(tool.lastEvent.pressure, 0.5);
         QVERIFY(!tool.lastEvent.isEraser);
@@ -258,11 +251,7 @@ private Q_SLOTS:
         QCOMPARE(tool.lastEvent.buttons, Qt::LeftButton);
         tool.takeLog();
         sendPen(editor, QEvent::TabletRelease, start, 0.0);
-        for (const QEvent::Type type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease})
-            sendMouse(editor.viewport,
-                      type,
-                      start.toPoint() + QPoint(9, 9),
-                      Qt::MouseEventSynthesizedBySystem);
+        clickForPen(editor.viewport, start.toPoint() + QPoint(9, 9));
         QCOMPARE(tool.takeLog(), QByteArray("release 10,10"));
         QCOMPARE(tool.lastEvent.pressure, 0.0);
 
