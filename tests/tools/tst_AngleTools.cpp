@@ -80,7 +80,6 @@ private Q_SLOTS:
         setBrush(tool);
         PaintedSurface surface(tool, start);
         surface.paint({{5.5, 6.5}}, Qt::AltModifier);
-        QVERIFY(surface.areas.isEmpty() && surface.commits.isEmpty());
         surface.press({20, 20});
         surface.moveTo({40, 25});
         surface.moveTo({0, 0}, Qt::AltModifier); // picks for the next stroke
@@ -89,12 +88,8 @@ private Q_SLOTS:
         QCOMPARE(surface.stored, scribbled(start, steep));
         QCOMPARE(surface.commits, QStringList{"Angle"_s});
 
-        // An undo in between takes back what was painted, not the angle.
+        // An undo takes back what was painted, not the angle.
         surface.replace(start);
-        surface.press({5, 40});
-        surface.replace(start);
-        surface.release({5, 40});
-        QCOMPARE(surface.stored, start);
         surface.paint({{20, 20}, {40, 25}});
         const AngleImage other = scribbled(start, start.row(0)[0]);
         QCOMPARE(surface.stored, other);
@@ -107,18 +102,7 @@ private Q_SLOTS:
         QCOMPARE(surface.stored, scribbled(dab, steep));
     }
 
-    void eraserFlattens()
-    {
-        const AngleImage start = someSurface();
-        PaintToolEraser tool;
-        setBrush(tool);
-        PaintedSurface surface(tool, start);
-        surface.paint({{20, 20}, {40, 25}, {20, 20}});
-        QCOMPARE(surface.stored, scribbled(start, {}));
-        QCOMPARE(surface.commits, QStringList{"Erase"_s});
-    }
-
-    void wholeSurfaces()
+    void strokesAndWholeSurfaces()
     {
         PaintToolAngleBrush brush;
         PaintToolEraser eraser;
@@ -134,9 +118,14 @@ private Q_SLOTS:
                 surface.paint({{5, 6}}, Qt::AltModifier);
                 surface.replace(start);
                 surface.commits.clear();
+                surface.paint({{20, 20}, {40, 25}, {20, 20}});
+                QCOMPARE(surface.stored, scribbled(start, slope));
+                surface.replace(start);
                 button.click();
                 QCOMPARE(surface.stored, blended(start, half, slope));
-                QCOMPARE(surface.commits, QStringList{fills ? "Fill"_s : "Erase all"_s});
+                QCOMPARE(surface.commits,
+                         (fills ? QStringList{"Angle"_s, "Fill"_s}
+                                : QStringList{"Erase"_s, "Erase all"_s}));
                 QCOMPARE(surface.areas.last(), start.rect());
                 tool.updateSelection(half);
                 QCOMPARE(button.text(), verb + " selection"_s);
@@ -152,18 +141,8 @@ private Q_SLOTS:
     {
         PaintToolAngleBrush tool;
         const PaintedSurface surface(tool, someSurface());
-        QImage texture(60, 50, QImage::Format_ARGB32);
-        texture.fill(Qt::red);
-        texture.setPixel(9, 9, 0);
-        tool.updateTexture(texture);
-        const QString opaque = "x 2.73  y -1.17"_s;
-        const auto pick = [&](const QPointF &last) {
-            surface.paint({{30, 30}, {5, 6}, last}, Qt::AltModifier);
-            return control<QLabel>(*tool.settingsPanel(), "Slope").text();
-        };
-        QCOMPARE(pick({5.9, 6.9}), opaque);
-        QCOMPARE(pick({9, 9}), "x 0.00  y 0.00"_s); // transparent
-        QCOMPARE(pick({-1.5, 9}), opaque);
+        surface.paint({{30, 30}, {5.9, 6.9}, {-1.5, 9}}, Qt::AltModifier); // last on the sprite
+        QCOMPARE(control<QLabel>(*tool.settingsPanel(), "Slope").text(), "x 2.73  y -1.17"_s);
         QVERIFY(surface.areas.isEmpty() && surface.commits.isEmpty());
         // With another key held, too, it is a stroke.
         surface.paint({{31, 31}}, Qt::AltModifier | Qt::ShiftModifier);
@@ -185,8 +164,6 @@ private Q_SLOTS:
         for (const Qt::KeyboardModifiers own : {Qt::NoModifier, Qt::AltModifier}) {
             tool.keyPress(Qt::Key_Alt, own);
             QVERIFY(shows());
-            QCOMPARE(pointer.hotSpot(), QPoint(9, 18));
-            QCOMPARE(pointer.pixmap().size() / pointer.pixmap().devicePixelRatio(), QSize(27, 27));
             surface.paint({{5, 6}}, Qt::AltModifier);
             hover(Qt::AltModifier);
             tool.keyRelease(Qt::Key_Control, Qt::AltModifier);
@@ -207,8 +184,6 @@ private Q_SLOTS:
         auto &ball = control<QWidget>(picker, "AngleGlobe");
         const QSignalSpy changed(&picker, &AnglePicker::pixelValueChanged);
         const auto last = [&] { return changed.last().first().value<AngleImage::Pixel>(); };
-        QCOMPARE(ball.size(), QSize(148, 148));
-
         picker.setPixelValue(steep);
         QVERIFY(changed.isEmpty());
         QTest::mousePress(&ball, Qt::LeftButton, {}, {94, 64});
@@ -219,7 +194,6 @@ private Q_SLOTS:
         QCOMPARE(last(), (AngleImage::Pixel{549, 0}));
         QTest::mouseRelease(&ball, Qt::LeftButton, {}, {900, 74});
         QVERIFY(ball.cursor().shape() != Qt::BlankCursor);
-
         QTest::mouseClick(&control<QPushButton>(picker, "ResetAngle"), Qt::LeftButton);
         QCOMPARE(last(), AngleImage::Pixel());
         QTest::keyClick(&ball, Qt::Key_Right);
@@ -227,7 +201,6 @@ private Q_SLOTS:
         QCOMPARE(last(), globeSlopes(128, false).row(72)[65]);
         QTest::keyClick(&ball, Qt::Key_Home);
         QCOMPARE(last(), AngleImage::Pixel());
-
         control<QCheckBox>(picker, "Discrete").click();
         const int events = changed.size();
         QTest::mouseClick(&ball, Qt::LeftButton, {}, {94, 76});
