@@ -50,6 +50,7 @@ public:
             !m_values.takeUp(next->m_values))
             return false;
         setText(next->text());
+        setObsolete(m_values.isUnchanged()); // the stack drops a gesture that led back
         return true;
     }
 
