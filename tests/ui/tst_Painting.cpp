@@ -40,7 +40,8 @@
 namespace {
 
 constexpr QSize spriteSize(60, 40);
-constexpr int undoInStroke = 11; // a kind of gesture
+constexpr QSize packedSize(160, 110); // large enough for undo steps to be packed
+constexpr int undoInStroke = 11;      // a kind of gesture
 
 /// Keeps all workers busy until it goes.
 class HeldWorkers
@@ -73,11 +74,11 @@ private:
 class Studio
 {
 public:
-    Studio()
+    explicit Studio(const QSize &size = spriteSize)
     {
-        QImage picture(spriteSize, QImage::Format_ARGB32);
+        QImage picture(size, QImage::Format_ARGB32);
         picture.fill(Qt::blue);
-        QPainter(&picture).fillRect(0, 0, spriteSize.width() / 2, spriteSize.height(), Qt::red);
+        QPainter(&picture).fillRect(0, 0, size.width() / 2, size.height(), Qt::red);
         QStringList paths;
         for (const QString &name : {"a.png"_s, "b.png"_s}) {
             paths.append(m_folder.path(name));
@@ -181,7 +182,7 @@ public:
         for (int index = 0; index < bodyCount(); ++index) {
             NormalMapProcessor &processor = scene().spriteItem(&body(index))->processor();
             processor.waitForIdle();
-            QImage normals = flatNormalMap(spriteSize);
+            QImage normals = flatNormalMap(surface(index).size());
             toNormalMap(surface(index), normals);
             if (normals != processor.normalMap())
                 return false;
@@ -516,7 +517,7 @@ private Q_SLOTS:
     void anySequenceOfGestures()
     {
         QVERIFY(rc::check("undo gives back what was", [](const std::vector<Gesture> &gestures) {
-            Studio studio;
+            Studio studio(packedSize);
             QMap<int, QByteArray> states{{0, stateOf(studio)}};
             for (const Gesture &gesture : gestures) {
                 const int before = studio.stack().index();
