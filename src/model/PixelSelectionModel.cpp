@@ -23,21 +23,28 @@ void PixelSelectionModel::setSelection(Body *body,
     push({body, withoutEmpty(mask)}, text, mergeable);
 }
 
+void PixelSelectionModel::finishGesture()
+{
+    if (m_project)
+        m_project->undoStack().closeStep();
+}
+
 void PixelSelectionModel::clear(const QList<Body *> &bodies)
 {
-    changeEach(bodies, tr("clear pixel selection"), [](const Selection &) { return FloatImage(); });
+    changeEach(
+        bodies, tr("clear pixel selection"), [](const PixelSelection &) { return FloatImage(); });
 }
 
 void PixelSelectionModel::selectAll(const QList<Body *> &bodies)
 {
-    changeEach(bodies, tr("select all pixels"), [](const Selection &before) {
+    changeEach(bodies, tr("select all pixels"), [](const PixelSelection &before) {
         return fullSelection(sizeOf(*before.body));
     });
 }
 
 void PixelSelectionModel::invert(const QList<Body *> &bodies)
 {
-    changeEach(bodies, tr("invert pixel selection"), [](const Selection &before) {
+    changeEach(bodies, tr("invert pixel selection"), [](const PixelSelection &before) {
         return inverted(before.mask);
     });
 }
@@ -54,15 +61,16 @@ void PixelSelectionModel::setBody(Body *body)
         apply({body, {}});
 }
 
-void PixelSelectionModel::apply(const Selection &selection)
+// Masks need not be compared again: nothing but a step makes one, and a step changes it.
+void PixelSelectionModel::apply(const PixelSelection &selection)
 {
-    if (selection == m_selection)
+    if (selection.body == m_selection.body && selection.mask.isNull() && m_selection.mask.isNull())
         return;
     m_selection = selection;
     Q_EMIT selectionChanged(m_selection.body, m_selection.mask);
 }
 
-void PixelSelectionModel::push(const Selection &selection, const QString &text, bool mergeable)
+void PixelSelectionModel::push(const PixelSelection &selection, const QString &text, bool mergeable)
 {
     if (selection == m_selection || !m_project)
         return;
@@ -75,22 +83,23 @@ void PixelSelectionModel::push(const Selection &selection, const QString &text, 
                  mergeable);
 }
 
-void PixelSelectionModel::changeEach(const QList<Body *> &bodies,
-                                     const QString &text,
-                                     const std::function<FloatImage(const Selection &)> &changed)
+void PixelSelectionModel::changeEach(
+    const QList<Body *> &bodies,
+    const QString &text,
+    const std::function<FloatImage(const PixelSelection &)> &changed)
 {
     QList<Body *> order = bodies;
     if (m_selection.body && order.removeAll(m_selection.body) > 0)
         order.append(m_selection.body);
-    QList<Selection> selections;
+    QList<PixelSelection> selections;
     for (Body *body : std::as_const(order))
         selections.append({body, body == m_selection.body ? m_selection.mask : FloatImage()});
-    for (Selection &selection : selections)
+    for (PixelSelection &selection : selections)
         selection.mask = changed(selection);
     // Only the last one remains: steps that lead back to it would change nothing.
     if (!m_project || selections.isEmpty() || selections.last() == m_selection)
         return;
     const UndoMacro macro(m_project->undoStack(), text);
-    for (const Selection &selection : std::as_const(selections))
+    for (const PixelSelection &selection : std::as_const(selections))
         push(selection, text, false);
 }

@@ -1,13 +1,12 @@
 #pragma once
 
-#include "imaging/FloatImage.h"
+#include "model/PixelSelection.h"
 
 #include <QList>
 #include <QObject>
 
 #include <functional>
 
-class Body;
 class GProject;
 
 /// Which pixels of the current body are selected: part of the document's undo steps, but no change
@@ -32,6 +31,9 @@ public:
     void
     setSelection(Body *body, const FloatImage &mask, const QString &text, bool mergeable = false);
 
+    /// The gesture is over: what comes next is an undo step of its own.
+    void finishGesture();
+
     // Each is one undo step over all of the bodies, none when nothing changes. The current body
     // comes last, so that its mask is what remains; the others have no selection to begin with.
     void clear(const QList<Body *> &bodies);
@@ -49,21 +51,13 @@ Q_SIGNALS:
     void selectionChanged(Body *body, FloatImage selection);
 
 private:
-    struct Selection
-    {
-        Body *body = nullptr;
-        FloatImage mask;
-
-        bool operator==(const Selection &) const = default;
-    };
-
-    void apply(const Selection &selection);
-    void push(const Selection &selection, const QString &text, bool mergeable);
+    void apply(const PixelSelection &selection);
+    void push(const PixelSelection &selection, const QString &text, bool mergeable);
     /// @p changed gives the new mask from that of before.
     void changeEach(const QList<Body *> &bodies,
                     const QString &text,
-                    const std::function<FloatImage(const Selection &)> &changed);
+                    const std::function<FloatImage(const PixelSelection &)> &changed);
 
     GProject *m_project = nullptr;
-    Selection m_selection;
+    PixelSelection m_selection;
 };

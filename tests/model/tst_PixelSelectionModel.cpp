@@ -130,6 +130,55 @@ private Q_SLOTS:
         QVERIFY(!stack().isModified());
     }
 
+    // Against whole copies, and the rule by which steps merge.
+    void anyOrderOfGesturesComesBackExactly()
+    {
+        struct Step
+        {
+            Seen before, after;
+            bool isOpen;
+        };
+        std::mt19937 random(3);
+        QVector<Step> steps;
+        int now = 0;
+        const auto present = [this] { return Seen(m_model->body(), m_model->selection()); };
+        for (int action = 0; action < 3000; ++action) {
+            Body *body = m_bodies[randomInt(0, 2, random)];
+            const Seen before = present();
+            const int choice = randomInt(0, 9, random);
+            if (choice < 2 && now > 0) {
+                stack().undo();
+                QVERIFY(present() == steps[--now].before);
+            } else if (choice < 4 && now < steps.size()) {
+                stack().redo();
+                QVERIFY(present() == steps[now++].after);
+            } else if (choice == 4) {
+                m_model->setBody(body);
+            } else if (choice == 5) {
+                m_model->finishGesture();
+                if (now > 0)
+                    steps[now - 1].isOpen = false;
+            } else {
+                const QSize size(30 + m_bodies.indexOf(body), 40);
+                const Seen after(
+                    body, choice == 6 ? FloatImage() : withoutEmpty(randomMask(size, random)));
+                const bool isOpen = randomInt(0, 2, random) > 0;
+                select(after.first, after.second, isOpen);
+                if (after == before)
+                    continue;
+                steps.resize(now);
+                if (now > 0 && isOpen && steps[now - 1].isOpen && steps[now - 1].after == before)
+                    steps[now - 1].after = after;
+                else
+                    steps.append({before, after, isOpen});
+                now = steps.size();
+                QVERIFY(present() == after);
+            }
+            QCOMPARE(stack().count(), steps.size());
+            QCOMPARE(stack().index(), now);
+        }
+    }
+
     void anUnpaintedBodyHasTheSizeOfItsSprite()
     {
         const Folder folder;

@@ -16,11 +16,28 @@ bool changesDocument(const QUndoCommand &command)
     }
     return false;
 }
+
+// The toolkit lends its steps for reading only, though all of them came here by push().
+UndoStep *writable(const QUndoCommand *command)
+{
+    return dynamic_cast<UndoStep *>(const_cast<QUndoCommand *>(command));
+}
+
+void letRest(const QUndoCommand *command)
+{
+    if (!command)
+        return;
+    if (UndoStep *step = writable(command))
+        step->rest();
+    for (int i = 0; i < command->childCount(); ++i)
+        letRest(command->child(i));
+}
 } // namespace
 
 void GUndoStack::push(std::unique_ptr<QUndoCommand> step)
 {
     const bool wasModified = isModified();
+    const int followed = index();
     if (m_startedMacros == 0)
         m_modifiedBeforeMacro = wasModified;
     for (const QString &text : std::as_const(m_waitingMacros))
@@ -28,6 +45,8 @@ void GUndoStack::push(std::unique_ptr<QUndoCommand> step)
     m_startedMacros += m_waitingMacros.size();
     m_waitingMacros.clear();
     QUndoStack::push(step.release());
+    if (index() > followed)
+        letRest(command(followed - 1));
     if (m_startedMacros == 0)
         keepSavedPlace(wasModified);
 }
@@ -44,8 +63,11 @@ void GUndoStack::endMacro()
         return;
     }
     QUndoStack::endMacro();
-    if (--m_startedMacros == 0)
-        keepSavedPlace(m_modifiedBeforeMacro);
+    if (--m_startedMacros > 0)
+        return;
+    letRest(command(index() - 1));
+    letRest(command(index() - 2));
+    keepSavedPlace(m_modifiedBeforeMacro);
 }
 
 void GUndoStack::beginHoldingMacro(const QString &text, const QVector<Observable *> &observables)
@@ -58,6 +80,12 @@ void GUndoStack::endHoldingMacro()
 {
     ChangeManager::instance().release();
     endMacro();
+}
+
+void GUndoStack::closeStep()
+{
+    if (UndoStep *step = writable(command(index() - 1)))
+        step->close();
 }
 
 bool GUndoStack::isModified() const

@@ -14,6 +14,10 @@ public:
     virtual ~UndoStep() = default;
     /// True when the step changes what a project file holds; false for selections.
     virtual bool changesDocument() const = 0;
+    /// Another step was pushed after it: it shall take little room.
+    virtual void rest() = 0;
+    /// The same, and it takes no further step up.
+    virtual void close() = 0;
 };
 
 /// The undo steps of one document. A macro starts with its first step, so that a macro in which
@@ -34,6 +38,9 @@ public:
     /// heard of once, when all values are set.
     void beginHoldingMacro(const QString &text, const QVector<Observable *> &observables);
     void endHoldingMacro();
+
+    /// Ends a gesture: the newest step takes no further one up, however it goes on from it.
+    void closeStep();
 
     /// True when a step that changes the document lies between the saved place and now.
     bool isModified() const;

@@ -2,6 +2,7 @@
 
 #include "model/properties/GUndoStack.h"
 #include "model/properties/Property.h"
+#include "model/properties/UndoValues.h"
 
 #include <QUndoCommand>
 
@@ -12,7 +13,7 @@
 /// the value before and after. The object is not owned and outlives the step.
 ///
 /// A mergeable step absorbs the next one of the same object and setter when that begins with the
-/// value with which this one ends.
+/// value with which this one ends. Large values are packed as soon as nothing is to be absorbed.
 template <class Object, class Setter, class Value>
 class GenericUndoCommand : public QUndoCommand, public UndoStep
 {
@@ -27,14 +28,18 @@ public:
         : QUndoCommand(text, parent)
         , m_object(object)
         , m_setter(setter)
-        , m_oldValue(oldValue)
-        , m_newValue(newValue)
+        , m_values(oldValue, newValue)
         , m_mergeId(mergeable ? mergeIdOf(&object) : -1)
     {
     }
 
-    void undo() override { (m_object.*m_setter)(m_oldValue); }
-    void redo() override { (m_object.*m_setter)(m_newValue); }
+    void undo() override { (m_object.*m_setter)(m_values.before(m_object)); }
+    void redo() override
+    {
+        (m_object.*m_setter)(m_values.after(m_object));
+        if (m_mergeId == -1)
+            m_values.pack();
+    }
     int id() const override { return m_mergeId; }
     bool changesDocument() const override { return std::is_base_of_v<Property, Object>; }
 
@@ -42,11 +47,17 @@ public:
     {
         const auto *next = dynamic_cast<const GenericUndoCommand *>(other);
         if (!next || &next->m_object != &m_object || next->m_setter != m_setter ||
-            !(next->m_oldValue == m_newValue))
+            !m_values.takeUp(next->m_values))
             return false;
-        m_newValue = next->m_newValue;
         setText(next->text());
         return true;
+    }
+
+    void rest() override { m_values.pack(); }
+    void close() override
+    {
+        m_mergeId = -1;
+        m_values.pack();
     }
 
 private:
@@ -59,8 +70,7 @@ private:
 
     Object &m_object;
     Setter m_setter;
-    Value m_oldValue;
-    Value m_newValue;
+    UndoValues<Value> m_values;
     int m_mergeId;
 };
 

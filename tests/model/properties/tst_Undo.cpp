@@ -1,8 +1,10 @@
 #include "model/properties/GProject.h"
-#include "model/properties/PropertyT.h"
+#include "model/properties/PropertyByteArray.h"
 #include "support/RecordingObserver.h"
 
 #include <QTest>
+
+#include <random>
 
 class TestUndo : public QObject
 {
@@ -15,6 +17,9 @@ private Q_SLOTS:
     void holdingMacroTellsOnce();
     void observersAndObservablesComeAndGo();
     void onlyDocumentStepsModify();
+    void largeBytesComeBackExactly();
+    void largeBytesAreLetGo();
+    void closedStepsTakeNothingUp();
 };
 
 namespace {
@@ -38,8 +43,33 @@ struct Document
     GUndoStack &stack = project.undoStack();
     PropertyInt number{project, QStringLiteral("number")};
     PropertyInt other{project, QStringLiteral("other")};
+    PropertyByteArray bytes{project, QStringLiteral("bytes")};
     Selection selection;
 };
+QByteArray filled(int length, quint32 word)
+{
+    QByteArray bytes(length, Qt::Uninitialized);
+    for (int i = 0; i < length; ++i)
+        bytes[i] = char(word >> (8 * (i % 4)));
+    return bytes;
+}
+
+// Some runs of words made anew: each word for itself, all alike, or as they were but for a bit.
+QByteArray edited(QByteArray bytes, std::mt19937 &random)
+{
+    auto *words = reinterpret_cast<quint32 *>(bytes.data());
+    const auto count = quint32(bytes.size()) / 4;
+    for (auto runs = random() % 40; count > 0 && runs > 0; --runs) {
+        const quint32 first = random() % count;
+        const quint32 longest = random() % 8 == 0 ? count : 200;
+        const quint32 end = std::min<quint32>(count, first + random() % longest);
+        const quint32 word = random();
+        const auto form = random() % 3;
+        for (quint32 i = first; i < end; ++i)
+            words[i] = form == 0 ? random() : form == 1 ? word : words[i] ^ (i % 3);
+    }
+    return bytes;
+}
 } // namespace
 
 void TestUndo::continuousEditsMerge()
@@ -174,6 +204,102 @@ void TestUndo::onlyDocumentStepsModify()
     stack.undo();
     document.select(5); // now the saved document can't be reached any more
     QVERIFY(stack.isModified());
+}
+
+void TestUndo::largeBytesComeBackExactly()
+{
+    std::mt19937 random(5);
+    const QVector<int> lengths{0, 1 << 10, 1 << 16, (1 << 16) + 3, (1 << 17) + 8};
+    for (int round = 0; round < 20; ++round) {
+        Document document;
+        QVector<QByteArray> history{{}};
+        int now = 0;
+        for (int action = 0; action < 60; ++action) {
+            if (now > 0 && random() % 3 == 0) {
+                document.stack.undo();
+                --now;
+            } else if (now + 1 < history.size() && random() % 2 == 0) {
+                document.stack.redo();
+                ++now;
+            } else {
+                const bool isResized = now == 0 || random() % 10 == 0;
+                const QByteArray base =
+                    isResized ? filled(lengths[int(random() % 5)], random()) : history[now];
+                const QByteArray next = edited(base, random);
+                document.bytes.setValue(next, text, false);
+                if (next == history[now])
+                    continue;
+                history.resize(++now);
+                history.append(next);
+            }
+            QCOMPARE(document.stack.index(), now);
+            QVERIFY(document.bytes.value() == history[now]);
+        }
+    }
+}
+
+// By what shares their blocks: no step keeps a whole value.
+void TestUndo::largeBytesAreLetGo()
+{
+    Document document;
+    auto &bytes = document.bytes;
+    const QByteArray first = filled(1 << 20, 7);
+    bytes.setValue(QByteArray(first.constData(), first.size()));
+    QByteArray before = bytes.value();
+    bytes.setValue(first + QByteArray(4, 'x'), text, false); // another length: kept whole
+    QVERIFY(!before.isDetached());
+    document.stack.undo();
+    document.stack.clear();
+
+    QByteArray after = before;
+    after[1000] = 'x';
+    for (const bool mergeable : {false, true}) {
+        bytes.setValue(after, text, mergeable);
+        QVERIFY(bytes.value().constData() == after.constData());
+        QCOMPARE(before.isDetached(), !mergeable);
+        {
+            const UndoMacro macro(document.stack, text);
+            document.number.setValue(mergeable ? 1 : 2, text, false);
+        }
+        QVERIFY(before.isDetached());
+        after = {};
+        QVERIFY(bytes.value().isDetached());
+        document.stack.undo();
+        document.stack.undo();
+        QVERIFY(bytes.value() == first);
+        document.stack.redo();
+        after = bytes.value();
+        QVERIFY(after.at(1000) == 'x');
+        before = first;
+        before.detach();
+        bytes.setValue(before);
+    }
+
+    // What was changed without a step is no value that the step knows.
+    for (const QByteArray &wrong : {filled(1 << 20, 9), filled(4, 7), QByteArray()}) {
+        bytes.setValue(wrong);
+        QTest::ignoreMessage(QtWarningMsg, "A value was changed without an undo step and is kept.");
+        document.stack.undo();
+        QVERIFY(bytes.value() == wrong);
+        QTest::ignoreMessage(QtWarningMsg, "A value was changed without an undo step and is kept.");
+        document.stack.redo();
+    }
+}
+
+void TestUndo::closedStepsTakeNothingUp()
+{
+    Document document;
+    document.stack.closeStep();
+    document.number.setValue(1, text);
+    document.number.setValue(2, text);
+    document.stack.closeStep();
+    document.number.setValue(3, text);
+    QCOMPARE(document.stack.count(), 2);
+    document.stack.undo();
+    document.number.setValue(4, text);
+    QCOMPARE(document.stack.count(), 2);
+    document.stack.undo();
+    QCOMPARE(document.number.value(), 2);
 }
 
 QTEST_GUILESS_MAIN(TestUndo)
