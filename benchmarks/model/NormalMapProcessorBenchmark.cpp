@@ -3,6 +3,7 @@
 #include "model/Project.h"
 #include "model/PropertyAngleImage.h"
 
+#include <array>
 #include <memory>
 
 namespace {
@@ -10,7 +11,7 @@ namespace {
 constexpr int stepLength = 4;
 constexpr QSize dab(64, 64);
 
-/// A stroke from left to right through the middle of a surface, each step shown before the next.
+/// Strokes from left to right through the middle of a surface, each step shown before the next.
 class Stroke
 {
 public:
@@ -22,6 +23,7 @@ public:
         m_body.paintedNormalMap().setAngleImage(AngleImage(side, side, 77),
                                                 QStringLiteral("paint"));
         m_processor = std::make_unique<NormalMapProcessor>(m_body);
+        m_processor->setExpectsPieces(true);
         m_processor->waitForIdle();
     }
 
@@ -29,7 +31,19 @@ public:
     {
         for (int step = 0; step < stepCount; ++step) {
             const QRect rect(QPoint(m_left + step * stepLength, m_top), dab);
-            m_processor->updateRect(m_piece, rect);
+            m_processor->updateRect(m_pieces[0], rect);
+            m_processor->waitForIdle();
+        }
+    }
+
+    /// Strokes of one dab. The undo steps are not measured here: each is stored without one.
+    void paintAndCommit()
+    {
+        for (int step = 0; step < stepCount; ++step) {
+            const QRect rect(QPoint(m_left + step * stepLength, m_top), dab);
+            m_processor->updateRect(m_pieces[step % 2], rect);
+            m_processor->waitForIdle();
+            m_body.paintedNormalMap().setValue(encode(m_processor->angleImage()));
             m_processor->waitForIdle();
         }
     }
@@ -41,7 +55,8 @@ private:
     Body m_body;
     int m_left;
     int m_top;
-    AngleImage m_piece{dab.width(), dab.height(), 1234};
+    std::array<AngleImage, 2> m_pieces{AngleImage(dab.width(), dab.height(), 1234),
+                                       AngleImage(dab.width(), dab.height(), 4321)};
     std::unique_ptr<NormalMapProcessor> m_processor;
 };
 
@@ -49,6 +64,12 @@ const bool row = addRatio("100 updateRect of 64x64, 4096x4096 / 512x512", 1.0 / 
     const auto large = std::make_shared<Stroke>(4096);
     const auto small = std::make_shared<Stroke>(512);
     return Contest{[large] { large->paint(); }, [small] { small->paint(); }};
+});
+
+const bool commitRow = addRatio("100 commits of 64x64, 4096x4096 / 512x512", 1.0 / 1.5, [] {
+    const auto large = std::make_shared<Stroke>(4096);
+    const auto small = std::make_shared<Stroke>(512);
+    return Contest{[large] { large->paintAndCommit(); }, [small] { small->paintAndCommit(); }};
 });
 
 } // namespace

@@ -155,6 +155,7 @@ void GMainWindow::rememberDocument()
 // What is still being typed counts when the focus leaves; keys and drops leave it where it is.
 void GMainWindow::finishEditing()
 {
+    finishEdits();
     const QPointer<QWidget> editor = focusWidget();
     if (!editor || !editor->hasFocus())
         return;

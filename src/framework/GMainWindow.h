@@ -51,6 +51,9 @@ public Q_SLOTS:
     bool saveAs();
 
 protected:
+    /// Called before the document is stored, replaced or asked whether it is modified: what is
+    /// being done to it by hand becomes part of it.
+    virtual void finishEdits() {}
     // Called after the user has agreed; each shows its own errors.
     virtual void createDocument() = 0;
     virtual bool loadDocument(const QString &path) = 0;

@@ -1,5 +1,6 @@
 #include "imaging/NormalMapUpdateAlgorithm.h"
 
+#include "imaging/DifferingArea.h"
 #include "imaging/MaskedPaste.h"
 #include "imaging/NormalEncoding.h"
 
@@ -31,33 +32,56 @@ QPair<AngleImage, QImage> NormalMapUpdateAlgorithm::compute(const NormalMapUpdat
 {
     const bool isFull = params.isFull();
     const QSize size = isFull ? params.image.size() : m_current.surface.size();
-    const QRegion changed = changedBy(params, size);
+    const QRect different = isFull ? differenceTo(params.image) : QRect();
+    const QRegion covered = coveredBy(params, size);
+    const QRegion changed = covered + different;
+    const bool hasTurns =
+        !isFull || (params.expectsPieces && params.image.size() == m_current.surface.size());
     if (isFull)
+        store(params.image, params.expectsPieces);
+    if (!hasTurns)
         startAnew(params.image);
     else if (!changed.isEmpty())
-        catchUp(m_behind - changed);
+        takeTurns(changed);
+    if (hasTurns && !different.isEmpty())
+        copyRegion(m_current.surface, {}, params.image, different);
 
     paste(params);
     for (const QRect &rect : changed)
         toNormalMap(m_current.surface, m_current.normals, rect);
 
-    if (isFull) {
-        m_older = {};
-        m_behind = {};
-        if (params.expectsPieces) {
-            m_current.surface = unsharedCopy(m_current.surface);
-            makeOlder();
-        }
-    } else if (!changed.isEmpty()) {
-        m_behind = changed;
-    }
+    m_painted = covered.boundingRect() | (isFull ? QRect() : m_painted);
+    m_changedArea = changed.boundingRect();
+    if (isFull && params.expectsPieces)
+        leaveDocument();
     return {m_current.surface, m_current.normals};
+}
+
+QRect NormalMapUpdateAlgorithm::differenceTo(const AngleImage &image) const
+{
+    if (image.size() != m_current.surface.size())
+        return image.rect();
+    // Pieces that were dropped: everything beside them is as it was stored.
+    const QRect within = image.sharesCellsWith(m_stored) ? m_painted : image.rect();
+    return differingArea(image, m_current.surface, within);
+}
+
+// What was committed is the shown surface itself. The block that the document held till now differs
+// from it by the pieces only, and becomes a surface of ours; it is copied when others keep it.
+void NormalMapUpdateAlgorithm::store(const AngleImage &image, bool expectsPieces)
+{
+    AngleImage former = std::exchange(m_stored, image);
+    if (!expectsPieces || !m_current.surface.sharesCellsWith(image))
+        return;
+    if (!m_painted.isEmpty())
+        copyRegion(former, {}, image, m_painted);
+    m_current.surface = former;
 }
 
 void NormalMapUpdateAlgorithm::startAnew(const AngleImage &image)
 {
-    m_stored = image;
-    m_current = std::exchange(m_older, {});
+    m_older = {};
+    m_behind = {};
     // One block of cells with the document, until a piece comes.
     m_current.surface = image;
     if (m_current.normals.size() != image.size())
@@ -70,15 +94,26 @@ void NormalMapUpdateAlgorithm::makeOlder()
 }
 
 // What is about to be written need not be brought up to date.
-void NormalMapUpdateAlgorithm::catchUp(const QRegion &region)
+void NormalMapUpdateAlgorithm::takeTurns(const QRegion &changing)
 {
     if (m_older.normals.isNull())
         makeOlder();
-    for (const QRect &rect : region) {
+    for (const QRect &rect : m_behind - changing) {
         copyRegion(m_older.surface, {}, m_current.surface, rect);
         copyPixels(m_older.normals, m_current.normals, rect);
     }
     std::swap(m_current, m_older);
+    m_behind = changing;
+}
+
+// Now, since the first step of a stroke has no time for it.
+void NormalMapUpdateAlgorithm::leaveDocument()
+{
+    for (Generation *generation : {&m_current, &m_older})
+        if (generation->surface.sharesCellsWith(m_stored))
+            generation->surface = unsharedCopy(m_stored);
+    if (m_older.normals.isNull())
+        makeOlder();
 }
 
 void NormalMapUpdateAlgorithm::paste(const NormalMapUpdateParams &params)

@@ -17,6 +17,9 @@
 /// writes, so two generations take turns: the one last handed out stays untouched, while the older
 /// one, which nobody looks at any more, catches up and takes the new pieces. A surface that nobody
 /// paints on has one generation only, whose cells are those of the document.
+///
+/// A whole surface, as after a commit or an undo, costs what differs from the one shown. No
+/// generation keeps its cells in the document's block, or the next steps of a stroke would copy it.
 class NormalMapUpdateAlgorithm
     : public SynchronousUpdateAlgorithm<NormalMapUpdateParams, QPair<AngleImage, QImage>>
 {
@@ -26,6 +29,9 @@ public:
     /// pieces that it covers go; the whole surface and the mask stay those of @p pending.
     NormalMapUpdateParams merge(const NormalMapUpdateParams &pending,
                                 const NormalMapUpdateParams &incoming) const override;
+    /// Where the last result may differ from the one before it; empty when it is the same. Read
+    /// while nothing is computed.
+    const QRect &changedArea() const { return m_changedArea; }
 
 private:
     struct Generation
@@ -34,13 +40,18 @@ private:
         QImage normals;
     };
 
+    QRect differenceTo(const AngleImage &image) const;
+    void store(const AngleImage &image, bool expectsPieces);
     void startAnew(const AngleImage &image);
     void makeOlder();
-    void catchUp(const QRegion &region);
+    void takeTurns(const QRegion &changing);
     void paste(const NormalMapUpdateParams &params);
+    void leaveDocument();
 
-    AngleImage m_stored;
+    AngleImage m_stored; ///< as last sent whole
     Generation m_current;
     Generation m_older;
     QRegion m_behind; ///< where the older generation differs from the current one
+    QRect m_painted;  ///< where the current surface differs from the stored one
+    QRect m_changedArea;
 };

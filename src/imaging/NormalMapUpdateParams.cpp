@@ -17,12 +17,10 @@ PiecePlace placeOf(const AngleImage &piece, const QRect &rect, const QSize &size
     return {target.translated(-shift), target};
 }
 
-QRegion changedBy(const NormalMapUpdateParams &params, const QSize &size)
+QRegion coveredBy(const NormalMapUpdateParams &params, const QSize &size)
 {
-    if (params.isFull())
-        return QRect(QPoint(), size);
-    QRegion changed;
+    QRegion covered;
     for (int i = 0; i < std::min(params.rects.size(), params.pieces.size()); ++i)
-        changed += placeOf(params.pieces[i], params.rects[i], size).target;
-    return changed;
+        covered += placeOf(params.pieces[i], params.rects[i], size).target;
+    return covered;
 }

@@ -39,5 +39,5 @@ struct PiecePlace
 /// of the surface's size the piece lies at the surface's own top left.
 PiecePlace placeOf(const AngleImage &piece, const QRect &rect, const QSize &size);
 
-/// The cells of a surface of @p size that @p params change.
-QRegion changedBy(const NormalMapUpdateParams &params, const QSize &size);
+/// The cells of a surface of @p size that the pieces of @p params cover.
+QRegion coveredBy(const NormalMapUpdateParams &params, const QSize &size);

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdlib>
 #include <cstring>
 #include <numbers>
 
@@ -164,6 +165,30 @@ VESPERINE_INLINE void lumaRow(const QRgb *pixels, float *heights, int count, dou
     }
 }
 
+VESPERINE_INLINE void
+compareRow(const QRgb *pixels, uchar *areSimilar, int count, QRgb color, int tolerance)
+{
+    const auto difference = [](QRgb a, QRgb b, int shift) {
+        return std::abs(int(a >> shift & 0xFFU) - int(b >> shift & 0xFFU));
+    };
+    for (int i = 0; i < count; ++i) {
+        const QRgb pixel = pixels[i];
+        const int red = difference(pixel, color, 16);
+        const int green = difference(pixel, color, 8);
+        const int blue = difference(pixel, color, 0);
+        areSimilar[i] = std::max(red, std::max(green, blue)) <= tolerance ? 1 : 0;
+    }
+}
+
+VESPERINE_INLINE void alphasOfRow(const float *weights, uchar *alphas, int count)
+{
+    for (int i = 0; i < count; ++i) {
+        const float notBelow = weights[i] > 0.0F ? weights[i] : 0.0F;
+        const float held = notBelow < 1.0F ? notBelow : 1.0F;
+        alphas[i] = uchar(int(held * 255.0F));
+    }
+}
+
 VESPERINE_INLINE void ownEdgesOfRow(
     const double *above, const double *middle, const double *below, double *distances, int count)
 {
@@ -265,6 +290,15 @@ VESPERINE_INLINE void paintRow(const Capsule2D &shared,
         {                                                                                          \
             lumaRow(pixels, heights, count, height);                                               \
         }                                                                                          \
+        __VA_ARGS__ static void                                                                    \
+        compareColors(const QRgb *pixels, uchar *areSimilar, int count, QRgb color, int tolerance) \
+        {                                                                                          \
+            compareRow(pixels, areSimilar, count, color, tolerance);                               \
+        }                                                                                          \
+        __VA_ARGS__ static void toAlphas(const float *weights, uchar *alphas, int count)           \
+        {                                                                                          \
+            alphasOfRow(weights, alphas, count);                                                   \
+        }                                                                                          \
         __VA_ARGS__ static void ownEdges(const double *above,                                      \
                                          const double *middle,                                     \
                                          const double *below,                                      \
@@ -307,6 +341,8 @@ VESPERINE_INLINE void paintRow(const Capsule2D &shared,
                                           toFloats,                                                \
                                           fromFloats,                                              \
                                           lumaHeights,                                             \
+                                          compareColors,                                           \
+                                          toAlphas,                                                \
                                           ownEdges,                                                \
                                           edgeOffers,                                              \
                                           isAnyBelow,                                              \

@@ -39,6 +39,12 @@ struct PixelLoops
     void (*fromFloats)(const float *slopes, Pixel *cells, int count);
     /// The luma of pixels, 0 to 255/256, times @p height.
     void (*lumaHeights)(const QRgb *pixels, float *heights, int count, double height);
+    /// 1 for each pixel whose red, green and blue each differ from @p color's by at most
+    /// @p tolerance, else 0.
+    void (*compareColors)(
+        const QRgb *pixels, uchar *areSimilar, int count, QRgb color, int tolerance);
+    /// Weights, held within 0 and 1, to 0…255, truncated.
+    void (*toAlphas)(const float *weights, uchar *alphas, int count);
     /// The distances to the edges in partly covered pixels of the middle row, by their coverage and
     /// its gradient. Also reads beside the first and the last.
     void (*ownEdges)(const double *above,

@@ -1,15 +1,17 @@
 #include "imaging/SelectionMasks.h"
 
 #include "imaging/Clipping.h"
-#include "imaging/FloatPainter.h"
 #include "imaging/PixelBlocks.h"
+#include "imaging/PixelLoops.h"
 
 #include <QImage>
 #include <QPainter>
 
-#include <opencv2/imgproc.hpp>
-
 #include <algorithm>
+#include <cstring>
+#include <memory>
+#include <utility>
+#include <vector>
 
 namespace {
 
@@ -20,13 +22,14 @@ bool isAny(const FloatImage &image, Test test)
     return std::any_of(first, first + qptrdiff(image.width()) * image.height(), test);
 }
 
-FloatImage mixed(const FloatImage &a, const FloatImage &b, float (*weight)(float, float))
+// Each weight w becomes weight(w, that of the other one).
+template <class Weight>
+FloatImage mixed(FloatImage image, const FloatImage &other, Weight weight)
 {
-    FloatImage result = a;
-    float *first = result.row(0);
-    std::transform(
-        first, first + qptrdiff(result.width()) * result.height(), b.row(0), first, weight);
-    return result;
+    float *first = image.row(0);
+    const qptrdiff count = qptrdiff(image.width()) * image.height();
+    std::transform(first, first + count, other.row(0), first, weight);
+    return image;
 }
 
 QImage paintedPolygon(const QPolygon &polygon, const QRect &area)
@@ -42,24 +45,107 @@ QImage paintedPolygon(const QPolygon &polygon, const QRect &area)
     return image;
 }
 
-// Weight 1 for each pixel that the polygon covers.
-FloatImage coverage(const QPolygon &polygon, const QSize &size)
+// Gives each pixel that the polygon covers the weight.
+void fillPolygon(FloatImage &selection, const QPolygon &polygon, float weight)
 {
-    FloatImage mask(size.width(), size.height());
     // In blocks, since the painter reaches neither far columns nor far rows.
     constexpr int side = 4096;
-    const QRect touched = clipped(polygon.boundingRect(), mask.rect());
+    const QRect touched = clipped(polygon.boundingRect(), selection.rect());
     forEachBlock(touched, {side, side}, [&](const QRect &block) {
         const QImage image = paintedPolygon(polygon, block);
         for (int y = 0; y < block.height(); ++y) {
             const auto *pixels = reinterpret_cast<const QRgb *>(image.constScanLine(y));
-            const auto weight = [](QRgb pixel) { return (pixel & RGB_MASK) != 0 ? 1.0F : 0.0F; };
-            std::transform(
-                pixels, pixels + block.width(), mask.row(block.top() + y) + block.left(), weight);
+            float *weights = selection.row(block.top() + y) + block.left();
+            for (int x = 0; x < block.width(); ++x)
+                weights[x] = (pixels[x] & RGB_MASK) != 0 ? weight : weights[x];
         }
     });
-    return mask;
 }
+
+// Takes the pixels that hang together, in runs: whole pieces of rows.
+class RunFill
+{
+public:
+    RunFill(const QImage &colors, const QPoint &seed, int tolerance)
+        : m_colors(colors)
+        , m_color(pixels(seed.y())[seed.x()])
+        , m_tolerance(tolerance)
+        , m_open(new uchar[std::size_t(colors.width()) * std::size_t(colors.height())])
+        , m_isKnown(std::size_t(colors.height()))
+        , m_selection(colors.width(), colors.height())
+    {
+        take(seed.x(), seed.y());
+        while (!m_waiting.empty()) {
+            const Run run = m_waiting.back();
+            m_waiting.pop_back();
+            takeBeside(run, run.y - 1);
+            takeBeside(run, run.y + 1);
+        }
+    }
+
+    const FloatImage &selection() const { return m_selection; }
+
+private:
+    struct Run
+    {
+        int y;
+        int begin;
+        int end;
+    };
+
+    const QRgb *pixels(int y) const
+    {
+        return reinterpret_cast<const QRgb *>(m_colors.constScanLine(y));
+    }
+
+    // 1 where a pixel is similar and not taken yet. A row is compared when it is first reached.
+    uchar *open(int y)
+    {
+        const int width = m_colors.width();
+        uchar *row = m_open.get() + qptrdiff(y) * width;
+        if (!m_isKnown[std::size_t(y)])
+            fastestPixelLoops().compareColors(pixels(y), row, width, m_color, m_tolerance);
+        m_isKnown[std::size_t(y)] = true;
+        return row;
+    }
+
+    static int find(const uchar *row, int begin, int end, int value)
+    {
+        const void *found = std::memchr(row + begin, value, std::size_t(end - begin));
+        return found ? int(static_cast<const uchar *>(found) - row) : end;
+    }
+
+    // The run that an open pixel is in; returns its end.
+    int take(int x, int y)
+    {
+        uchar *row = open(y);
+        int begin = x;
+        while (begin > 0 && row[begin - 1] != 0)
+            --begin;
+        const int end = find(row, x, m_colors.width(), 0);
+        std::fill(row + begin, row + end, uchar(0));
+        std::fill(m_selection.row(y) + begin, m_selection.row(y) + end, 1.0F);
+        m_waiting.push_back({y, begin, end});
+        return end;
+    }
+
+    void takeBeside(const Run &run, int y)
+    {
+        if (y < 0 || y >= m_colors.height())
+            return;
+        const uchar *row = open(y);
+        for (int x = run.begin; (x = find(row, x, run.end, 1)) < run.end;)
+            x = std::min(take(x, y), run.end);
+    }
+
+    QImage m_colors;
+    QRgb m_color;
+    int m_tolerance;
+    std::unique_ptr<uchar[]> m_open;
+    std::vector<bool> m_isKnown;
+    std::vector<Run> m_waiting;
+    FloatImage m_selection;
+};
 
 } // namespace
 
@@ -80,42 +166,19 @@ FloatImage fullSelection(const QSize &size)
 
 QImage fillColors(const QImage &texture)
 {
-    if (texture.format() == QImage::Format_RGB888)
-        return texture;
-    // As they are stored, also below alpha; the fill refuses a fourth channel.
-    return texture.convertToFormat(QImage::Format_ARGB32).convertToFormat(QImage::Format_RGB888);
+    const bool isPlain =
+        texture.format() == QImage::Format_ARGB32 || texture.format() == QImage::Format_RGB32;
+    return isPlain ? texture : texture.convertToFormat(QImage::Format_ARGB32);
 }
 
 FloatImage colorFill(const QImage &texture, const QPoint &seed, int tolerance)
 {
-    FloatImage selection(texture.width(), texture.height());
-    if (!selection.rect().contains(seed))
+    if (!texture.rect().contains(seed))
         return {};
-    const QImage colors = fillColors(texture);
-    // Only the mask is written.
-    cv::Mat pixels(colors.height(),
-                   colors.width(),
-                   CV_8UC3,
-                   const_cast<uchar *>(colors.constBits()),
-                   size_t(colors.bytesPerLine()));
-    cv::Mat filled(pixels.rows + 2, pixels.cols + 2, CV_8UC1, cv::Scalar(0));
-    constexpr int connectivity = 4;
-    constexpr int mark = 1 << 8;
-    cv::floodFill(pixels,
-                  filled,
-                  {seed.x(), seed.y()},
-                  {},
-                  nullptr,
-                  cv::Scalar::all(std::clamp(tolerance, 0, 255)),
-                  cv::Scalar::all(std::clamp(tolerance, 0, 255)),
-                  connectivity | mark | cv::FLOODFILL_FIXED_RANGE | cv::FLOODFILL_MASK_ONLY);
-    // The fill's mask has a border of its own, one pixel wide.
-    const cv::Mat inside = filled(cv::Rect(1, 1, pixels.cols, pixels.rows));
-    inside.convertTo(cv::Mat(pixels.rows, pixels.cols, CV_32FC1, selection.row(0)), CV_32F);
-    return selection;
+    return RunFill(fillColors(texture), seed, std::clamp(tolerance, 0, 255)).selection();
 }
 
-FloatImage combined(const FloatImage &selection, const FloatImage &mask, SelectionMode mode)
+FloatImage combined(const FloatImage &selection, FloatImage mask, SelectionMode mode)
 {
     if (mode == SelectionMode::Replace)
         return withoutEmpty(mask);
@@ -124,9 +187,11 @@ FloatImage combined(const FloatImage &selection, const FloatImage &mask, Selecti
     const bool isAdding = mode == SelectionMode::Add;
     if (selection.size() != mask.size())
         return isAdding ? withoutEmpty(mask) : FloatImage();
-    const auto larger = [](float old, float weight) { return std::max(old, weight); };
-    const auto left = [](float old, float weight) { return std::min(old, 1.0F - weight); };
-    return withoutEmpty(isAdding ? mixed(selection, mask, larger) : mixed(selection, mask, left));
+    const auto larger = [](float weight, float old) { return std::max(old, weight); };
+    const auto left = [](float weight, float old) { return std::min(old, 1.0F - weight); };
+    mask = isAdding ? mixed(std::move(mask), selection, larger)
+                    : mixed(std::move(mask), selection, left);
+    return withoutEmpty(mask);
 }
 
 FloatImage combinedWithPolygon(const FloatImage &selection,
@@ -138,16 +203,16 @@ FloatImage combinedWithPolygon(const FloatImage &selection,
         selection.size() == size ? selection : FloatImage(size.width(), size.height());
     if (result.isNull())
         return {};
-    FloatPainter weights(result);
-    weights.setMask(coverage(polygon, size));
-    weights.fill(subtract ? 0.0F : 1.0F);
+    fillPolygon(result, polygon, subtract ? 0.0F : 1.0F);
     return withoutEmpty(result);
 }
 
-FloatImage inverted(const FloatImage &selection)
+FloatImage inverted(FloatImage selection)
 {
     if (!isAny(selection, [](float weight) { return weight != 1.0F; }))
         return {};
-    const FloatImage full = fullSelection(selection.size());
-    return mixed(full, selection, [](float one, float weight) { return one - weight; });
+    float *first = selection.row(0);
+    const qptrdiff count = qptrdiff(selection.width()) * selection.height();
+    std::transform(first, first + count, first, [](float weight) { return 1.0F - weight; });
+    return selection;
 }

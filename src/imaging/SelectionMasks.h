@@ -22,8 +22,8 @@ FloatImage withoutEmpty(const FloatImage &selection);
 /// Each pixel with weight 1.
 FloatImage fullSelection(const QSize &size);
 
-/// The colours of @p texture as colorFill() reads them, without alpha: who fills again and again,
-/// as while the pointer is dragged, makes them once and passes them as the texture.
+/// The colours of @p texture as colorFill() reads them, in 32 bits: who fills again and again, as
+/// while the pointer is dragged, makes them once and passes them as the texture.
 QImage fillColors(const QImage &texture);
 
 /// Weight 1 for each pixel that hangs together with @p seed, by its four sides, over pixels that
@@ -33,7 +33,8 @@ FloatImage colorFill(const QImage &texture, const QPoint &seed, int tolerance);
 
 /// Replace: @p mask. Add: the larger weight of each pixel. Subtract: the smaller one of the old
 /// weight and what the mask leaves, 1 − m. A null @p mask adds and takes nothing.
-FloatImage combined(const FloatImage &selection, const FloatImage &mask, SelectionMode mode);
+/// Computed in the mask's own cells when it is handed over.
+FloatImage combined(const FloatImage &selection, FloatImage mask, SelectionMode mode);
 
 /// Gives the pixels of a sprite of @p size that @p polygon covers (odd-even, by their centres) the
 /// weight 1, or 0 when subtracting; the others keep theirs.
@@ -43,4 +44,4 @@ FloatImage combinedWithPolygon(const FloatImage &selection,
                                bool subtract);
 
 /// 1 − v for each weight v. Nothing and everything selected both give the null image.
-FloatImage inverted(const FloatImage &selection);
+FloatImage inverted(FloatImage selection);

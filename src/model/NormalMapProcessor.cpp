@@ -26,8 +26,25 @@ NormalMapProcessor::NormalMapProcessor(Body &body)
 
 NormalMapProcessor::~NormalMapProcessor() = default;
 
+// A commit's update starts once the commit is over: then nobody keeps the surface that the document
+// held before, whose block is taken over instead of a copy of everything.
+void NormalMapProcessor::scheduleUpdate()
+{
+    if (m_isScheduled)
+        return;
+    m_isScheduled = true;
+    QMetaObject::invokeMethod(this, &NormalMapProcessor::updateScheduled, Qt::QueuedConnection);
+}
+
+void NormalMapProcessor::updateScheduled()
+{
+    if (m_isScheduled)
+        updateAll();
+}
+
 void NormalMapProcessor::updateAll()
 {
+    m_isScheduled = false;
     NormalMapUpdateParams params;
     params.image = m_body.surface();
     // For the pieces that may be merged into this request while it waits.
@@ -42,6 +59,7 @@ void NormalMapProcessor::updateRect(const AngleImage &piece, const QRect &rect)
     const QRect area = rect.isNull() ? piece.rect() : rect;
     if (piece.isNull() || area.isEmpty())
         return;
+    updateScheduled();
     m_thread->requestUpdate({{}, {piece}, {area}, m_mask});
 }
 
@@ -61,6 +79,7 @@ void NormalMapProcessor::setExpectsPieces(bool expectsPieces)
 
 void NormalMapProcessor::waitForIdle()
 {
+    updateScheduled();
     m_thread->waitForIdle();
 }
 
@@ -72,13 +91,16 @@ void NormalMapProcessor::observableChanged(Observable &observable)
         return;
     if (isSprite && m_body.sprite().image().size() == m_requestedSize)
         return;
-    updateAll();
+    scheduleUpdate();
 }
 
 void NormalMapProcessor::normalMapUpdateFinished()
 {
+    if (m_thread->isBusy())
+        return;
     m_angleImage = m_thread->result().first;
     m_normalMap = m_thread->result().second;
-    m_changedArea = changedBy(m_thread->finishedParams(), m_normalMap.size()).boundingRect();
+    // The next task starts when the signal below has returned.
+    m_changedArea = m_algorithm->changedArea();
     Q_EMIT normalMapChanged(m_normalMap);
 }

@@ -34,8 +34,8 @@ public:
     const QImage &normalMap() const { return m_normalMap; }
     /// The surface that the normal map was computed from; null before the first.
     const AngleImage &angleImage() const { return m_angleImage; }
-    /// What the last update may have changed in the normal map, clipped to it; all of it after a
-    /// full update, nothing before the first.
+    /// Where the last update may have changed the normal map: empty when nowhere, all of it when it
+    /// has a new size.
     const QRect &changedArea() const { return m_changedArea; }
 
     /// Computes the body's surface anew; what was painted on it and not committed goes.
@@ -62,6 +62,9 @@ Q_SIGNALS:
     void normalMapChanged(const QImage &normals);
 
 private:
+    void scheduleUpdate();
+    void updateScheduled();
+
     Body &m_body;
     FloatImage m_mask;
     QImage m_normalMap;
@@ -69,6 +72,7 @@ private:
     QRect m_changedArea;
     QSize m_requestedSize;
     bool m_expectsPieces = false;
+    bool m_isScheduled = false;
     Observation m_surfaceObservation;
     Observation m_spriteObservation;
     // Destroyed from the last to the first: the thread waits for a task that uses the algorithm.

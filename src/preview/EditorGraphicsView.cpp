@@ -1,19 +1,15 @@
 #include "preview/EditorGraphicsView.h"
 
 #include "preview/EditorScene.h"
+#include "preview/PenInput.h"
+#include "preview/ViewKeys.h"
 
-#include <QAbstractSpinBox>
-#include <QApplication>
-#include <QComboBox>
+#include <QCoreApplication>
 #include <QGestureEvent>
-#include <QKeyEvent>
-#include <QKeySequenceEdit>
-#include <QLineEdit>
 #include <QMouseEvent>
 #include <QPinchGesture>
-#include <QPlainTextEdit>
 #include <QScrollBar>
-#include <QTextEdit>
+#include <QTabletEvent>
 #include <QWheelEvent>
 
 #include <cmath>
@@ -30,47 +26,28 @@ QPointF middle(const QSize &size)
     return {size.width() / 2.0, size.height() / 2.0};
 }
 
-bool takesText(const QWidget *widget)
+// Some platforms turn the wheel's axis while Alt is held, and Shift does it on others.
+double notchesOf(const QWheelEvent &event)
 {
-    if (const auto *box = qobject_cast<const QComboBox *>(widget))
-        return box->isEditable();
-    return qobject_cast<const QLineEdit *>(widget) || qobject_cast<const QTextEdit *>(widget) ||
-           qobject_cast<const QPlainTextEdit *>(widget) ||
-           qobject_cast<const QAbstractSpinBox *>(widget) ||
-           qobject_cast<const QKeySequenceEdit *>(widget);
+    const QPoint angle = event.angleDelta();
+    return double(angle.y() ? angle.y() : angle.x()) / angleOfNotch;
 }
 
-bool isSpace(const QEvent &event)
+/// After these the release of a button may go elsewhere.
+bool losesGesture(QEvent::Type type)
 {
-    const bool isKey = event.type() == QEvent::KeyPress || event.type() == QEvent::KeyRelease;
-    return isKey && static_cast<const QKeyEvent &>(event).key() == Qt::Key_Space;
+    return type == QEvent::WindowDeactivate || type == QEvent::WindowBlocked ||
+           type == QEvent::FocusOut || type == QEvent::Hide || type == QEvent::UngrabMouse;
 }
 } // namespace
 
-/// Hears Space before the widget that has the focus, so that a list or a button doesn't act on it.
-class EditorGraphicsView::SpaceFilter : public QObject
-{
-public:
-    explicit SpaceFilter(EditorGraphicsView &view)
-        : QObject(&view)
-        , m_view(view)
-    {
-        qApp->installEventFilter(this);
-    }
-
-    bool eventFilter(QObject * /*watched*/, QEvent *event) override
-    {
-        return isSpace(*event) && m_view.handleSpace(*event);
-    }
-
-private:
-    EditorGraphicsView &m_view;
-};
-
 EditorGraphicsView::EditorGraphicsView(QWidget *parent)
     : QGraphicsView(parent)
+    , m_pen(std::make_unique<PenInput>(*this))
+    , m_keys(std::make_unique<ViewKeys>(*this, *m_pen))
 {
-    new SpaceFilter(*this);
+    connect(m_pen.get(), &PenInput::left, this, &EditorGraphicsView::penLeft);
+    connect(m_keys.get(), &ViewKeys::spaceHeldChanged, this, &EditorGraphicsView::updateHeld);
     setTransformationAnchor(NoAnchor);
     setResizeAnchor(NoAnchor);
     // The content has room on all sides: bars would only tell how much of nothing there is.
@@ -78,7 +55,11 @@ EditorGraphicsView::EditorGraphicsView(QWidget *parent)
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setLayoutDirection(Qt::LeftToRight);
     setMouseTracking(true);
+    // The right button may be the tool's.
+    setContextMenuPolicy(Qt::PreventContextMenu);
 }
+
+EditorGraphicsView::~EditorGraphicsView() = default;
 
 void EditorGraphicsView::setEditorScene(EditorScene *scene)
 {
@@ -193,7 +174,7 @@ void EditorGraphicsView::updatePointer()
 {
     if (m_panButton != Qt::NoButton)
         viewport()->setCursor(Qt::ClosedHandCursor);
-    else if (m_isHeld)
+    else if (m_keys->isSpaceHeld())
         viewport()->setCursor(Qt::OpenHandCursor);
     else if (m_scene)
         viewport()->setCursor(m_scene->pointer());
@@ -223,15 +204,15 @@ void EditorGraphicsView::showEvent(QShowEvent *event)
 
 void EditorGraphicsView::wheelEvent(QWheelEvent *event)
 {
+    const double notches = notchesOf(*event);
     if (event->modifiers() & Qt::ControlModifier) {
-        event->ignore();
+        // A touchpad also tells when it begins and ends.
+        const bool isTaken = m_scene && notches != 0.0;
+        event->setAccepted(isTaken && m_scene->turnWheel(notches, event->modifiers()));
         return;
     }
     event->accept();
     if (event->modifiers() & Qt::AltModifier) {
-        // Some platforms turn the wheel's axis while Alt is held.
-        const QPoint angle = event->angleDelta();
-        const double notches = double(angle.y() ? angle.y() : angle.x()) / angleOfNotch;
         zoomAround(event->position(), zoom() * std::exp2(notches / notchesToDouble));
         return;
     }
@@ -242,8 +223,8 @@ void EditorGraphicsView::wheelEvent(QWheelEvent *event)
 
 bool EditorGraphicsView::startPan(QMouseEvent &event)
 {
-    const bool isPanButton =
-        event.button() == Qt::MiddleButton || (m_isHeld && event.button() == Qt::LeftButton);
+    const bool isPanButton = event.button() == Qt::MiddleButton ||
+                             (m_keys->isSpaceHeld() && event.button() == Qt::LeftButton);
     // Not in the middle of a stroke.
     const bool isStart = isPanButton && event.buttons() == event.button();
     if (m_panButton == Qt::NoButton && isStart) {
@@ -251,43 +232,122 @@ bool EditorGraphicsView::startPan(QMouseEvent &event)
         m_panFrom = event.pos();
         updatePointer();
     }
-    const bool isTaken = m_isHeld || m_panButton != Qt::NoButton;
+    const bool isTaken = m_keys->isSpaceHeld() || m_panButton != Qt::NoButton;
     event.setAccepted(isTaken);
     return isTaken;
 }
 
 void EditorGraphicsView::mousePressEvent(QMouseEvent *event)
 {
-    if (!startPan(*event))
-        QGraphicsView::mousePressEvent(event);
+    if (takeMouse(*event))
+        press(*event);
 }
 
 void EditorGraphicsView::mouseDoubleClickEvent(QMouseEvent *event)
 {
-    if (!startPan(*event))
-        QGraphicsView::mouseDoubleClickEvent(event);
+    if (takeMouse(*event))
+        press(*event);
 }
 
 void EditorGraphicsView::mouseMoveEvent(QMouseEvent *event)
 {
-    if (m_panButton != Qt::NoButton) {
-        // The toolkit would tell of the place where the pointer was before.
-        setInteractive(false);
-        panBy(event->pos() - m_panFrom);
-        setInteractive(true);
-        m_panFrom = event->pos();
-    }
-    QGraphicsView::mouseMoveEvent(event);
+    if (takeMouse(*event))
+        move(*event);
 }
 
 void EditorGraphicsView::mouseReleaseEvent(QMouseEvent *event)
 {
-    if (m_panButton == Qt::NoButton || event->button() != m_panButton) {
-        QGraphicsView::mouseReleaseEvent(event);
+    if (takeMouse(*event))
+        release(*event);
+}
+
+void EditorGraphicsView::press(QMouseEvent &event)
+{
+    if (startPan(event))
+        return;
+    if (event.type() == QEvent::MouseButtonDblClick)
+        QGraphicsView::mouseDoubleClickEvent(&event);
+    else
+        QGraphicsView::mousePressEvent(&event);
+}
+
+void EditorGraphicsView::move(QMouseEvent &event)
+{
+    if (m_panButton != Qt::NoButton) {
+        // The toolkit would tell of the place where the pointer was before.
+        setInteractive(false);
+        panBy(event.pos() - m_panFrom);
+        setInteractive(true);
+        m_panFrom = event.pos();
+    }
+    QGraphicsView::mouseMoveEvent(&event);
+}
+
+void EditorGraphicsView::release(QMouseEvent &event)
+{
+    if (m_panButton == Qt::NoButton || event.button() != m_panButton) {
+        QGraphicsView::mouseReleaseEvent(&event);
         return;
     }
     m_panButton = Qt::NoButton;
     updatePointer();
+}
+
+bool EditorGraphicsView::takeMouse(const QMouseEvent &event)
+{
+    if (m_pen->isEcho(event))
+        return false;
+    m_pen->leave();
+    if (m_scene)
+        m_scene->setPen({});
+    return true;
+}
+
+void EditorGraphicsView::takePen(QTabletEvent &event)
+{
+    // Or it would come again as a mouse event.
+    event.accept();
+    QMouseEvent mouse = m_pen->mouseEvent(event);
+    const QPointF offset = (event.posF() - QPointF(mouse.pos())) / zoom();
+    const bool isEraser = event.pointerType() == QTabletEvent::Eraser;
+    if (m_scene)
+        m_scene->setPen({offset, event.pressure(), isEraser});
+    if (mouse.type() == QEvent::MouseMove)
+        return move(mouse);
+    if (mouse.type() == QEvent::MouseButtonRelease)
+        return release(mouse);
+    // Of a mouse the toolkit does this.
+    setFocus(Qt::MouseFocusReason);
+    press(mouse);
+}
+
+void EditorGraphicsView::penLeft()
+{
+    QEvent leave(QEvent::Leave);
+    if (m_scene)
+        QCoreApplication::sendEvent(m_scene, &leave);
+}
+
+void EditorGraphicsView::loseGesture()
+{
+    m_pen->lift();
+    m_panButton = Qt::NoButton;
+    if (m_scene)
+        m_scene->finishGesture();
+    updatePointer();
+}
+
+bool EditorGraphicsView::viewportEvent(QEvent *event)
+{
+    const QEvent::Type type = event->type();
+    if (type == QEvent::TabletPress || type == QEvent::TabletMove ||
+        type == QEvent::TabletRelease) {
+        takePen(static_cast<QTabletEvent &>(*event));
+        return true;
+    }
+    if (losesGesture(type))
+        loseGesture();
+    return QGraphicsView::viewportEvent(event);
 }
 
 bool EditorGraphicsView::event(QEvent *event)
@@ -297,7 +357,9 @@ bool EditorGraphicsView::event(QEvent *event)
         return true;
     }
     if (event->type() == QEvent::WindowDeactivate)
-        setHeld(false);
+        m_keys->letSpaceGo();
+    if (losesGesture(event->type()))
+        loseGesture();
     return QGraphicsView::event(event);
 }
 
@@ -313,31 +375,9 @@ void EditorGraphicsView::pinch(const QGestureEvent &event)
                    zoom() * gesture->scaleFactor());
 }
 
-bool EditorGraphicsView::handleSpace(const QEvent &event)
+void EditorGraphicsView::updateHeld()
 {
-    const bool repeats = static_cast<const QKeyEvent &>(event).isAutoRepeat();
-    if (m_isHeld && event.type() == QEvent::KeyRelease && !repeats) {
-        setHeld(false);
-        return true;
-    }
-    if (m_isHeld || event.type() == QEvent::KeyRelease || repeats || !mayHoldToPan())
-        return m_isHeld;
-    setHeld(true);
-    return true;
-}
-
-bool EditorGraphicsView::mayHoldToPan() const
-{
-    return viewport()->underMouse() && !QApplication::activeModalWidget() &&
-           !QApplication::activePopupWidget() && !takesText(QApplication::focusWidget());
-}
-
-void EditorGraphicsView::setHeld(bool isHeld)
-{
-    if (isHeld == m_isHeld)
-        return;
-    m_isHeld = isHeld;
     if (m_scene)
-        m_scene->setViewOnly(isHeld);
+        m_scene->setViewOnly(m_keys->isSpaceHeld());
     updatePointer();
 }

@@ -4,13 +4,17 @@
 #include <QPointer>
 
 #include <functional>
+#include <memory>
 #include <optional>
 
 class EditorScene;
+class PenInput;
 class QGestureEvent;
+class ViewKeys;
 
 /// A view with continuous zoom and panning: middle button, Space and drag, wheel, Alt and wheel,
-/// two fingers. Zooming keeps the pixel under the pointer, resizing what is in the middle.
+/// two fingers. Zooming keeps the pixel under the pointer, resizing what is in the middle. A pen
+/// does what a mouse does, and tells the scene of its pressure.
 class EditorGraphicsView : public QGraphicsView
 {
     Q_OBJECT
@@ -20,6 +24,7 @@ public:
     static constexpr double maximumZoom = 64.0;
 
     explicit EditorGraphicsView(QWidget *parent = nullptr);
+    ~EditorGraphicsView() override;
 
     /// 1 shows a scene pixel as one logical pixel of the screen.
     double zoom() const { return transform().m11(); }
@@ -37,6 +42,7 @@ Q_SIGNALS:
 
 protected:
     bool event(QEvent *event) override;
+    bool viewportEvent(QEvent *event) override;
     void wheelEvent(QWheelEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;
@@ -47,8 +53,6 @@ protected:
     void scrollContentsBy(int dx, int dy) override;
 
 private:
-    class SpaceFilter;
-
     /// A point of the scene that was put at a point of the view. While neither pointer nor scroll
     /// bars move it is known exactly, and zooming back and forth does not drift.
     struct Anchor
@@ -69,10 +73,15 @@ private:
     void updateReach();
     void updatePointer();
 
-    bool mayHoldToPan() const;
-    bool handleSpace(const QEvent &event);
-    void setHeld(bool isHeld);
+    void updateHeld();
     bool startPan(QMouseEvent &event);
+    void press(QMouseEvent &event);
+    void move(QMouseEvent &event);
+    void release(QMouseEvent &event);
+    bool takeMouse(const QMouseEvent &event);
+    void takePen(QTabletEvent &event);
+    void penLeft();
+    void loseGesture();
     void pinch(const QGestureEvent &event);
 
     QPointer<EditorScene> m_scene;
@@ -80,5 +89,6 @@ private:
     QRectF m_pendingFit;
     Qt::MouseButton m_panButton = Qt::NoButton;
     QPoint m_panFrom;
-    bool m_isHeld = false;
+    std::unique_ptr<PenInput> m_pen;
+    std::unique_ptr<ViewKeys> m_keys;
 };

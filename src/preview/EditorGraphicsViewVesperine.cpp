@@ -42,6 +42,7 @@ EditorGraphicsViewVesperine::EditorGraphicsViewVesperine(QWidget *parent)
     setViewportUpdateMode(NoViewportUpdate);
     viewport()->setAttribute(Qt::WA_AcceptTouchEvents);
     viewport()->setMouseTracking(true);
+    viewport()->setTabletTracking(true);
     setDragMode(RubberBandDrag);
     grabGesture(Qt::PinchGesture);
     connect(this, &QGraphicsView::rubberBandChanged, viewport(), qOverload<>(&QWidget::update));

@@ -3,6 +3,14 @@
 #include <QCursor>
 #include <QGraphicsScene>
 
+/// What a pen tells besides what a mouse does.
+struct PenTouch
+{
+    QPointF offset; ///< in scene pixels, from the mouse event's whole pixel to the exact place
+    double pressure = 1.0; ///< 0 to 1; a mouse presses fully
+    bool isEraser = false;
+};
+
 /// What every editor's scene has, whatever it draws: the zoom at which it is seen and the pointer
 /// over it. Its scene rectangle is its content; views let the user go beyond.
 class EditorScene : public QGraphicsScene
@@ -17,6 +25,18 @@ public:
     virtual void setDisplayScaleFactor(float factor) { m_displayScaleFactor = factor; }
     /// Only looking, while the user holds the key that pans.
     virtual void setViewOnly(bool isViewOnly) { Q_UNUSED(isViewOnly) }
+
+    /// What the mouse events that follow are made of; the default for a mouse.
+    virtual void setPen(const PenTouch &touch) { Q_UNUSED(touch) }
+    /// Ends what the mouse is doing where it is, since its release will not be heard.
+    virtual void finishGesture() {}
+    /// The wheel turned with Control held. False when that means nothing here.
+    virtual bool turnWheel(double notches, Qt::KeyboardModifiers modifiers)
+    {
+        Q_UNUSED(notches)
+        Q_UNUSED(modifiers)
+        return false;
+    }
 
     /// The mouse pointer of all views while they don't pan.
     const QCursor &pointer() const { return m_pointer; }

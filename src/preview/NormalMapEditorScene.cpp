@@ -24,7 +24,6 @@
 namespace {
 constexpr double lightShare = 0.125; // of the sprites' sides, from their upper left
 constexpr QRectF emptyContent(-256.0, -256.0, 512.0, 512.0);
-
 } // namespace
 
 NormalMapEditorScene::NormalMapEditorScene(ItemSelectionModel &bodies,
@@ -254,6 +253,25 @@ void NormalMapEditorScene::setViewOnly(bool isViewOnly)
 InteractionMode NormalMapEditorScene::interactionMode() const
 {
     return m_isViewOnly ? InteractionMode::ViewOnly : m_routing->mode();
+}
+
+void NormalMapEditorScene::setPen(const PenTouch &touch)
+{
+    m_routing->setPen(touch);
+}
+
+void NormalMapEditorScene::finishGesture()
+{
+    m_routing->finishGesture();
+    if (!m_selection->isPressed())
+        return;
+    m_selection->cancel();
+    updateContent();
+}
+
+bool NormalMapEditorScene::turnWheel(double notches, Qt::KeyboardModifiers modifiers)
+{
+    return !m_isViewOnly && m_routing->turnWheel(notches, modifiers);
 }
 
 void NormalMapEditorScene::setToolCursor(const ScalableToolCursor &cursor)

@@ -57,6 +57,10 @@ public:
     /// Only looking, while Space is held: overrides what the tool asked for.
     void setViewOnly(bool isViewOnly) override;
     InteractionMode interactionMode() const;
+    void setPen(const PenTouch &touch) override;
+    /// A stroke becomes its undo step.
+    void finishGesture() override;
+    bool turnWheel(double notches, Qt::KeyboardModifiers modifiers) override;
 
     void setDisplayMode(DisplayMode mode) override;
     void setAutoRotateLight(bool isOn);

@@ -1,5 +1,6 @@
 #include "preview/SpriteItem.h"
 
+#include "imaging/PixelLoops.h"
 #include "model/Body.h"
 #include "model/NormalMapProcessor.h"
 #include "model/Sprite.h"
@@ -12,12 +13,8 @@ QImage selectionImage(const FloatImage &selection)
     if (selection.isNull())
         return {};
     QImage image(selection.size(), QImage::Format_Alpha8);
-    for (int y = 0; y < selection.height(); ++y) {
-        const float *weights = selection.row(y);
-        uchar *alpha = image.scanLine(y);
-        for (int x = 0; x < selection.width(); ++x)
-            alpha[x] = uchar(qBound(0.0F, weights[x], 1.0F) * 255.0F);
-    }
+    for (int y = 0; y < selection.height(); ++y)
+        fastestPixelLoops().toAlphas(selection.row(y), image.scanLine(y), selection.width());
     return image;
 }
 

@@ -3,6 +3,7 @@
 #include "preview/BorrowedContext.h"
 
 #include <QOpenGLFunctions>
+#include <QOpenGLPixelTransferOptions>
 #include <QOpenGLTexture>
 
 namespace {
@@ -25,19 +26,33 @@ QImage fitting(const QImage &image)
     return image.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
 }
 
+// Alpha alone is uploaded as it is.
+bool isAlpha(const QImage &image)
+{
+    return image.format() == QImage::Format_Alpha8;
+}
+
+QOpenGLTexture::PixelFormat pixelFormat(const QImage &image)
+{
+    return isAlpha(image) ? QOpenGLTexture::Alpha : QOpenGLTexture::RGBA;
+}
+
 void setPixels(QOpenGLTexture &texture, const QImage &image, const QPoint &place)
 {
-    // Rows of four bytes a pixel have no gaps.
-    const QImage pixels = image.convertToFormat(QImage::Format_RGBA8888);
+    // Rows begin at multiples of four bytes, whatever was drawn before.
+    QOpenGLPixelTransferOptions rows;
+    rows.setAlignment(4);
+    const QImage pixels = isAlpha(image) ? image : image.convertToFormat(QImage::Format_RGBA8888);
     texture.setData(place.x(),
                     place.y(),
                     0,
                     pixels.width(),
                     pixels.height(),
                     1,
-                    QOpenGLTexture::RGBA,
+                    pixelFormat(image),
                     QOpenGLTexture::UInt8,
-                    pixels.constBits());
+                    pixels.constBits(),
+                    &rows);
 }
 
 } // namespace
@@ -53,7 +68,7 @@ void SpriteTexture::setImage(const QImage &image, const QRect &changed)
 {
     const bool isWhole = changed.isNull() || image.size() != m_image.size();
     m_changed |= isWhole ? image.rect() : changed & image.rect();
-    if (image.size() != m_image.size())
+    if (image.size() != m_image.size() || isAlpha(image) != isAlpha(m_image))
         release();
     m_image = image;
 }
@@ -99,12 +114,12 @@ void SpriteTexture::create(const QImage &shown)
     const QOpenGLContext &context = *m_context->context();
     const bool hasSizedFormats = !context.isOpenGLES() || context.format().majorVersion() > 2;
     m_texture = std::make_unique<QOpenGLTexture>(QOpenGLTexture::Target2D);
-    m_texture->setFormat(hasSizedFormats ? QOpenGLTexture::RGBA8_UNorm
-                                         : QOpenGLTexture::RGBAFormat);
+    const auto colors = hasSizedFormats ? QOpenGLTexture::RGBA8_UNorm : QOpenGLTexture::RGBAFormat;
+    m_texture->setFormat(isAlpha(shown) ? QOpenGLTexture::AlphaFormat : colors);
     m_texture->setSize(shown.width(), shown.height());
     m_texture->setMipLevels(1);
     m_texture->setAutoMipMapGenerationEnabled(false);
-    m_texture->allocateStorage(QOpenGLTexture::RGBA, QOpenGLTexture::UInt8);
+    m_texture->allocateStorage(pixelFormat(shown), QOpenGLTexture::UInt8);
     // Sprite pixels stay sharp squares.
     m_texture->setMinMagFilters(QOpenGLTexture::Linear, QOpenGLTexture::Nearest);
     m_texture->setWrapMode(QOpenGLTexture::MirroredRepeat);

@@ -5,6 +5,7 @@
 #include "model/PixelSelectionModel.h"
 #include "model/PropertyAngleImage.h"
 #include "model/Sprite.h"
+#include "model/properties/GUndoStack.h"
 #include "preview/SpriteItem.h"
 #include "tools/PaintTool.h"
 
@@ -15,6 +16,13 @@
 
 namespace {
 constexpr double overlayZ = 950.0; // above the sprites' frames, below the light
+
+// Of the surface, which need not be made for it.
+QSize sizeOf(const Body &body)
+{
+    const QSize painted = body.paintedSize();
+    return painted.isEmpty() ? body.sprite().image().size() : painted;
+}
 } // namespace
 
 ToolRouting::ToolRouting(QGraphicsScene &scene, PixelSelectionModel &pixels, QObject *parent)
@@ -62,10 +70,13 @@ void ToolRouting::setTarget(SpriteItem *target)
     deactivate();
     m_surfaceObservation = {};
     m_spriteObservation = {};
+    disconnect(m_stackConnection);
     m_target = target;
     if (target) {
         m_surfaceObservation = ChangeManager::instance().observe(body().paintedNormalMap(), *this);
         m_spriteObservation = ChangeManager::instance().observe(body().sprite(), *this);
+        m_stackConnection = connect(
+            &body().undoStack(), &GUndoStack::aboutToPush, this, &ToolRouting::prepareForPush);
     }
     activate();
 }
@@ -91,14 +102,15 @@ void ToolRouting::activate()
 
 void ToolRouting::deactivate()
 {
-    m_isPressed = false;
+    finishGesture();
     if (!m_isActive)
         return;
-    m_isActive = false;
     if (m_overlay)
         m_scene.removeItem(m_overlay);
     m_overlay = nullptr;
+    // It may still commit.
     m_tool->deactivate();
+    m_isActive = false;
     dropPieces();
     Q_EMIT stateChanged();
 }
@@ -128,12 +140,26 @@ FloatImage ToolRouting::selection() const
     return m_pixels.body() == &body() ? m_pixels.selection() : FloatImage();
 }
 
+// Else the step would lie below the one that makes it impossible to go on, above one that is being
+// undone, or belong to a body that is gone or has become another.
+bool ToolRouting::mayPush() const
+{
+    return m_isActive && body().parent() && !body().undoStack().isStepping() &&
+           sizeOf(body()) == m_size;
+}
+
+void ToolRouting::prepareForPush()
+{
+    if (!m_isPushing)
+        finishGesture();
+}
+
 ToolPointerEvent ToolRouting::toolEvent(const QGraphicsSceneMouseEvent &event,
                                         Qt::MouseButton changedButton) const
 {
-    return {event.scenePos() - m_target->pos(),
-            1.0,
-            false,
+    return {event.scenePos() + m_pen.offset - m_target->pos(),
+            m_pen.pressure,
+            m_pen.isEraser,
             event.buttons(),
             changedButton,
             event.modifiers()};
@@ -141,29 +167,60 @@ ToolPointerEvent ToolRouting::toolEvent(const QGraphicsSceneMouseEvent &event,
 
 void ToolRouting::press(const QGraphicsSceneMouseEvent &event)
 {
-    m_isPressed = true;
-    m_tool->mousePress(toolEvent(event, event.button()));
+    begin(toolEvent(event, event.button()));
+    m_tool->mousePress(m_last);
 }
 
 void ToolRouting::doubleClick(const QGraphicsSceneMouseEvent &event)
 {
+    begin(toolEvent(event, event.button()));
+    m_tool->mouseDoubleClick(m_last);
+}
+
+void ToolRouting::begin(const ToolPointerEvent &event)
+{
+    m_hasSelected = m_isPressed && m_hasSelected;
     m_isPressed = true;
-    m_tool->mouseDoubleClick(toolEvent(event, event.button()));
+    m_last = event;
 }
 
 void ToolRouting::move(const QGraphicsSceneMouseEvent &event)
 {
     const bool isHover = event.buttons() == Qt::NoButton && takesEvents();
-    if (isHover || m_isPressed)
-        m_tool->mouseMove(toolEvent(event, Qt::NoButton));
+    if (!isHover && !m_isPressed)
+        return;
+    const ToolPointerEvent moved = toolEvent(event, Qt::NoButton);
+    m_last.position = moved.position;
+    m_last.modifiers = moved.modifiers;
+    m_tool->mouseMove(moved);
 }
 
 void ToolRouting::release(const QGraphicsSceneMouseEvent &event)
 {
+    if (m_isPressed)
+        end(toolEvent(event, event.button()));
+}
+
+void ToolRouting::finishGesture()
+{
     if (!m_isPressed)
         return;
-    m_isPressed = event.buttons() != Qt::NoButton;
-    m_tool->mouseRelease(toolEvent(event, event.button()));
+    ToolPointerEvent event = m_last;
+    event.buttons = Qt::NoButton;
+    end(event);
+}
+
+void ToolRouting::end(const ToolPointerEvent &event)
+{
+    m_isPressed = event.buttons != Qt::NoButton;
+    m_tool->mouseRelease(event);
+    if (!m_isPressed && m_hasSelected)
+        m_pixels.finishGesture();
+}
+
+bool ToolRouting::turnWheel(double notches, Qt::KeyboardModifiers modifiers)
+{
+    return takesEvents() && m_tool->turnWheel(notches, modifiers);
 }
 
 void ToolRouting::keyPress(const QKeyEvent &event)
@@ -202,24 +259,35 @@ void ToolRouting::dropPieces()
 
 void ToolRouting::commit(const QString &undoText)
 {
-    if (!m_isActive)
-        return;
+    if (!mayPush())
+        return dropPieces();
+    if (m_hasPieces)
+        storeShown(undoText);
+    m_tool->updateNormalMap(body().surface());
+}
+
+void ToolRouting::storeShown(const QString &undoText)
+{
     m_hasPieces = false;
     m_target->processor().waitForIdle();
     const AngleImage shown = m_target->processor().angleImage();
-    if (!(shown == body().surface())) {
-        const QScopedValueRollback committing(m_isCommitting, true);
-        body().paintedNormalMap().setAngleImage(shown, undoText);
-    }
-    m_tool->updateNormalMap(body().surface());
+    PropertyAngleImage &stored = body().paintedNormalMap();
+    // Without a surface the body counts as flat, and stays so when nothing was painted.
+    if (stored.value().isEmpty() && shown == body().surface())
+        return;
+    const QScopedValueRollback pushing(m_isPushing, true);
+    stored.setAngleImage(shown, undoText);
 }
 
 void ToolRouting::select(const FloatImage &selection,
                          const QString &undoText,
                          bool mergeWithPrevious)
 {
-    if (m_isActive)
-        m_pixels.setSelection(&body(), selection, undoText, mergeWithPrevious);
+    if (!mayPush())
+        return;
+    m_hasSelected = true;
+    const QScopedValueRollback pushing(m_isPushing, true);
+    m_pixels.setSelection(&body(), selection, undoText, mergeWithPrevious);
 }
 
 void ToolRouting::pixelSelectionChanged(Body *changed)
@@ -230,15 +298,15 @@ void ToolRouting::pixelSelectionChanged(Body *changed)
 
 void ToolRouting::observableChanged(Observable &observable)
 {
-    if (m_isCommitting)
+    if (m_isPushing)
         return;
-    const AngleImage surface = body().surface();
-    if (surface.size() != m_size)
-        reactivateForSize(surface.size());
+    const QSize size = sizeOf(body());
+    if (size != m_size)
+        reactivateForSize(size);
     else if (m_isActive && &observable == &body().sprite())
         m_tool->updateTexture(body().sprite().image());
     else if (m_isActive)
-        m_tool->updateNormalMap(surface);
+        m_tool->updateNormalMap(body().surface());
 }
 
 void ToolRouting::reactivateForSize(const QSize &size)

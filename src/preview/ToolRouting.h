@@ -2,6 +2,7 @@
 
 #include "model/properties/ChangeManager.h"
 #include "model/properties/Observer.h"
+#include "preview/EditorScene.h"
 #include "tools/PaintTool.h"
 
 #include <QObject>
@@ -38,11 +39,18 @@ public:
     /// Between a press and its last release.
     bool isPressed() const { return m_isPressed; }
 
+    // Between these lies a gesture: from the first press to the release of the last button.
     void press(const QGraphicsSceneMouseEvent &event);
     void doubleClick(const QGraphicsSceneMouseEvent &event);
     /// With buttons held only when their press came here, too.
     void move(const QGraphicsSceneMouseEvent &event);
     void release(const QGraphicsSceneMouseEvent &event);
+    /// What the next of these are made of.
+    void setPen(const PenTouch &touch) { m_pen = touch; }
+    /// Releases what is pressed at its last place, so that it is committed. Inside of undo and
+    /// redo, where nothing can be, it is dropped.
+    void finishGesture();
+    bool turnWheel(double notches, Qt::KeyboardModifiers modifiers);
     void keyPress(const QKeyEvent &event);
     void keyRelease(const QKeyEvent &event);
     /// Puts the tool's overlay over the sprite again, which has moved.
@@ -62,7 +70,11 @@ private:
     void toolDestroyed();
     ToolPointerEvent toolEvent(const QGraphicsSceneMouseEvent &event,
                                Qt::MouseButton changedButton) const;
+    void begin(const ToolPointerEvent &event);
+    void end(const ToolPointerEvent &event);
     Body &body() const;
+    bool mayPush() const;
+    void prepareForPush();
     FloatImage selection() const;
     void reactivateForSize(const QSize &size);
 
@@ -70,6 +82,7 @@ private:
     void showPiece(const AngleImage &piece, const QRect &area);
     void dropPieces();
     void commit(const QString &undoText);
+    void storeShown(const QString &undoText);
     void select(const FloatImage &selection, const QString &undoText, bool mergeWithPrevious);
     void pixelSelectionChanged(Body *changed);
 
@@ -82,8 +95,12 @@ private:
     QSize m_size; ///< of the surface that the tool was activated with
     Observation m_surfaceObservation;
     Observation m_spriteObservation;
+    QMetaObject::Connection m_stackConnection;
+    PenTouch m_pen;
+    ToolPointerEvent m_last; ///< of the gesture
     bool m_isActive = false;
     bool m_isPressed = false;
-    bool m_isCommitting = false;
-    bool m_hasPieces = false; ///< shown and not committed
+    bool m_isPushing = false;   ///< an own step
+    bool m_hasPieces = false;   ///< shown and not committed
+    bool m_hasSelected = false; ///< in this gesture
 };

@@ -77,6 +77,8 @@ protected:
     /// Called by brushes when one of their own settings changes: a line by Shift goes on from the
     /// last stroke, which must have been painted alike.
     void settingsChanged();
+    /// Ends an open stroke with its step; for commands that start from what it has made.
+    void endStroke();
     /// Announces @p surface in place of the whole current one and commits it; for commands.
     void replaceSurface(const AngleImage &surface, const QString &undoText);
     /// What the keys do, for the end of the panel's help.
@@ -87,7 +89,6 @@ private:
     void beginStroke(const QPoint &point);
     void continueStroke(const QPoint &point);
     QRect paintCoverage(const QPoint &from, const QPoint &to);
-    void endStroke();
     void cancelStroke();
     void adjustTo(const QPointF &position);
     void setLinePreview(bool isShown);

@@ -263,6 +263,11 @@ void MainWindow::updateActions()
     m_tools->updateActions();
 }
 
+void MainWindow::finishEdits()
+{
+    m_editor->finishGesture();
+}
+
 void MainWindow::createDocument()
 {
     m_controller.createProject();

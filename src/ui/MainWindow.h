@@ -35,6 +35,7 @@ public Q_SLOTS:
     void showPreferences();
 
 protected:
+    void finishEdits() override;
     void createDocument() override;
     bool loadDocument(const QString &path) override;
     bool storeDocument(const QString &path) override;

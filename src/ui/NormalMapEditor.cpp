@@ -66,9 +66,15 @@ NormalMapEditor::~NormalMapEditor()
 
 void NormalMapEditor::setProject(Project *project)
 {
+    finishGesture();
     m_pixels.setProject(project);
     m_scene->setProject(project);
     zoomToFit();
+}
+
+void NormalMapEditor::finishGesture()
+{
+    m_scene->finishGesture();
 }
 
 void NormalMapEditor::setToolsSidebar(ToolsSidebar &sidebar)

@@ -25,6 +25,8 @@ public:
 
     /// Shows @p project, all of it; called before the former one goes.
     void setProject(Project *project);
+    /// Ends an open stroke with its undo step.
+    void finishGesture();
     /// Follows the sidebar's active tool, which outlives the editor's last event.
     void setToolsSidebar(ToolsSidebar &sidebar);
     /// Zoom of the view and the widget become one.

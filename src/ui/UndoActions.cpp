@@ -47,8 +47,8 @@ void UndoActions::setStack(GUndoStack &stack)
 
     disconnect(m_undoButton, &QAction::triggered, nullptr, nullptr);
     disconnect(m_redoButton, &QAction::triggered, nullptr, nullptr);
-    connect(m_undoButton, &QAction::triggered, &stack, &QUndoStack::undo);
-    connect(m_redoButton, &QAction::triggered, &stack, &QUndoStack::redo);
+    connect(m_undoButton, &QAction::triggered, &stack, &GUndoStack::undo);
+    connect(m_redoButton, &QAction::triggered, &stack, &GUndoStack::redo);
     connect(&stack, &QUndoStack::canUndoChanged, m_undoButton, &QAction::setEnabled);
     connect(&stack, &QUndoStack::canRedoChanged, m_redoButton, &QAction::setEnabled);
     m_undoButton->setEnabled(stack.canUndo());

@@ -1,11 +1,14 @@
 #include "imaging/FloatPainter.h"
+#include "imaging/PixelLoops.h"
 #include "imaging/SelectionMasks.h"
 #include "support/Pictures.h"
 
 #include <QImage>
 #include <QTest>
 
+#include <array>
 #include <cmath>
+#include <numeric>
 
 namespace {
 
@@ -20,18 +23,21 @@ QImage randomTexture(const QSize &size, std::mt19937 &random)
     return image;
 }
 
+bool isSimilar(QRgb a, QRgb b, int tolerance)
+{
+    return std::abs(qRed(a) - qRed(b)) <= tolerance &&
+           std::abs(qGreen(a) - qGreen(b)) <= tolerance &&
+           std::abs(qBlue(a) - qBlue(b)) <= tolerance;
+}
+
 FloatImage plainFill(const QImage &image, const QPoint &seed, int tolerance)
 {
     FloatImage mask(image.width(), image.height());
     QVector<QPoint> waiting{seed};
     while (!waiting.isEmpty()) {
         const QPoint at = waiting.takeFirst();
-        const auto differs = [&](int shift) {
-            const auto level = [&](QRgb pixel) { return int(pixel >> shift & 0xFFU); };
-            return std::abs(level(image.pixel(at)) - level(image.pixel(seed))) > tolerance;
-        };
-        if (!image.valid(at) || mask.row(at.y())[at.x()] == 1.0F || differs(0) || differs(8) ||
-            differs(16))
+        if (!image.valid(at) || mask.row(at.y())[at.x()] == 1.0F ||
+            !isSimilar(image.pixel(at), image.pixel(seed), tolerance))
             continue;
         mask.row(at.y())[at.x()] = 1.0F;
         for (const QPoint step : {QPoint(1, 0), QPoint(-1, 0), QPoint(0, 1), QPoint(0, -1)})
@@ -122,7 +128,7 @@ private Q_SLOTS:
     {
         std::mt19937 random(2);
         for (int round = 0; round < 2000; ++round) {
-            const QSize size = randomSize(11, 7, random);
+            const QSize size = randomSize(round % 4 == 0 ? 100 : 11, 7, random);
             const auto format = round % 2 == 0 ? QImage::Format_ARGB32 : QImage::Format_Indexed8;
             const QImage texture = randomTexture(size, random).convertToFormat(format);
             const QPoint seed(randomInt(-1, size.width(), random),
@@ -132,6 +138,27 @@ private Q_SLOTS:
             QCOMPARE(colorFill(texture, seed, -1), colorFill(texture, seed, 0));
         }
         QVERIFY(colorFill({}, {0, 0}, 20).isNull());
+    }
+
+    void loopsOfEveryProcessor()
+    {
+        std::mt19937 random(4);
+        const QImage texture =
+            randomTexture({300, 1}, random).convertToFormat(QImage::Format_RGB32);
+        const auto *pixels = reinterpret_cast<const QRgb *>(texture.constScanLine(0));
+        FloatImage weights = randomFloats({300, 1}, -0.5F, 1.5F, random);
+        std::iota(weights.row(0), weights.row(0) + 256, 0.0F);
+        for (int i = 0; i < 256; ++i)
+            weights.row(0)[i] /= 255.0F;
+        for (const PixelLoops &loops : pixelLoops()) {
+            std::array<uchar, 300> bytes{};
+            loops.toAlphas(weights.row(0), bytes.data(), 300);
+            for (int i = 0; i < 300; ++i)
+                QCOMPARE(bytes.at(i), uchar(qBound(0.0F, weights.row(0)[i], 1.0F) * 255.0F));
+            loops.compareColors(pixels, bytes.data(), 300, pixels[7], 40);
+            for (int i = 0; i < 300; ++i)
+                QCOMPARE(int(bytes.at(i)), int(isSimilar(pixels[i], pixels[7], 40)));
+        }
     }
 
     void combine()

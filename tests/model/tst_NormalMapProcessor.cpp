@@ -143,8 +143,9 @@ private Q_SLOTS:
     {
         std::mt19937 random(20);
         const QSize size(40, 30);
-        const Painting painting(size, randomAngles(size, random));
+        Painting painting(size, randomAngles(size, random));
         NormalMapProcessor &processor = *painting.processor;
+        GUndoStack &undoStack = painting.project.undoStack();
         PlainSurface plain;
         plain.update({painting.body.surface(), {}, {}, {}});
         QImage shown(size, QImage::Format_RGB32);
@@ -155,16 +156,22 @@ private Q_SLOTS:
                     shown.setPixel(x, y, image.pixel(x, y));
         });
         FloatImage mask;
-        for (int step = 0; step < 400; ++step) {
-            const auto what = random() % 20;
+        for (int step = 0; step < 800; ++step) {
+            const auto what = random() % 24;
             auto params = randomPiece(size, mask, random);
             if (what == 0) {
                 mask = random() % 2 == 0 ? FloatImage() : randomMask(size, random);
                 processor.setMask(mask);
-            } else if (what == 1) {
-                params = {randomAngles(size, random), {}, {}, {}};
-                painting.commit(params.image);
-                plain.update(params);
+            } else if (what < 8) {
+                // Something new, what is shown, a step back, dropped pieces, another body's turn.
+                if (what < 4)
+                    painting.commit(what == 1 ? randomAngles(size, random) : painting.surface());
+                else if (what == 4 && undoStack.index() > 1)
+                    undoStack.undo();
+                else if (what == 5)
+                    processor.setExpectsPieces(random() % 4 != 0);
+                processor.updateAll();
+                plain.update({painting.body.surface(), {}, {}, {}});
             } else {
                 if (params.rects[0].size() == size)
                     params.rects[0].moveTopLeft({});

@@ -239,6 +239,36 @@ private Q_SLOTS:
         QCOMPARE(difference(shown.shot().copy(sprite), next), 0);
     }
 
+    // Alpha alone goes to the graphics card as it is, in rows of any length.
+    void selectionOfAlphaAlone()
+    {
+        ShownScene shown;
+        shown.sprite->setColorImage(filled({37, 29}, QColor(200, 120, 60)));
+        shown.sprite->setNormalImage(bumps({37, 29}));
+        const QImage before = shown.shot();
+        QImage alpha({37, 29}, QImage::Format_Alpha8);
+        for (int i = 0; i < 37 * 29; ++i)
+            alpha.scanLine(i / 37)[i % 37] = uchar(i / 37 * 9 + i % 37 * 5);
+        // Its dashes wander: what counts is where they are.
+        const auto outline = [&](const QImage &selection) {
+            shown.sprite->setSelectionImage(selection);
+            const QImage image = shown.shot();
+            QVector<QPoint> places;
+            for (int i = 0; i < image.width() * image.height(); ++i) {
+                const QPoint at(i % image.width(), i / image.width());
+                if (image.pixel(at) != before.pixel(at))
+                    places.append(at);
+            }
+            return places;
+        };
+        for (int round = 0; round < 3; ++round) {
+            const auto expected = outline(alpha.convertToFormat(QImage::Format_RGBA8888));
+            QVERIFY(expected.size() > 50 && outline({}).isEmpty());
+            QCOMPARE(outline(alpha), expected);
+            alpha.scanLine(7)[36 - round] = 255;
+        }
+    }
+
     void texturesAreMadeAnewWhereTheyAreLost()
     {
         QWidget window;

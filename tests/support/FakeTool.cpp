@@ -13,6 +13,26 @@ void FakeTool::activate(const ToolContext &context, const AngleImage &image)
     Q_EMIT cursorChanged(cursor);
 }
 
+void FakeTool::deactivate()
+{
+    if (commitsLate)
+        Q_EMIT commitNormalMap(QStringLiteral("stroke"));
+    log(QStringLiteral("deactivate"));
+}
+
+void FakeTool::mouseRelease(const ToolPointerEvent &event)
+{
+    log("release", event);
+    if (paints && !commitsLate)
+        Q_EMIT commitNormalMap(QStringLiteral("stroke"));
+}
+
+bool FakeTool::turnWheel(double notches, Qt::KeyboardModifiers modifiers)
+{
+    log(QStringLiteral("wheel %1 %2").arg(notches).arg(int(modifiers), 0, 16));
+    return usesWheel;
+}
+
 void FakeTool::keyPress(int key, Qt::KeyboardModifiers)
 {
     log(QStringLiteral("key %1").arg(key, 0, 16));
@@ -42,8 +62,12 @@ void FakeTool::log(const QString &what, const QSize &size)
 void FakeTool::log(const char *what, const ToolPointerEvent &event)
 {
     lastEvent = event;
+    pressures.append(event.pressure);
     log(QStringLiteral("%1 %2,%3")
             .arg(QLatin1String(what))
             .arg(qFloor(event.position.x()))
             .arg(qFloor(event.position.y())));
+    const QPoint pixel(qFloor(event.position.x()), qFloor(event.position.y()));
+    if (paints && event.buttons != Qt::NoButton)
+        Q_EMIT temporaryNormalMapChanged(AngleImage(1, 1, 256), QRect(pixel, QSize(1, 1)));
 }

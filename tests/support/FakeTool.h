@@ -19,13 +19,14 @@ public:
 
     bool worksOnSeveralBodies() const override { return m_worksOnSeveralBodies; }
     void activate(const ToolContext &context, const AngleImage &image) override;
-    void deactivate() override { log(QStringLiteral("deactivate")); }
+    void deactivate() override;
     void mousePress(const ToolPointerEvent &event) override { log("press", event); }
     void mouseMove(const ToolPointerEvent &event) override { log("move", event); }
-    void mouseRelease(const ToolPointerEvent &event) override { log("release", event); }
+    void mouseRelease(const ToolPointerEvent &event) override;
     void mouseDoubleClick(const ToolPointerEvent &event) override { log("double", event); }
     void keyPress(int key, Qt::KeyboardModifiers modifiers) override;
     void keyRelease(int key, Qt::KeyboardModifiers modifiers) override;
+    bool turnWheel(double notches, Qt::KeyboardModifiers modifiers) override;
     QGraphicsItem *overlayItem() const override { return overlay; }
     void updateTexture(QImage image) override { log(QStringLiteral("texture"), image.size()); }
     void updateNormalMap(AngleImage normalmap) override;
@@ -35,8 +36,12 @@ public:
     QByteArray takeLog() { return std::exchange(m_log, {}).join(QLatin1Char('|')).toUtf8(); }
 
     InteractionMode mode = InteractionMode::Tool;
+    bool paints = false;      ///< a step slope of 1 where it is pressed and moved, until released
+    bool commitsLate = false; ///< what it has painted, when it is deactivated
+    bool usesWheel = false;
     QGraphicsItem *overlay = nullptr;
     ToolPointerEvent lastEvent;
+    QVector<double> pressures;
     AngleImage surface;
 
 private:

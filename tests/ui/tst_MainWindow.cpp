@@ -1,13 +1,19 @@
 #include "base/GSettings.h"
 #include "base/Resources.h"
 #include "framework/GApplication.h"
+#include "model/Body.h"
 #include "model/Project.h"
+#include "model/PropertyAngleImage.h"
 #include "model/Sprite.h"
 #include "model/properties/PropertyT.h"
+#include "preview/EditorGraphicsViewVesperine.h"
 #include "preview/GLGraphicsLight.h"
 #include "preview/NormalMapEditorScene.h"
+#include "preview/SpriteItem.h"
 #include "support/DialogScript.h"
 #include "support/Documents.h"
+#include "support/FakeTool.h"
+#include "support/Gestures.h"
 #include "support/Readability.h"
 #include "support/Widgets.h"
 #include "ui/MainWindow.h"
@@ -18,6 +24,7 @@
 #include <QComboBox>
 #include <QDropEvent>
 #include <QLineEdit>
+#include <QMenuBar>
 #include <QMimeData>
 #include <QSettings>
 #include <QSlider>
@@ -69,6 +76,59 @@ private Q_SLOTS:
         QCOMPARE(names(), QStringList());
         QVERIFY(!m_window->isWindowModified());
         QCOMPARE(enabled({"Export normals"_s}), (QVector<bool>{false}));
+    }
+
+    // Saving and the question whether to save come after the stroke that is still open.
+    void openStrokesAreSavedAndAskedFor()
+    {
+        addSprites({"a.png"_s});
+        const QString path = m_folder.path("open.vep"_s);
+        trigger("Save As..."_s, {DialogScript::chooseFile(path)});
+        FakeTool tool;
+        tool.paints = true;
+        scene().setTool(&tool);
+        const Body &body = *project().bodies().all().first();
+        scene().light().setPos(-300, -200);
+        QTest::mousePress(view().viewport(), Qt::LeftButton, {}, onSprite());
+        QVERIFY(!m_window->isWindowModified());
+        QVERIFY(m_window->save());
+        QVERIFY(!body.paintedNormalMap().angleImage().isNull());
+        QVERIFY(!m_window->isWindowModified());
+        project().undoStack().undo();
+        QVERIFY(m_window->save());
+        QTest::mousePress(view().viewport(), Qt::LeftButton, {}, onSprite());
+        m_script->then(DialogScript::click("Cancel"_s));
+        QVERIFY(!m_window->close());
+        QCOMPARE(project().undoStack().undoText(), "stroke"_s);
+        scene().setTool(nullptr);
+    }
+
+    // Held for a tool or the wheel over the view, Alt is not for the menu bar.
+    void altStaysWithTheView()
+    {
+        addSprites({"a.png"_s});
+        view().setFocus();
+        const auto pressAlt = [this](const QPoint &place) {
+            QTest::mouseMove(view().viewport(), place);
+            QTest::qWait(20);
+            QTest::keyClick(m_window->windowHandle(), Qt::Key_Alt, Qt::NoModifier);
+            QCoreApplication::processEvents();
+        };
+        pressAlt(onSprite());
+        QVERIFY(view().hasFocus());
+        FakeTool tool;
+        scene().setTool(&tool);
+        tool.takeLog();
+        QTest::keyClick(m_window->windowHandle(), Qt::Key_Alt);
+        for (const Qt::Key key : {Qt::Key_Backspace, Qt::Key_Escape})
+            QTest::keyClick(m_window->windowHandle(), key);
+        QCOMPARE(tool.takeLog(),
+                 QByteArray("key 1000023|key up 1000023|key 1000003|key up 1000003|"
+                            "key 1000000|key up 1000000"));
+        scene().setTool(nullptr);
+        QTest::keyClick(m_window->windowHandle(), Qt::Key_F, Qt::AltModifier);
+        QTRY_VERIFY(QApplication::activePopupWidget());
+        QApplication::activePopupWidget()->close();
     }
 
     void unreadableFilesAreNamedAndTheOthersAdded()
@@ -295,6 +355,22 @@ private:
     Project &project() const { return m_window->project(); }
 
     ShapeTreeView &list() const { return *m_window->findChild<ShapeTreeView *>(); }
+
+    EditorGraphicsViewVesperine &view() const
+    {
+        return *m_window->findChild<EditorGraphicsViewVesperine *>();
+    }
+
+    NormalMapEditorScene &scene() const
+    {
+        return m_window->findChild<NormalMapEditor *>()->scene();
+    }
+
+    QPoint onSprite() const
+    {
+        return view().mapFromScene(scene().spriteItem(scene().currentBody())->pos() +
+                                   QPointF(3.5, 4.5));
+    }
 
     QStringList names() const
     {

@@ -2,6 +2,8 @@
 
 #include "model/properties/ChangeManager.h"
 
+#include <QScopedValueRollback>
+
 #include <algorithm>
 
 namespace {
@@ -36,6 +38,7 @@ void letRest(const QUndoCommand *command)
 
 void GUndoStack::push(std::unique_ptr<QUndoCommand> step)
 {
+    announcePush();
     const bool wasModified = isModified();
     const int followed = index();
     if (m_startedMacros == 0)
@@ -44,7 +47,10 @@ void GUndoStack::push(std::unique_ptr<QUndoCommand> step)
         QUndoStack::beginMacro(text);
     m_startedMacros += m_waitingMacros.size();
     m_waitingMacros.clear();
-    QUndoStack::push(step.release());
+    {
+        const QScopedValueRollback stepping(m_isStepping, true);
+        QUndoStack::push(step.release());
+    }
     if (index() > followed)
         letRest(command(followed - 1));
     if (m_startedMacros == 0)
@@ -53,7 +59,15 @@ void GUndoStack::push(std::unique_ptr<QUndoCommand> step)
 
 void GUndoStack::beginMacro(const QString &text)
 {
+    announcePush();
     m_waitingMacros.append(text);
+}
+
+// Inside a macro it would be too late.
+void GUndoStack::announcePush()
+{
+    if (!m_isStepping && m_startedMacros == 0 && m_waitingMacros.isEmpty())
+        Q_EMIT aboutToPush();
 }
 
 void GUndoStack::endMacro()
@@ -86,6 +100,24 @@ void GUndoStack::closeStep()
 {
     if (UndoStep *step = writable(command(index() - 1)))
         step->close();
+}
+
+void GUndoStack::undo()
+{
+    const QScopedValueRollback stepping(m_isStepping, true);
+    QUndoStack::undo();
+}
+
+void GUndoStack::redo()
+{
+    const QScopedValueRollback stepping(m_isStepping, true);
+    QUndoStack::redo();
+}
+
+void GUndoStack::setIndex(int index)
+{
+    const QScopedValueRollback stepping(m_isStepping, true);
+    QUndoStack::setIndex(index);
 }
 
 bool GUndoStack::isModified() const

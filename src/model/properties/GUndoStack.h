@@ -31,6 +31,9 @@ public:
 
     /// Runs @p step and keeps it, inside the macros that are open.
     void push(std::unique_ptr<QUndoCommand> step);
+    /// True while a step is being done, undone or done again: who hears of a change then must push
+    /// none, as the toolkit is about to count on its place.
+    bool isStepping() const { return m_isStepping; }
 
     void beginMacro(const QString &text);
     void endMacro();
@@ -47,12 +50,25 @@ public:
     /// The document as it stands now is what was saved.
     void markSaved();
 
+public Q_SLOTS:
+    // As in the toolkit, knowing of isStepping(). Not to be called through the base.
+    void undo();
+    void redo();
+    void setIndex(int index);
+
+Q_SIGNALS:
+    /// Somebody is about to push a step or to begin a macro: the last moment for what is unfinished
+    /// to become a step of its own, which then lies below.
+    void aboutToPush();
+
 private:
     void keepSavedPlace(bool wasModified);
+    void announcePush();
 
     QStringList m_waitingMacros; // begun, but without a step so far
     int m_startedMacros = 0;
     bool m_modifiedBeforeMacro = false;
+    bool m_isStepping = false;
 };
 
 /// A macro for as long as it lives, also when an Error flies.

@@ -30,6 +30,8 @@ void ContinuousEdit::change(GUndoStack &stack,
                             const QVector<Property *> &properties,
                             const std::function<void()> &action)
 {
+    // What that pushes must not be taken for the edit's own step.
+    Q_EMIT stack.aboutToPush();
     const QScopedValueRollback isChanging(m_isChanging, true);
     // What was saved in the middle of the edit stays a place to return to.
     const bool replaces = m_stack == &stack && !stack.isClean();

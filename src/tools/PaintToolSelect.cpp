@@ -1,0 +1,136 @@
+#include "tools/PaintToolSelect.h"
+
+#include <QPixmap>
+#include <QtMath>
+
+namespace {
+
+QPoint pixelOf(const ToolPointerEvent &event)
+{
+    return {qFloor(event.position.x()), qFloor(event.position.y())};
+}
+
+// X11 calls Alt Meta while Shift is held.
+Qt::KeyboardModifiers modifiersOf(int key)
+{
+    switch (key) {
+    case Qt::Key_Shift:
+        return Qt::ShiftModifier;
+    case Qt::Key_Control:
+        return Qt::ControlModifier;
+    case Qt::Key_Alt:
+        return Qt::AltModifier;
+    case Qt::Key_Meta:
+        return Qt::AltModifier | Qt::MetaModifier;
+    default:
+        return Qt::NoModifier;
+    }
+}
+
+QString cursorFile(std::optional<SelectionMode> mode)
+{
+    if (mode == SelectionMode::Add)
+        return QStringLiteral(":/cursors/cross-add.png");
+    if (mode == SelectionMode::Subtract)
+        return QStringLiteral(":/cursors/cross-subtract.png");
+    return QStringLiteral(":/cursors/cross.png");
+}
+
+} // namespace
+
+void PaintToolSelect::activate(const ToolContext &context, const AngleImage &image)
+{
+    PaintTool::activate(context, image);
+    m_texture = context.texture;
+    m_selection = context.selection;
+    m_modifiers = Qt::NoModifier;
+    Q_EMIT interactionModeChanged(InteractionMode::Tool);
+    showCursor();
+}
+
+std::optional<SelectionMode> PaintToolSelect::mode() const
+{
+    switch (int(m_modifiers)) {
+    case Qt::NoModifier:
+        return SelectionMode::Replace;
+    case Qt::ShiftModifier:
+        return SelectionMode::Add;
+    case Qt::AltModifier:
+        return SelectionMode::Subtract;
+    default:
+        return std::nullopt;
+    }
+}
+
+void PaintToolSelect::select(const FloatImage &selection, bool mergeWithPrevious)
+{
+    // The answer through updateSelection() may bring another one.
+    m_selection = selection;
+    Q_EMIT selectionChanged(selection, tr("pixel selection changed"), mergeWithPrevious);
+}
+
+void PaintToolSelect::clearSelection()
+{
+    m_selection = {};
+    Q_EMIT selectionChanged({}, tr("pixel selection cleared"));
+}
+
+void PaintToolSelect::mousePress(const ToolPointerEvent &event)
+{
+    setModifiers(event.modifiers);
+    if (event.changedButton == Qt::LeftButton)
+        pressAt(pixelOf(event));
+}
+
+void PaintToolSelect::mouseMove(const ToolPointerEvent &event)
+{
+    setModifiers(event.modifiers);
+    moveTo(pixelOf(event), event.buttons.testFlag(Qt::LeftButton));
+}
+
+void PaintToolSelect::mouseDoubleClick(const ToolPointerEvent &event)
+{
+    setModifiers(event.modifiers);
+    if (event.changedButton == Qt::LeftButton)
+        doubleClickAt(pixelOf(event));
+}
+
+// Whether the modifiers hold the key itself differs: X11 tells how it was before the event.
+void PaintToolSelect::keyPress(int key, Qt::KeyboardModifiers modifiers)
+{
+    setModifiers(modifiers | modifiersOf(key));
+}
+
+void PaintToolSelect::keyRelease(int key, Qt::KeyboardModifiers modifiers)
+{
+    setModifiers(modifiers & ~modifiersOf(key));
+}
+
+void PaintToolSelect::setModifiers(Qt::KeyboardModifiers modifiers)
+{
+    // Neither a keypad nor a keyboard's second group changes a meaning.
+    constexpr auto known =
+        Qt::ShiftModifier | Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
+    if ((modifiers & known) == m_modifiers)
+        return;
+    m_modifiers = modifiers & known;
+    showCursor();
+}
+
+void PaintToolSelect::showCursor()
+{
+    const QPixmap picture(cursorFile(mode()));
+    Q_EMIT cursorChanged(ScalableToolCursor(picture, {-1, -1}));
+}
+
+// Kept. NOLINTBEGIN(performance-unnecessary-value-param)
+void PaintToolSelect::updateTexture(QImage image)
+{
+    m_texture = image;
+}
+
+void PaintToolSelect::updateSelection(FloatImage selection)
+{
+    m_selection = selection;
+}
+// NOLINTEND(performance-unnecessary-value-param)

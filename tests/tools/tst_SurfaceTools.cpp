@@ -1,0 +1,387 @@
+#include "base/GSettings.h"
+#include "base/Resources.h"
+#include "framework/GDoubleEdit.h"
+#include "framework/GIntEdit.h"
+#include "imaging/CircularBrush.h"
+#include "imaging/MaskedPaste.h"
+#include "imaging/PaintToolStructurePreviewJob.h"
+#include "imaging/Patterns.h"
+#include "imaging/SlopeArithmetic.h"
+#include "imaging/Smoothing.h"
+#include "imaging/StrokePainting.h"
+#include "imaging/StructureSurface.h"
+#include "support/Documents.h"
+#include "support/PaintedSurface.h"
+#include "support/Pictures.h"
+#include "support/Widgets.h"
+#include "tools/PaintToolBlurBrush.h"
+#include "tools/PaintToolStructure.h"
+#include "tools/PatternBox.h"
+#include "tools/StructurePreview.h"
+#include "tools/ToolPanel.h"
+
+#include <QDesktopServices>
+#include <QLabel>
+#include <QPushButton>
+#include <QTest>
+#include <QThreadPool>
+#include <QUrl>
+#include <QVector2D>
+
+namespace {
+
+using Points = QVector<QPointF>;
+const Points scribble{{20, 30}, {60, 10}, {22, 31}, {-9, 40}, {95, 69}};
+const QSize size(90, 70);
+
+/// Everything that is computed arrives; nothing does meanwhile.
+void settle()
+{
+    for (int round = 0; round < 4; ++round) {
+        QThreadPool::globalInstance()->waitForDone();
+        QCoreApplication::processEvents();
+    }
+}
+
+AngleImage someSurface(unsigned seed)
+{
+    std::mt19937 random(seed);
+    AngleImage surface = randomAngles(size, random);
+    addSlopes(surface, {}, {}, AngleImage(size.width(), size.height())); // only slopes of sums
+    return surface;
+}
+
+QImage somePattern(unsigned seed)
+{
+    std::mt19937 random(seed);
+    QImage pattern(16, 9, QImage::Format_ARGB32);
+    for (int i = 0; i < 16 * 9; ++i)
+        pattern.setPixelColor(i % 16, i / 16, QColor::fromRgb(QRgb(random()) | 0xff000000U));
+    return pattern;
+}
+
+FloatImage coverageOf(const Points &points, float opacity = 1.0F)
+{
+    CircularBrushCos brush;
+    brush.sizeX = brush.sizeY = 30;
+    brush.amplitude = opacity;
+    brush.softness = 1.0F;
+    brush.update();
+    FloatImage coverage(size.width(), size.height());
+    for (int i = 0; i < points.size(); ++i)
+        paintSegmentMax(
+            brush, QVector2D(points[std::max(i - 1, 0)]), QVector2D(points[i]), coverage);
+    return coverage;
+}
+
+// What a stroke leaves, computed in one go over the whole surface.
+AngleImage smooth(AngleImage start, const Points &points, const AngleImage &blurred)
+{
+    pasteMasked(start, coverageOf(points), {}, blurred);
+    return start;
+}
+
+AngleImage withStructure(AngleImage start, const FloatImage &weights, const AngleImage &structure)
+{
+    addSlopes(start, weights, {}, structure);
+    return start;
+}
+
+template <class Control>
+Control &control(const PaintTool &tool, const char *name)
+{
+    return *tool.settingsPanel()->findChild<Control *>(QLatin1String(name));
+}
+
+} // namespace
+
+class TestSurfaceTools : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { initialiseResources(); }
+
+    void smoothStrokesKeepWhatTheyBeganWith()
+    {
+        PaintToolBlurBrush tool;
+        const AngleImage first = someSurface(1);
+        PaintedSurface surface(tool, first);
+        surface.paint(scribble);
+        QCOMPARE(surface.stored, first);
+        QVERIFY(surface.areas.isEmpty());
+        settle();
+        surface.paint(scribble);
+        const AngleImage blurred = smoothened(first, 3.0);
+        const AngleImage second = smooth(first, scribble, blurred);
+        QCOMPARE(surface.stored, second);
+        QCOMPARE(surface.commits, (QStringList{"Smoothen"_s, "Smoothen"_s}));
+
+        // A new one arrives in mid-stroke, and before a line goes on from there.
+        surface.press({20, 20});
+        settle();
+        surface.moveTo({40, 25});
+        surface.release({40, 25});
+        QCOMPARE(surface.stored, smooth(second, {{20, 20}, {40, 25}}, blurred));
+        settle();
+        surface.paint({{50, 60}}, Qt::ShiftModifier);
+        QCOMPARE(surface.stored, smooth(second, {{20, 20}, {40, 25}, {50, 60}}, blurred));
+
+        // With another radius it is a stroke over the other one.
+        settle();
+        const AngleImage third = surface.stored;
+        control<GDoubleEdit>(tool, "Smoothness").setValue(9.0);
+        settle();
+        surface.paint({{10, 60}}, Qt::ShiftModifier);
+        QCOMPARE(surface.stored, smooth(third, {{50, 60}, {10, 60}}, smoothened(third, 9.0)));
+    }
+
+    void smoothStrokesTakeWhatArrivesLate()
+    {
+        PaintToolBlurBrush tool;
+        const AngleImage start = someSurface(1);
+        PaintedSurface surface(tool, start);
+        surface.press({20, 20});
+        surface.moveTo({60, 50});
+        QVERIFY(surface.areas.isEmpty());
+        settle();
+        const AngleImage blurred = smoothened(start, 3.0);
+        QCOMPARE(surface.shown, smooth(start, {{20, 20}, {60, 50}}, blurred));
+        surface.moveTo({80, 10});
+        surface.release({80, 10});
+        QCOMPARE(surface.stored, smooth(start, {{20, 20}, {60, 50}, {80, 10}}, blurred));
+
+        // What is undone in mid-stroke doesn't come back by its blurred copy.
+        const AngleImage other = someSurface(2);
+        surface.press({20, 20});
+        surface.replace(other);
+        surface.moveTo({30, 20});
+        QCOMPARE(surface.shown, other);
+        settle();
+        surface.release({30, 20});
+        QCOMPARE(surface.stored, smooth(other, {{20, 20}, {30, 20}}, smoothened(other, 3.0)));
+
+        // A line goes on from what has changed nothing as a stroke of its own.
+        tool.deactivate();
+        tool.activate({}, start);
+        surface.shown = start;
+        surface.paint({{10, 10}, {20, 20}});
+        settle();
+        surface.paint({{70, 20}}, Qt::ShiftModifier);
+        QCOMPARE(surface.stored, smooth(start, {{20, 20}, {70, 20}}, blurred));
+    }
+
+    void smoothenAll()
+    {
+        PaintToolBlurBrush tool;
+        const auto &button = control<QPushButton>(tool, "SmoothenAll");
+        auto &radius = control<GDoubleEdit>(tool, "Smoothness");
+        tool.blurAll();
+        const AngleImage start = someSurface(1);
+        {
+            PaintedSurface surface(tool, start, FloatImage(size.width(), size.height(), 1.0F));
+            QCOMPARE(button.text(), "Smoothen selection"_s);
+            tool.updateSelection({});
+            QCOMPARE(button.text(), "Smoothen all"_s);
+            control<GIntEdit>(tool, "Opacity").setValue(20);
+            settle();
+            radius.setValue(7.0);
+            tool.blurAll();
+            QCOMPARE(surface.stored, smoothened(start, 7.0));
+            // A result of the former surface and the former radius are still to come.
+            surface.replace(someSurface(2));
+            radius.setValue(0.5);
+            surface.replace(start);
+            tool.blurAll();
+            QCOMPARE(surface.stored, smoothened(start, 0.5));
+            QCOMPARE(surface.commits, (QStringList{"Blur all"_s, "Blur all"_s}));
+            // A stroke is a step of its own before it.
+            settle();
+            surface.replace(start);
+            settle();
+            surface.press({20, 20});
+            const AngleImage stroked = surface.shown;
+            tool.blurAll();
+            QCOMPARE(surface.stored, smoothened(stroked, 0.5));
+            QCOMPARE(surface.commits.mid(2), (QStringList{"Smoothen"_s, "Blur all"_s}));
+        }
+        QVERIFY(!button.isEnabled());
+    }
+
+    void nothingOfAnotherBodyArrives()
+    {
+        PaintToolBlurBrush tool;
+        {
+            const PaintedSurface left(tool, someSurface(1));
+        }
+        QThreadPool::globalInstance()->waitForDone();
+        const AngleImage start = someSurface(2);
+        const AngleImage blurred = smoothened(start, 3.0);
+        PaintedSurface surface(tool, start);
+        QCoreApplication::processEvents(); // the other one's result
+        surface.paint(scribble);
+        QVERIFY(surface.stored == start || surface.stored == smooth(start, scribble, blurred));
+        surface.replace(start);
+        settle();
+        surface.paint(scribble);
+        QCOMPARE(surface.stored, smooth(start, scribble, blurred));
+        tool.deactivate();
+        surface.replace(start); // and what comes then asks for nothing
+        settle();
+        tool.activate({}, start);
+        surface.paint(scribble);
+        QCOMPARE(surface.stored, start);
+    }
+
+    void structures()
+    {
+        const PatternFolder patterns{{"one.png", somePattern(1)}, {"two.png", somePattern(2)}};
+        PaintToolStructure tool(patterns.settings);
+        auto &box = control<PatternBox>(tool, "Pattern");
+        box.choose(patterns.path("one.png"));
+        const AngleImage start = someSurface(1);
+        PaintedSurface surface(tool, start);
+        surface.press({20, 20});
+        settle();
+        surface.release({20, 20});
+        PaintToolStructureParams params{somePattern(1), 4.0, 1.0, 0.0, size};
+        AngleImage expected =
+            withStructure(start, coverageOf({{20, 20}}), structureSurface(params));
+        QCOMPARE(surface.stored, expected);
+        // A stroke adds to others, but only once to itself.
+        for (int stroke = 0; stroke < 2; ++stroke) {
+            surface.paint(scribble);
+            expected = withStructure(expected, coverageOf(scribble), structureSurface(params));
+            QCOMPARE(surface.stored, expected);
+        }
+        QCOMPARE(surface.commits.last(), "Structure"_s);
+
+        // All that was set until then counts, and half of it is added.
+        box.choose(patterns.path("two.png"));
+        control<GDoubleEdit>(tool, "Intensity").setValue(2.0);
+        control<GIntEdit>(tool, "Scale").setValue(150);
+        control<GIntEdit>(tool, "Rotation").setValue(30);
+        control<GIntEdit>(tool, "Opacity").setValue(50);
+        surface.replace(start);
+        control<QPushButton>(tool, "FillAll").click();
+        params = {somePattern(2), 2.0, 1.5, 30.0, size};
+        const FloatImage half(size.width(), size.height(), 0.5F);
+        QCOMPARE(surface.stored, withStructure(start, half, structureSurface(params)));
+        QCOMPARE(surface.commits.last(), "Add structure"_s);
+    }
+
+    void patternsComeAndGo()
+    {
+        PatternFolder patterns{{"brick.jpg", somePattern(1)}, {"own.v2.png", somePattern(2)}};
+        patterns.folder.write("patterns/broken.png"_s, "no picture");
+        patterns.folder.writeSprite("patterns/long.png"_s, {8193, 1});
+        patterns.folder.write("patterns/notes.txt"_s, "no picture");
+        PaintToolStructure tool(patterns.settings);
+        auto &box = control<PatternBox>(tool, "Pattern");
+        const int builtIn = findPatterns({builtInPatterns()}).size();
+        QCOMPARE(box.count(), builtIn + 4);
+        QCOMPARE(box.currentIndex(), 0);
+        QCOMPARE(box.itemText(builtIn + 3), "own.v2"_s);
+        const int brick = box.findText("brick"_s, Qt::MatchExactly);
+        QVERIFY(brick < builtIn && box.itemText(builtIn) == box.itemText(brick));
+        QVERIFY(box.itemData(builtIn, Qt::ToolTipRole) != box.itemData(brick, Qt::ToolTipRole));
+
+        const auto kept = tool.settings();
+        const auto setting = std::find_if(kept.begin(), kept.end(), [](const ToolSetting &each) {
+            return each.key == "Pattern"_s;
+        });
+        setting->write("gone.png"_s);
+        QCOMPARE(box.currentIndex(), 0);
+        setting->write(patterns.path("own.v2.png"));
+        QCOMPARE(setting->read(), QVariant(patterns.path("own.v2.png")));
+
+        // The chosen one moves down, then it is gone.
+        const AngleImage flat(size.width(), size.height());
+        PaintedSurface surface(tool, flat);
+        patterns.add("another.png", somePattern(3));
+        tool.reload();
+        QCOMPARE(box.currentIndex(), builtIn + 4);
+        QVERIFY(QFile::remove(patterns.path("own.v2.png")));
+        tool.reload();
+        QCOMPARE(box.currentIndex(), 0);
+        tool.addStructure();
+        const QImage first(findPatterns({builtInPatterns()}).first());
+        QCOMPARE(surface.stored, structureSurface({first, 4.0, 1.0, 0.0, size}));
+
+        for (const char *unreadable : {"broken.png", "long.png"}) {
+            surface.replace(flat);
+            box.choose(patterns.path(unreadable));
+            settle();
+            surface.paint(scribble);
+            tool.addStructure();
+            QCOMPARE(surface.stored, flat);
+            QVERIFY(!box.currentData(Qt::ToolTipRole).toString().contains("This pattern"_s));
+        }
+        box.showPopup();
+        QTRY_VERIFY(box.itemData(builtIn + 4 - 1, Qt::ToolTipRole)
+                        .toString()
+                        .endsWith("larger than 8192 pixels a side."_s));
+        QVERIFY(box.itemData(builtIn + 2, Qt::ToolTipRole).toString().contains("can't be read"_s));
+        box.hidePopup();
+    }
+
+    void structurePanel()
+    {
+        const GSettings settings;
+        PaintToolStructure tool(settings);
+        QWidget &panel = *tool.settingsPanel();
+        showActive(panel);
+        auto &preview = *panel.findChild<StructurePreview *>();
+        QTRY_VERIFY(!preview.picture().isNull());
+        control<GIntEdit>(tool, "Scale").setValue(60);
+        panel.resize(panel.width() + 50, panel.height());
+        const QImage first(findPatterns({builtInPatterns()}).first());
+        PaintToolStructurePreviewJob job;
+        const auto expected = [&] {
+            return job.compute({first, 4.0, 0.6, 0.0, preview.size() * preview.devicePixelRatio()});
+        };
+        QTRY_COMPARE(preview.picture(), expected());
+        const QPoint middle = preview.rect().center();
+        QCOMPARE(preview.grab().toImage().pixel(middle), expected().pixel(middle));
+
+        QDesktopServices::setUrlHandler("ve"_s, this, "open");
+        const auto labels = panel.findChildren<QLabel *>();
+        const auto link = std::find_if(labels.begin(), labels.end(), [](const QLabel *label) {
+            return label->text() == "<p>Open <a href='ve://preferences' style='color: #8080ff'> "
+                                    "Preferences</a> to add your own patterns"_s;
+        });
+        QVERIFY(link != labels.end());
+        Q_EMIT(*link)->linkActivated("ve://preferences"_s);
+        QDesktopServices::unsetUrlHandler("ve"_s);
+        QCOMPARE(m_opened, QUrl("ve://preferences"_s));
+    }
+
+public Q_SLOTS:
+    void open(const QUrl &url) { m_opened = url; }
+
+private:
+    /// The user's folder of patterns.
+    struct PatternFolder
+    {
+        PatternFolder(std::initializer_list<std::pair<const char *, QImage>> files)
+        {
+            folder.write("patterns/empty"_s, {});
+            settings.setValue("patterns"_s, folder.path("patterns"_s));
+            for (const auto &[name, image] : files)
+                add(name, image);
+        }
+        QString path(const char *name) const
+        {
+            return folder.path("patterns/"_s + QLatin1String(name));
+        }
+        void add(const char *name, const QImage &image) const { image.save(path(name)); }
+
+        Folder folder;
+        GSettings settings;
+    };
+
+    QUrl m_opened;
+};
+
+QTEST_MAIN(TestSurfaceTools)
+#include "tst_SurfaceTools.moc"
