@@ -1,11 +1,17 @@
 #include "Ratio.h"
+#include "framework/GApplication.h"
 #include "model/Project.h"
 #include "preview/NormalMapEditorScene.h"
+#include "tools/PaintToolAngleBrush.h"
+#include "tools/PaintToolBlurBrush.h"
+#include "tools/PaintToolEraser.h"
 #include "tools/PaintToolHeightBrush.h"
+#include "tools/PaintToolStructure.h"
 #include "ui/PaintingWindow.h"
 
 #include <algorithm>
 #include <cmath>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -23,8 +29,17 @@ std::unique_ptr<PaintTool> make()
     return std::make_unique<Tool>();
 }
 
+std::unique_ptr<PaintTool> makeStructureBrush()
+{
+    return std::make_unique<PaintToolStructure>(static_cast<GApplication *>(qApp)->settings());
+}
+
 const Brush brushes[] = {
     {"height brush", make<PaintToolHeightBrush>},
+    {"angle brush", make<PaintToolAngleBrush>},
+    {"eraser", make<PaintToolEraser>},
+    {"smoothness brush", make<PaintToolBlurBrush>},
+    {"structure brush", makeStructureBrush},
 };
 
 double millisecondsOf(const std::function<void()> &work)
@@ -50,12 +65,15 @@ public:
 
     void paint(int steps)
     {
+        const int before = m_window.results();
         for (int step = 0; step < steps; ++step) {
             advance();
             m_window.moveTo(m_place);
             m_window.waitForNormalMap();
             m_window.upload();
         }
+        if (m_window.results() < before + steps)
+            throw std::runtime_error("nothing is painted");
     }
 
 private:
@@ -110,6 +128,44 @@ auto presses(const Brush &brush)
     };
 }
 
+/// The tool becomes the active one, as by its button.
+auto activations(const Brush &brush)
+{
+    return [&brush] {
+        const auto window = std::make_shared<PaintingWindow>(4096, brush.make());
+        return [window] {
+            window->scene().setTool(nullptr);
+            window->rest();
+            const double ms = millisecondsOf([&] { window->scene().setTool(&window->tool()); });
+            window->rest();
+            return ms;
+        };
+    };
+}
+
+/// What a short stroke's undo takes before the background works on it.
+auto undos(const Brush &brush)
+{
+    return [&brush] {
+        const auto window = std::make_shared<PaintingWindow>(4096, brush.make());
+        return [window] {
+            constexpr QPoint from(1024, 1024);
+            constexpr QPoint to(1280, 1280);
+            window->press(from);
+            window->moveTo(to);
+            window->rest();
+            window->release(to);
+            window->rest();
+            QUndoStack &stack = window->project().undoStack();
+            if (stack.index() != stack.count() || !stack.canUndo())
+                throw std::runtime_error("there is no step to undo");
+            const double ms = millisecondsOf([&] { stack.undo(); });
+            window->rest();
+            return ms;
+        };
+    };
+}
+
 /// A stroke that crosses the whole body again and again, as fast as events can come.
 class Scribble
 {
@@ -128,11 +184,14 @@ public:
         m_milliseconds.clear();
         m_window.press(place(0));
         m_window.rest();
+        const int before = m_window.results();
         for (int i = 1; i <= events; ++i) {
             m_milliseconds.push_back(millisecondsOf([&] { m_window.moveTo(place(i)); }));
             m_milliseconds.push_back(millisecondsOf(PaintingWindow::deliver));
         }
         m_release = millisecondsOf([&] { m_window.release(place(events)); });
+        if (m_window.results() == before)
+            throw std::runtime_error("nothing is painted");
         std::sort(m_milliseconds.begin(), m_milliseconds.end());
         m_window.rest();
     }
@@ -184,6 +243,8 @@ const bool rows = [] {
     for (const Brush &brush : brushes) {
         addDabs(brush);
         addBudget(brush.name + ", press, 4096x4096, within 25 ms", 25.0, presses(brush));
+        addBudget(brush.name + ", activated, 4096x4096, within 25 ms", 25.0, activations(brush));
+        addBudget(brush.name + ", a stroke undone, 4096x4096, within 25 ms", 25.0, undos(brush));
         addScribbles(brush);
     }
     return true;

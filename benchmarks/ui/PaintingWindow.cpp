@@ -45,6 +45,9 @@ PaintingWindow::PaintingWindow(int side, std::unique_ptr<PaintTool> tool)
         paintedBody(project(), m_folder.filePath(QStringLiteral("sprite.png")), {side, side});
     project().bodies().setEntries({body});
     m_item = scene().spriteItem(body.get());
+    QObject::connect(&m_item->processor(), &NormalMapProcessor::normalMapChanged, m_view, [this] {
+        ++m_results;
+    });
     spin(500);
     m_view->setZoom(zoom);
     m_view->centerOn(scene().spritesRect().center());

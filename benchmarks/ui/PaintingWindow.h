@@ -38,6 +38,8 @@ public:
     void waitForNormalMap();
     /// Brings the textures up to date.
     void upload();
+    /// How many normal maps were handed over so far.
+    int results() const { return m_results; }
     /// Lets everything that goes on come to its end.
     void rest();
 
@@ -53,4 +55,5 @@ private:
     MainWindow m_window;
     EditorGraphicsView *m_view = nullptr;
     SpriteItem *m_item = nullptr;
+    int m_results = 0;
 };
