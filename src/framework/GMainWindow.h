@@ -1,9 +1,9 @@
 #pragma once
 
+#include "framework/ShortcutGroup.h"
+
 #include <QHash>
-#include <QList>
 #include <QMainWindow>
-#include <QPair>
 #include <QPointer>
 
 class GAction;
@@ -33,8 +33,6 @@ public:
         QString licence;    ///< one line, in About
         QString manualPage; ///< the resource path of the manual's first page
     };
-    /// What to do with the hand, and what happens.
-    using Gestures = QList<QPair<QString, QString>>;
 
     /// @p settings outlive the window.
     GMainWindow(GSettings &settings, const DocumentType &type, QWidget *parent = nullptr);
@@ -87,7 +85,7 @@ protected:
     GAction &saveAsAction() { return *m_saveAs; }
     GAction &manualAction() { return *m_manual; }
     /// What the list of shortcuts tells besides those of all actions.
-    void setGestures(const Gestures &gestures) { m_gestures = gestures; }
+    void setGestures(const QList<ShortcutGroup> &gestures) { m_gestures = gestures; }
 
     void closeEvent(QCloseEvent *event) override;
     void changeEvent(QEvent *event) override;
@@ -120,5 +118,5 @@ private:
     RecentFiles *m_recent;
     QHash<QString, QAction *> m_panelActions;
     QHash<QString, QPointer<QDialog>> m_dialogs;
-    Gestures m_gestures;
+    QList<ShortcutGroup> m_gestures;
 };

@@ -41,7 +41,7 @@ void appendMenu(const QMenu &menu, Rows &rows, QSet<const QAction *> &seen)
 
 } // namespace
 
-QList<ShortcutGroup> shortcutGroups(const QMainWindow &window, const Rows &gestures)
+QList<ShortcutGroup> shortcutGroups(const QMainWindow &window, const QList<ShortcutGroup> &gestures)
 {
     QList<ShortcutGroup> groups;
     const auto appendGroup = [&groups](const QString &title, const Rows &rows) {
@@ -62,8 +62,7 @@ QList<ShortcutGroup> shortcutGroups(const QMainWindow &window, const Rows &gestu
     for (const QAction *action : window.findChildren<QAction *>())
         appendRow(*action, others, seen);
     appendGroup(ShortcutsDialog::tr("Further keys"), others);
-    appendGroup(ShortcutsDialog::tr("Mouse and pen"), gestures);
-    return groups;
+    return groups + gestures;
 }
 
 ShortcutsDialog::ShortcutsDialog(const QList<ShortcutGroup> &groups, QWidget *parent)

@@ -1,23 +1,16 @@
 #pragma once
 
+#include "framework/ShortcutGroup.h"
+
 #include <QDialog>
-#include <QList>
-#include <QPair>
 
 class QMainWindow;
 class QTreeWidget;
 
-/// Commands with their keys, or gestures with what they do, under a title.
-struct ShortcutGroup
-{
-    QString title;
-    QList<QPair<QString, QString>> rows;
-};
-
 /// The actions of @p window that have shortcuts, by the menus that hold them, then those outside
 /// of menus; then @p gestures.
 QList<ShortcutGroup> shortcutGroups(const QMainWindow &window,
-                                    const QList<QPair<QString, QString>> &gestures);
+                                    const QList<ShortcutGroup> &gestures);
 
 /// The list of all shortcuts, with a line to search in it.
 class ShortcutsDialog : public QDialog

@@ -43,10 +43,18 @@ void PaintTool::addShortcut(const QKeySequence &keys, const std::function<void()
     m_shortcuts.append(shortcut);
 }
 
-void PaintTool::setInUse(bool isInUse)
+void PaintTool::moveShortcuts(QWidget &widget)
 {
     for (QShortcut *shortcut : std::as_const(m_shortcuts))
-        shortcut->setEnabled(isInUse);
+        shortcut->setParent(&widget);
+}
+
+void PaintTool::setInUse(bool isInUse)
+{
+    for (QShortcut *shortcut : std::as_const(m_shortcuts)) {
+        if (shortcut)
+            shortcut->setEnabled(isInUse);
+    }
     if (m_panel)
         m_panel->setCommandsEnabled(isInUse);
 }

@@ -9,6 +9,7 @@
 #include "tools/ToolPointerEvent.h"
 
 #include <QImage>
+#include <QPointer>
 #include <QRect>
 #include <QVector>
 
@@ -42,6 +43,8 @@ public:
 
     QString text() const;
     QWidget *settingsPanel() const { return m_settingsPanel.get(); }
+    /// The shortcuts work while @p widget is to be seen, instead of the panel.
+    void moveShortcuts(QWidget &widget);
     /// What is kept between runs.
     QVector<ToolSetting> settings() const;
     /// 0 for tools that paint nothing, 1 for brushes, 2 for the brush that sets an angle.
@@ -91,5 +94,5 @@ private:
 
     std::unique_ptr<QWidget> m_settingsPanel;
     std::unique_ptr<ToolPanel> m_panel;
-    QVector<QShortcut *> m_shortcuts; // children of the panel
+    QVector<QPointer<QShortcut>> m_shortcuts; // children of the panel, or of another widget
 };

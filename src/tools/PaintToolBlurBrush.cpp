@@ -51,8 +51,10 @@ void PaintToolBlurBrush::updateNormalMap(AngleImage normalmap)
 {
     const bool isAnother = !normalmap.sharesCellsWith(currentImage());
     // What was undone in mid-stroke would come back by the blurred copy.
-    if (isStrokeOpen() && isAnother)
+    if (isStrokeOpen() && isAnother) {
         dropStrokeSource();
+        m_blur.forget();
+    }
     PaintToolBrushFromSurface::updateNormalMap(std::move(normalmap));
     if (isAnother)
         requestBlur();

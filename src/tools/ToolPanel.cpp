@@ -3,13 +3,15 @@
 #include "framework/ControlSizes.h"
 #include "framework/GDoubleEdit.h"
 #include "framework/GIntEdit.h"
-#include "framework/PanelLabels.h"
+#include "framework/KeysText.h"
 #include "framework/UiScale.h"
 
 #include <QComboBox>
 #include <QGridLayout>
 #include <QLabel>
 #include <QPushButton>
+
+#include <cmath>
 
 namespace {
 constexpr int roomAboveHelp = 16;
@@ -35,14 +37,16 @@ Edit *ToolPanel::addNumberRow(const QString &label,
     auto *edit = new Edit(&m_panel);
     edit->setObjectName(objectName);
     edit->setScale(scale);
-    edit->setSuffix(unit);
+    // A degree sign stands close to its number.
+    const bool isApart = !unit.isEmpty() && unit != QStringLiteral("°");
+    edit->setSuffix(isApart ? QLatin1Char(' ') + unit : unit);
     edit->setLabel(label);
     edit->setValue(value);
     addRow(label, edit);
     keepSetting({objectName,
                  [edit] { return edit->value(); },
-                 [edit](const QVariant &kept) {
-                     if (kept.canConvert<Number>())
+                 [edit](QVariant kept) {
+                     if (kept.convert(qMetaTypeId<Number>()) && std::isfinite(kept.toDouble()))
                          edit->setValue(kept.value<Number>());
                  }});
     return edit;
@@ -120,7 +124,7 @@ QLabel *ToolPanel::addHelp(const QString &text)
     const int row = m_grid->rowCount();
     m_grid->setRowMinimumHeight(row, scaled(roomAboveHelp));
     m_grid->setRowStretch(row, 1);
-    QLabel *help = createQuietText(text, &m_panel);
+    auto *help = new KeysText(text, &m_panel);
     m_grid->addWidget(help, row + 1, 0, 1, 2);
     return help;
 }

@@ -55,7 +55,8 @@ public:
     /// A button over both columns that works while there is something to work on.
     QPushButton *addCommand(const QString &text, const QString &objectName);
     void setCommandsEnabled(bool isEnabled);
-    /// Quiet text at the end, behind an empty row that takes the room that is left.
+    /// Quiet text at the end, behind an empty row that takes the room that is left. Lines such as
+    /// "X | toggle up/down" stand in two columns.
     QLabel *addHelp(const QString &text);
 
     void keepSetting(const ToolSetting &setting) { m_settings.append(setting); }

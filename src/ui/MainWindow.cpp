@@ -11,8 +11,9 @@
 #include "preview/GraphicsCheck.h"
 #include "preview/NormalMapEditorScene.h"
 #include "preview/ZoomWidget.h"
-#include "tools/PaintToolMove.h"
+#include "tools/PaintTool.h"
 #include "ui/DroppedPaths.h"
+#include "ui/EditorTools.h"
 #include "ui/ExportActions.h"
 #include "ui/FeedbackDialog.h"
 #include "ui/NormalMapEditor.h"
@@ -48,14 +49,6 @@ GMainWindow::ApplicationTexts applicationTexts()
             QStringLiteral(":/manual/index.html")};
 }
 
-// A brush is added here, and nowhere else in the window.
-std::vector<std::unique_ptr<PaintTool>> makeTools()
-{
-    std::vector<std::unique_ptr<PaintTool>> tools;
-    tools.push_back(std::make_unique<PaintToolMove>());
-    return tools;
-}
-
 bool isProjectFile(const QString &path)
 {
     return path.endsWith(QLatin1String(".vep"), Qt::CaseInsensitive) ||
@@ -77,7 +70,11 @@ MainWindow::MainWindow(GApplication &application, QWidget *parent)
     , m_controller(application.settings(), m_prompts)
     , m_sprites(new SpritesSidebar(m_controller.selection(), this))
     , m_editor(new NormalMapEditor(m_controller.selection(), this))
-    , m_tools(new ToolsSidebar(m_controller.selection(), makeTools(), {}, this))
+    , m_tools(new ToolsSidebar(m_controller.selection(),
+                               application.settings(),
+                               makeTools(application.settings()),
+                               {},
+                               this))
     , m_zoom(new ZoomWidget(this))
     , m_pointed(new QLabel(this))
     , m_spriteActions(
@@ -164,12 +161,14 @@ void MainWindow::createMenus()
     help->addSeparator();
     help->addAction(m_feedback);
     connect(m_feedback, &QAction::triggered, this, &MainWindow::showFeedback);
-    setGestures({{tr("Drag the light"), tr("moves it over the sprites")},
-                 {tr("Alt+Wheel"), tr("zooms, keeping the pixel under the pointer")},
-                 {tr("Space and drag, middle button"), tr("pans the view")},
-                 {tr("P"), tr("places the light at the pointer")},
-                 {tr("Ctrl or Shift and click"), tr("adds a sprite to the selection")},
-                 {tr("Drag over the empty view"), tr("selects the sprites in the rectangle")}});
+    const ShortcutGroup view{tr("View and sprites"),
+                             {{tr("Move the light"), tr("Drag it")},
+                              {tr("Place the light at the pointer"), tr("P")},
+                              {tr("Zoom around the pointer"), tr("Alt+Wheel")},
+                              {tr("Pan"), tr("Space+Drag, middle button")},
+                              {tr("Add a sprite to the selection"), tr("Ctrl or Shift+Click")},
+                              {tr("Select the sprites in a frame"), tr("Drag beside sprites")}}};
+    setGestures(QList<ShortcutGroup>{view} + toolGestures());
 }
 
 void MainWindow::createEditMenu()
@@ -247,6 +246,7 @@ void MainWindow::installProject()
     m_sprites->setProject(&project);
     m_editor->setProject(&project);
     m_undoActions->setStack(project.undoStack());
+    m_tools->reloadTools();
     connect(&project.undoStack(), &GUndoStack::indexChanged, this, [this] {
         updateTitle();
         updateActions();
@@ -372,6 +372,7 @@ void MainWindow::showPointedPixel(const PointedPixel &pixel)
 void MainWindow::showPreferences()
 {
     PreferencesDialog(m_application, this).exec();
+    m_tools->reloadTools();
 }
 
 void MainWindow::showFeedback()

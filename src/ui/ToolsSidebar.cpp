@@ -1,11 +1,13 @@
 #include "ui/ToolsSidebar.h"
 
+#include "base/GSettings.h"
 #include "framework/GAction.h"
 #include "framework/PanelLabels.h"
 #include "framework/UiScale.h"
 #include "model/Body.h"
 #include "model/ItemSelectionModel.h"
 #include "tools/PaintTool.h"
+#include "tools/ToolPanel.h"
 #include "ui/PanelArea.h"
 
 #include <QActionGroup>
@@ -13,6 +15,7 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QMenu>
+#include <QScrollBar>
 #include <QToolButton>
 #include <QVBoxLayout>
 
@@ -21,6 +24,21 @@
 namespace {
 constexpr int edge = 12;
 constexpr int buttonsInARow = 4;
+
+QString activeToolKey()
+{
+    return QStringLiteral("activeTool");
+}
+
+QString nameOf(const PaintTool &tool)
+{
+    return QString::fromLatin1(tool.metaObject()->className());
+}
+
+QString keyOf(const PaintTool &tool, const ToolSetting &setting)
+{
+    return nameOf(tool) + QLatin1Char('/') + setting.key;
+}
 
 QToolButton *createToolButton(QAction &action)
 {
@@ -59,11 +77,13 @@ QString helpOn(const PaintTool &tool)
 } // namespace
 
 ToolsSidebar::ToolsSidebar(ItemSelectionModel &selection,
+                           GSettings &settings,
                            std::vector<std::unique_ptr<PaintTool>> tools,
                            std::vector<std::unique_ptr<AngleImageTool>> effects,
                            QWidget *parent)
     : QWidget(parent)
     , m_selection(selection)
+    , m_store(settings)
     , m_tools(std::move(tools))
     , m_effects(std::move(effects))
     , m_actions(new QActionGroup(this))
@@ -97,13 +117,18 @@ ToolsSidebar::ToolsSidebar(ItemSelectionModel &selection,
         if (m_selection.selection().size() != m_selectedCount)
             updateActions();
     });
+    restoreSettings();
     if (!m_tools.empty())
-        activate(m_tools.front().get());
+        activate(lastActiveTool());
     updateActions();
 }
 
 // The tools go before the base class, and their panels leave the layout with them.
-ToolsSidebar::~ToolsSidebar() = default;
+ToolsSidebar::~ToolsSidebar()
+{
+    for (const auto &tool : m_tools)
+        keepSettings(*tool);
+}
 
 void ToolsSidebar::setOpenEffect(AngleImageTool *effect)
 {
@@ -139,6 +164,12 @@ void ToolsSidebar::addToolActions(QMenu &menu) const
 {
     for (const auto &tool : m_tools)
         menu.addAction(&tool->action());
+}
+
+void ToolsSidebar::reloadTools()
+{
+    for (const auto &tool : m_tools)
+        tool->reload();
 }
 
 QWidget *ToolsSidebar::createButtons(const QString &title,
@@ -186,6 +217,8 @@ QWidget *ToolsSidebar::createSettings()
             panel->layout()->setContentsMargins(scaled(edge), 0, scaled(edge), scaled(edge));
         m_settings->addPanel(panel);
         panel->hide();
+        // The keys go on working while the sidebar is hidden.
+        tool->moveShortcuts(*window());
     }
     return section;
 }
@@ -226,9 +259,13 @@ void ToolsSidebar::takeTriggered(QAction *action)
 
 void ToolsSidebar::activate(PaintTool *tool)
 {
+    if (m_activeTool)
+        keepSettings(*m_activeTool);
     m_activeTool = tool;
-    if (tool)
+    if (tool) {
         tool->action().setChecked(true);
+        m_store.setValue(activeToolKey(), nameOf(*tool));
+    }
     showSettings();
     Q_EMIT activeToolChanged(tool);
 }
@@ -241,4 +278,30 @@ void ToolsSidebar::showSettings()
     m_help->setVisible(!showsPanel);
     m_help->setText(m_activeTool ? helpOn(*m_activeTool)
                                  : tr("Apply or discard the effect to go on with a tool."));
+    m_settings->verticalScrollBar()->setValue(0);
+}
+
+void ToolsSidebar::restoreSettings()
+{
+    for (const auto &tool : m_tools) {
+        for (const ToolSetting &setting : tool->settings()) {
+            const QVariant kept = m_store.value(keyOf(*tool, setting));
+            if (kept.isValid())
+                setting.write(kept);
+        }
+    }
+}
+
+void ToolsSidebar::keepSettings(const PaintTool &tool)
+{
+    for (const ToolSetting &setting : tool.settings())
+        m_store.setValue(keyOf(tool, setting), setting.read());
+}
+
+PaintTool *ToolsSidebar::lastActiveTool() const
+{
+    const QString name = m_store.value(activeToolKey()).toString();
+    const auto isIt = [&name](const auto &tool) { return nameOf(*tool) == name; };
+    const auto last = std::find_if(m_tools.begin(), m_tools.end(), isIt);
+    return last == m_tools.end() ? m_tools.front().get() : last->get();
 }

@@ -6,6 +6,7 @@
 #include <vector>
 
 class AngleImageTool;
+class GSettings;
 class ItemSelectionModel;
 class PaintTool;
 class PanelArea;
@@ -18,15 +19,17 @@ class QMenu;
 QT_END_NAMESPACE
 
 /// The right panel: effects, tools, and the settings of the active tool. Everything in it is made
-/// from the list of tools.
+/// from the list of tools. What is set in them, and which one is active, is kept between runs.
 class ToolsSidebar : public QWidget
 {
     Q_OBJECT
 
 public:
-    /// Owns @p tools, the first of which is active at the start, and @p effects. Those without a
-    /// short label get no button.
+    /// Owns @p tools and @p effects. Those without a short label get no button. Active at the start
+    /// is the tool that was so in the last run, otherwise the first one. @p settings outlive the
+    /// sidebar.
     ToolsSidebar(ItemSelectionModel &selection,
+                 GSettings &settings,
                  std::vector<std::unique_ptr<PaintTool>> tools,
                  std::vector<std::unique_ptr<AngleImageTool>> effects,
                  QWidget *parent = nullptr);
@@ -41,6 +44,8 @@ public:
     /// too.
     void updateActions();
     void addToolActions(QMenu &menu) const;
+    /// Lets all tools read anew what lies outside of the document.
+    void reloadTools();
 
 Q_SIGNALS:
     /// Null when an effect takes over.
@@ -57,8 +62,12 @@ private:
     void takeTriggered(QAction *action);
     void activate(PaintTool *tool);
     void showSettings();
+    void restoreSettings();
+    void keepSettings(const PaintTool &tool);
+    PaintTool *lastActiveTool() const;
 
     ItemSelectionModel &m_selection;
+    GSettings &m_store;
     std::vector<std::unique_ptr<PaintTool>> m_tools;
     std::vector<std::unique_ptr<AngleImageTool>> m_effects;
     QActionGroup *m_actions;

@@ -27,6 +27,7 @@ public:
     void keyPress(int key, Qt::KeyboardModifiers modifiers) override;
     void keyRelease(int key, Qt::KeyboardModifiers modifiers) override;
     bool turnWheel(double notches, Qt::KeyboardModifiers modifiers) override;
+    void reload() override { log(QStringLiteral("reload")); }
     QGraphicsItem *overlayItem() const override { return overlay; }
     void updateTexture(QImage image) override { log(QStringLiteral("texture"), image.size()); }
     void updateNormalMap(AngleImage normalmap) override;

@@ -29,11 +29,6 @@ Control &control(const QWidget &panel, const char *name)
     return *panel.findChild<Control *>(QLatin1String(name));
 }
 
-QString numbers(const PaintTool &tool)
-{
-    return control<QLabel>(*tool.settingsPanel(), "Slope").text();
-}
-
 /// Whose cell at (5, 6) is steep.
 AngleImage someSurface()
 {
@@ -153,29 +148,22 @@ private Q_SLOTS:
         eraser.eraseAll(); // of nothing
     }
 
-    void picks_data()
-    {
-        QTest::addColumn<QPointF>("place");
-        QTest::addColumn<QString>("picked");
-        QTest::newRow("opaque") << QPointF(5.9, 6.9) << "x 2.73  y -1.17";
-        QTest::newRow("transparent") << QPointF(9, 9) << "x 0.00  y 0.00";
-        QTest::newRow("outside") << QPointF(-1.5, 9) << "";
-    }
-
     void picks()
     {
-        QFETCH(QPointF, place);
-        QFETCH(QString, picked);
         PaintToolAngleBrush tool;
         const PaintedSurface surface(tool, someSurface());
         QImage texture(60, 50, QImage::Format_ARGB32);
         texture.fill(Qt::red);
         texture.setPixel(9, 9, 0);
         tool.updateTexture(texture);
-        surface.paint({{30, 30}}, Qt::AltModifier);
-        const QString before = numbers(tool);
-        surface.paint({{31, 31}, {30, 30}, place}, Qt::AltModifier);
-        QCOMPARE(numbers(tool), picked.isEmpty() ? before : picked);
+        const QString opaque = "x 2.73  y -1.17"_s;
+        const auto pick = [&](const QPointF &last) {
+            surface.paint({{30, 30}, {5, 6}, last}, Qt::AltModifier);
+            return control<QLabel>(*tool.settingsPanel(), "Slope").text();
+        };
+        QCOMPARE(pick({5.9, 6.9}), opaque);
+        QCOMPARE(pick({9, 9}), "x 0.00  y 0.00"_s); // transparent
+        QCOMPARE(pick({-1.5, 9}), opaque);
         QVERIFY(surface.areas.isEmpty() && surface.commits.isEmpty());
         // With another key held, too, it is a stroke.
         surface.paint({{31, 31}}, Qt::AltModifier | Qt::ShiftModifier);

@@ -1,6 +1,7 @@
 #include "base/GSettings.h"
 #include "base/Resources.h"
 #include "framework/GApplication.h"
+#include "framework/GIntEdit.h"
 #include "model/Body.h"
 #include "model/Project.h"
 #include "model/PropertyAngleImage.h"
@@ -16,9 +17,11 @@
 #include "support/Gestures.h"
 #include "support/Readability.h"
 #include "support/Widgets.h"
+#include "tools/PaintTool.h"
 #include "ui/MainWindow.h"
 #include "ui/NormalMapEditor.h"
 #include "ui/ShapeTreeView.h"
+#include "ui/ToolsSidebar.h"
 
 #include <QAction>
 #include <QComboBox>
@@ -27,6 +30,7 @@
 #include <QMenuBar>
 #include <QMimeData>
 #include <QSettings>
+#include <QShortcut>
 #include <QSlider>
 #include <QTest>
 #include <QUrl>
@@ -176,6 +180,53 @@ private Q_SLOTS:
         QVERIFY(m_window->isWindowModified());
         trigger("Undo"_s);
         QCOMPARE(scene.light().position().z(), 32.0F);
+    }
+
+    void keysOfToolsClashWithNothing()
+    {
+        addSprites({"a.png"_s});
+        const auto tools = m_window->findChild<ToolsSidebar *>()->actions();
+        const auto actions = tools + m_window->findChildren<QAction *>();
+        for (QAction *tool : tools) {
+            tool->trigger();
+            QList<QKeySequence> keys;
+            for (const QAction *each : actions)
+                keys += each->shortcuts();
+            for (const QShortcut *each : m_window->findChildren<QShortcut *>()) {
+                if (each->isEnabled())
+                    keys << each->key();
+            }
+            QVERIFY(keys.size() > 30);
+            for (const QKeySequence &key : keys)
+                QVERIFY2(keys.count(key) == 1, qPrintable(key.toString()));
+        }
+    }
+
+    void keysOfToolsWorkInTheViewAndAreTextInFields()
+    {
+        addSprites({"a.png"_s});
+        QWidget &view = m_window->findChild<NormalMapEditor *>()->view();
+        view.setFocus();
+        const auto activeTool = [this] {
+            return m_window->findChild<ToolsSidebar *>()->activeTool()->text();
+        };
+        QTest::keyClick(&view, Qt::Key_B);
+        QCOMPARE(activeTool(), "Height brush"_s);
+        const auto *size = m_window->findChild<GIntEdit *>("BrushSize"_s);
+        QTest::keyClick(&view, Qt::Key_BracketRight);
+        const int larger = size->value();
+        QVERIFY(larger > 30);
+        trigger("Tools"_s); // hides the sidebar
+        QVERIFY(!size->isVisible());
+        QTest::keyClick(&view, Qt::Key_BracketLeft);
+        QVERIFY(size->value() < larger);
+        clickRow(0);
+        QTest::keyClick(&list(), Qt::Key_F2);
+        QTest::keyClicks(QApplication::focusWidget(), "xv]1"_s);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+        QTRY_COMPARE(names(), QStringList{"xv]1"_s});
+        QCOMPARE(activeTool(), "Height brush"_s);
+        QVERIFY(size->value() < larger);
     }
 
     void whatIsBeingTypedIsSavedOrAskedFor()

@@ -1,10 +1,14 @@
+#include "base/GSettings.h"
 #include "base/Resources.h"
 #include "framework/GAction.h"
+#include "framework/GIntEdit.h"
 #include "model/ItemSelectionModel.h"
 #include "model/Project.h"
 #include "support/Documents.h"
 #include "support/FakeTool.h"
 #include "support/Widgets.h"
+#include "tools/ToolPanel.h"
+#include "ui/EditorTools.h"
 #include "ui/ShapeTreeView.h"
 #include "ui/SpritesSidebar.h"
 #include "ui/ToolsSidebar.h"
@@ -12,6 +16,7 @@
 #include <QCheckBox>
 #include <QGridLayout>
 #include <QLabel>
+#include <QSettings>
 #include <QSlider>
 #include <QTest>
 #include <QToolButton>
@@ -53,6 +58,7 @@ private Q_SLOTS:
         for (int i = 0; i < 3; ++i)
             addBody(*m_project, QString::number(i));
         m_selection.setProject(m_project.get());
+        m_settings = std::make_unique<GSettings>();
     }
 
     void cleanup()
@@ -188,6 +194,7 @@ private Q_SLOTS:
         QVERIFY(shows(sidebar, "Effects"_s));
         const auto &plain =
             show(std::make_unique<ToolsSidebar>(m_selection,
+                                                *m_settings,
                                                 std::vector<std::unique_ptr<PaintTool>>(),
                                                 std::vector<std::unique_ptr<AngleImageTool>>()));
         QVERIFY(!shows(plain, "Effects"_s));
@@ -231,6 +238,67 @@ private Q_SLOTS:
         QCOMPARE(m_activated, QStringList({"several"_s, QString(), "several"_s}));
     }
 
+    void toolsAreReloaded()
+    {
+        showTools().reloadTools();
+        for (int tool = 0; tool < 2; ++tool)
+            QCOMPARE(static_cast<FakeTool *>(m_tools[tool])->takeLog(), QByteArray("reload"));
+    }
+
+    void settingsAreKeptBetweenRuns()
+    {
+        const Folder folder;
+        const auto run = [&]() -> ToolsSidebar & {
+            m_window.reset();
+            m_settings = std::make_unique<GSettings>(
+                std::make_unique<QSettings>(folder.path("kept.ini"_s), QSettings::IniFormat));
+            return showEditorTools();
+        };
+        const auto &sidebar = run();
+        select(1);
+        QCOMPARE(sidebar.activeTool(), m_editorTools[0]);
+        const QByteArray atFirst = toolSettings();
+        for (const PaintTool *tool : m_editorTools) {
+            for (const ToolSetting &setting : tool->settings())
+                setting.write(2);
+        }
+        const QByteArray chosen = toolSettings();
+        QVERIFY(chosen != atFirst);
+        m_editorTools[1]->action().trigger();
+        const auto &next = run();
+        QCOMPARE(toolSettings(), chosen);
+        QCOMPARE(next.activeTool(), m_editorTools[1]);
+        QVERIFY(next.activeTool()->settingsPanel()->isVisible());
+    }
+
+    // Such as a hand or another version left in the file.
+    void oddSettingsDoNoHarm()
+    {
+        showEditorTools();
+        const QByteArray atFirst = toolSettings();
+        const auto showWith = [this](const QVariant &value) {
+            m_settings->setValue("activeTool"_s, value);
+            for (const PaintTool *tool : m_editorTools) {
+                const QString name = QLatin1String(tool->metaObject()->className());
+                for (const ToolSetting &setting : tool->settings())
+                    m_settings->setValue(name + QLatin1Char('/') + setting.key, value);
+            }
+            return showEditorTools().activeTool();
+        };
+        for (const QVariant &value : {QVariant("abc"_s), {"nan"_s}, {QString()}, {QStringList()}}) {
+            const PaintTool *active = showWith(value);
+            QCOMPARE(active, m_editorTools.first());
+            QCOMPARE(toolSettings(), atFirst);
+        }
+        const auto size = [this] {
+            return m_window->findChild<GIntEdit *>("BrushSize"_s)->value();
+        };
+        showWith(-1000000);
+        QCOMPARE(size(), 1);
+        showWith("1000000"_s);
+        QCOMPARE(size(), 500);
+    }
+
 private:
     template <class Sidebar>
     Sidebar &show(std::unique_ptr<Sidebar> sidebar)
@@ -253,13 +321,36 @@ private:
         m_tools = {tools[0].get(), tools[1].get(), effects[0].get(), effects[1].get()};
         auto *layout = new QGridLayout(tools.front()->settingsPanel());
         layout->addWidget(new QLabel("setting of one"_s));
-        auto &sidebar =
-            show(std::make_unique<ToolsSidebar>(m_selection, std::move(tools), std::move(effects)));
+        auto &sidebar = show(std::make_unique<ToolsSidebar>(
+            m_selection, *m_settings, std::move(tools), std::move(effects)));
         m_activated.clear();
         connect(&sidebar, &ToolsSidebar::activeToolChanged, this, [this](const PaintTool *tool) {
             m_activated << (tool ? tool->action().text() : QString());
         });
         return sidebar;
+    }
+
+    ToolsSidebar &showEditorTools()
+    {
+        auto tools = makeTools(*m_settings);
+        m_editorTools.clear();
+        for (const auto &tool : tools)
+            m_editorTools.append(tool.get());
+        return show(std::make_unique<ToolsSidebar>(m_selection,
+                                                   *m_settings,
+                                                   std::move(tools),
+                                                   std::vector<std::unique_ptr<AngleImageTool>>()));
+    }
+
+    /// All that the editor's tools keep, in lines.
+    QByteArray toolSettings() const
+    {
+        QStringList lines;
+        for (const PaintTool *tool : m_editorTools) {
+            for (const ToolSetting &setting : tool->settings())
+                lines << tool->text() + setting.key + setting.read().toString();
+        }
+        return lines.join(QLatin1Char('\n')).toUtf8();
     }
 
     void select(int count)
@@ -280,8 +371,10 @@ private:
 
     std::unique_ptr<Project> m_project;
     ItemSelectionModel m_selection;
+    std::unique_ptr<GSettings> m_settings;
     std::unique_ptr<QWidget> m_window;
     QVector<AngleImageTool *> m_tools;
+    QVector<PaintTool *> m_editorTools;
     QStringList m_activated;
 };
 

@@ -1,0 +1,15 @@
+#pragma once
+
+#include "framework/ShortcutGroup.h"
+
+#include <memory>
+#include <vector>
+
+class GSettings;
+class PaintTool;
+
+/// All tools of the editor, in the order of their buttons. @p settings outlive them.
+std::vector<std::unique_ptr<PaintTool>> makeTools(const GSettings &settings);
+
+/// What mouse, pen and keys do while a tool is used, for the list of shortcuts.
+QList<ShortcutGroup> toolGestures();
