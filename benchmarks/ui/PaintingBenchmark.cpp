@@ -111,16 +111,19 @@ void addDabs(const Brush &brush)
     });
 }
 
-/// Presses here and there, each the first of a stroke.
+/// A press and its result, right after another stroke has ended and been worked on.
 auto presses(const Brush &brush)
 {
     return [&brush] {
         const auto window = std::make_shared<PaintingWindow>(4096, brush.make());
         window->setBrushSize(32);
-        return [window] {
-            const QPoint place(1024, 1024);
-            const double ms = millisecondsOf([&] { window->press(place); });
-            window->waitForNormalMap();
+        QPoint place(1024, 1024);
+        return [window, place]() mutable {
+            place.rx() += 64; // where something is left to do
+            const double ms = millisecondsOf([&] {
+                window->press(place);
+                window->waitForNormalMap();
+            });
             window->release(place);
             window->rest();
             return ms;
@@ -166,6 +169,28 @@ auto undos(const Brush &brush)
     };
 }
 
+/// What is left to show when a stroke has ended, textures included.
+auto ends(const Brush &brush)
+{
+    return [&brush] {
+        const auto window = std::make_shared<PaintingWindow>(4096, brush.make());
+        QPoint place(1024, 1024);
+        return [window, place]() mutable {
+            place.rx() += 64;
+            window->press(place);
+            window->waitForNormalMap();
+            window->upload();
+            window->release(place);
+            const double ms = millisecondsOf([&] {
+                window->waitForNormalMap();
+                window->upload();
+            });
+            window->rest();
+            return ms;
+        };
+    };
+}
+
 /// A stroke that crosses the whole body again and again, as fast as events can come.
 class Scribble
 {
@@ -193,6 +218,9 @@ public:
         if (m_window.results() == before)
             throw std::runtime_error("nothing is painted");
         std::sort(m_milliseconds.begin(), m_milliseconds.end());
+        m_window.rest();
+        // The next one shall have as much to do.
+        m_window.project().undoStack().undo();
         m_window.rest();
     }
 
@@ -245,6 +273,7 @@ const bool rows = [] {
         addBudget(brush.name + ", press, 4096x4096, within 25 ms", 25.0, presses(brush));
         addBudget(brush.name + ", activated, 4096x4096, within 25 ms", 25.0, activations(brush));
         addBudget(brush.name + ", a stroke undone, 4096x4096, within 25 ms", 25.0, undos(brush));
+        addBudget(brush.name + ", its end shown, 4096x4096, within 25 ms", 25.0, ends(brush));
         addScribbles(brush);
     }
     return true;
