@@ -10,7 +10,8 @@
 namespace {
 constexpr int roomBetweenColumns = 12;
 constexpr int roomBetweenLines = 3;
-constexpr int usualWidth = 240;
+constexpr int usualWidth = 280;
+constexpr int leastWidth = 120;
 constexpr double widestKeys = 0.56; // of the whole width
 
 int keysWidth(const QStringList &line, const QFontMetrics &metrics)
@@ -64,7 +65,7 @@ QSize KeysText::sizeHint() const
 
 QSize KeysText::minimumSizeHint() const
 {
-    return {scaled(usualWidth) / 2, 0};
+    return {scaled(leastWidth), 0};
 }
 
 int KeysText::heightForWidth(int width) const

@@ -122,7 +122,8 @@ void ToolPanel::setCommandsEnabled(bool isEnabled)
 QLabel *ToolPanel::addHelp(const QString &text)
 {
     const int row = m_grid->rowCount();
-    m_grid->setRowMinimumHeight(row, scaled(roomAboveHelp));
+    if (m_grid->count() > 0)
+        m_grid->setRowMinimumHeight(row, scaled(roomAboveHelp));
     m_grid->setRowStretch(row, 1);
     auto *help = new KeysText(text, &m_panel);
     m_grid->addWidget(help, row + 1, 0, 1, 2);
