@@ -559,12 +559,44 @@ private:
         return state;
     }
 
+    static constexpr int brushes[] = {Qt::Key_B, Qt::Key_Y, Qt::Key_S, Qt::Key_E, 0};
+    static constexpr Qt::KeyboardModifiers held[] = {{}, Qt::ShiftModifier, Qt::AltModifier};
+
+    /// A stroke with something else in the middle of it; false when the kind is none.
+    static bool performInStroke(Studio &studio, const Gesture &gesture)
+    {
+        const auto [kind, from, to] = gesture;
+        const bool isKnown = kind == undoInStroke || kind == 12 || kind == 17 || kind == 19 ||
+                             (kind == 20 && studio.bodyCount() > 1);
+        if (!isKnown)
+            return false;
+        chooseBrush(studio, brushes[kind == undoInStroke ? 0 : std::abs(to.y()) % 5]);
+        studio.press(from, held[kind == 17 ? std::abs(to.x()) % 2 : 0]);
+        if (kind == undoInStroke) {
+            studio.key(Qt::Key_Z, Qt::ControlModifier);
+            studio.moveTo(to);
+        } else if (kind == 12) {
+            studio.select(std::abs(to.x()) % studio.bodyCount());
+        } else if (kind == 17) {
+            studio.moveTo(to);
+            studio.key(Qt::Key_Escape);
+        } else if (kind == 19) {
+            studio.clickRight(to);
+            studio.moveTo(to);
+            studio.key(Qt::Key_V);
+        } else {
+            studio.key(Qt::Key_Delete);
+        }
+        studio.release(to);
+        if (kind == 20)
+            studio.select(0);
+        return true;
+    }
+
     /// True when it only goes along the undo steps.
     static bool perform(Studio &studio, const Gesture &gesture, QMap<int, QByteArray> &states)
     {
         const auto [kind, from, to] = gesture;
-        constexpr int brushes[] = {Qt::Key_B, Qt::Key_Y, Qt::Key_S, Qt::Key_E, 0};
-        constexpr Qt::KeyboardModifiers held[] = {{}, Qt::ShiftModifier, Qt::AltModifier};
         if (kind < 5) {
             chooseBrush(studio, brushes[kind]);
             studio.paint({from, to, from}, held[(from.x() + 8) % 2]);
@@ -577,18 +609,6 @@ private:
                 studio.paint({corner}, held[kind - 8]);
         } else if (kind == 10) {
             studio.select(std::abs(from.x()) % studio.bodyCount());
-        } else if (kind == undoInStroke) {
-            studio.key(Qt::Key_B);
-            studio.press(from);
-            studio.key(Qt::Key_Z, Qt::ControlModifier);
-            studio.moveTo(to);
-            studio.release(to);
-            return false;
-        } else if (kind == 12) {
-            studio.key(Qt::Key_B);
-            studio.press(from);
-            studio.select(std::abs(to.x()) % studio.bodyCount());
-            studio.release(to);
         } else if (kind == 13) {
             const QByteArray state = stateOf(studio);
             RC_ASSERT(studio.openAgain());
@@ -603,30 +623,11 @@ private:
         } else if (kind == 16) { // left open
             studio.key(Qt::Key_L);
             studio.paint({from}, held[std::abs(to.x()) % 2]);
-        } else if (kind == 17) {
-            chooseBrush(studio, brushes[std::abs(to.y()) % 5]);
-            studio.press(from, held[std::abs(to.x()) % 2]);
-            studio.moveTo(to);
-            studio.key(Qt::Key_Escape);
-            studio.release(to);
         } else if (kind == 18) {
             const bool inverts = from.x() % 2 == 0;
             studio.key(inverts ? Qt::Key_I : Qt::Key_D,
                        inverts ? Qt::ShiftModifier | Qt::ControlModifier : Qt::ControlModifier);
-        } else if (kind == 19) {
-            studio.key(Qt::Key_E);
-            studio.press(from);
-            studio.clickRight(to);
-            studio.moveTo(to);
-            chooseBrush(studio, brushes[std::abs(to.y()) % 5]);
-            studio.release(to);
-        } else if (kind == 20 && studio.bodyCount() > 1) {
-            studio.key(Qt::Key_B);
-            studio.press(from);
-            studio.key(Qt::Key_Delete);
-            studio.release(from);
-            studio.select(0);
-        } else {
+        } else if (!performInStroke(studio, gesture)) {
             const bool isUndo = kind < 24;
             studio.key(Qt::Key_Z, Qt::ControlModifier | (isUndo ? held[0] : held[1]));
             return true;
