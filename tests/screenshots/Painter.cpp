@@ -57,22 +57,22 @@ void Painter::placeLight(const QPoint &place) const
 
 void Painter::heightBrush(int size, double height, int hardness, Contour contour) const
 {
-    chooseTool(QStringLiteral("Height"));
-    type(QStringLiteral("BrushSize"), size);
-    type(QStringLiteral("Height"), height);
-    type(QStringLiteral("Hardness"), hardness);
-    QWidget &button =
+    chooseTool("Height");
+    type("BrushSize", size);
+    type("Height", height);
+    type("Hardness", hardness);
+    auto &button =
         shownChild<QWidget>(m_window, QStringLiteral("Brush contour %1").arg(int(contour)));
     QTest::mouseClick(&button, Qt::LeftButton);
     view().setFocus();
 }
 
-void Painter::coverageBrush(const QString &tool, int size, int opacity, int hardness) const
+void Painter::coverageBrush(const char *tool, int size, int opacity, int hardness) const
 {
     chooseTool(tool);
-    type(QStringLiteral("BrushSize"), size);
-    type(QStringLiteral("Opacity"), opacity);
-    type(QStringLiteral("Hardness"), hardness);
+    type("BrushSize", size);
+    type("Opacity", opacity);
+    type("Hardness", hardness);
 }
 
 void Painter::structureBrush(const QString &pattern,
@@ -84,9 +84,9 @@ void Painter::structureBrush(const QString &pattern,
     QTest::keyClick(&patterns, Qt::Key_Home);
     for (int i = 0; i < patterns.count() && patterns.currentText() != pattern; ++i)
         QTest::keyClick(&patterns, Qt::Key_Down);
-    type(QStringLiteral("Intensity"), intensity);
-    type(QStringLiteral("Scale"), scale);
-    type(QStringLiteral("Rotation"), rotation);
+    type("Intensity", intensity);
+    type("Scale", scale);
+    type("Rotation", rotation);
     waitForBackground();
 }
 
@@ -123,7 +123,7 @@ void Painter::toggleDirection() const
 
 void Painter::lasso(const Points &corners) const
 {
-    chooseTool(QStringLiteral("Polygon"));
+    chooseTool("Polygon");
     click(corners);
     key(Qt::Key_Return);
 }
@@ -136,16 +136,16 @@ void Painter::click(const Points &points) const
 
 void Painter::wand(const QPoint &seed, int tolerance, Qt::KeyboardModifiers modifiers) const
 {
-    chooseTool(QStringLiteral("Color"));
-    type(QStringLiteral("Tolerance"), tolerance);
+    chooseTool("Color");
+    type("Tolerance", tolerance);
     paint({seed}, modifiers);
 }
 
 void Painter::part(const Points &corners) const
 {
     lasso(corners);
-    chooseTool(QStringLiteral("Erase"));
-    command(QStringLiteral("EraseAll"));
+    chooseTool("Erase");
+    command("EraseAll");
 }
 
 void Painter::selectNone() const

@@ -20,7 +20,7 @@ public:
     void placeLight(const QPoint &place) const;
     // The brush of that kind, set by typing; sizes in pixels, the rest in percent.
     void heightBrush(int size, double height, int hardness, Contour contour) const;
-    void coverageBrush(const QString &tool, int size, int opacity, int hardness) const;
+    void coverageBrush(const char *tool, int size, int opacity, int hardness) const;
     void structureBrush(const QString &pattern, double intensity, int scale, int rotation) const;
     /// Points beside the globe's middle, in pixels of the screen.
     void chooseAngle(const QPoint &onGlobe) const;

@@ -76,7 +76,7 @@ private:
         const Points outline =
             points("118,186 122,162 137,157 148,142 144,122 150,102 162,86 183,78 182,92 177,104 "
                    "181,118 187,134 188,148 180,168 166,182 148,191 125,190");
-        chooseTool(QStringLiteral("Polygon"));
+        chooseTool("Polygon");
         click(outline.mid(0, 12));
         hover({185, 154});
         save(QStringLiteral("2-lasso"));
@@ -184,7 +184,7 @@ private:
 
     void addFur()
     {
-        coverageBrush(QStringLiteral("Structure"), 50, 60, 0);
+        coverageBrush("Structure", 50, 60, 0);
         structureBrush(QStringLiteral("wood-grain"), 1.1, 40, 90);
         stroke(points("60,60 84,54 108,60"));
         stroke(points("45,88 62,92"));
@@ -197,18 +197,18 @@ private:
     {
         wand({65, 113}, 60);
         wand({65, 132}, 60, Qt::ShiftModifier);
-        coverageBrush(QStringLiteral("Structure"), 30, 80, 50);
+        coverageBrush("Structure", 30, 80, 50);
         structureBrush(QStringLiteral("woven-cloth"), 0.6, 30, 0);
-        command(QStringLiteral("FillAll"));
+        command("FillAll");
         selectNone();
     }
 
     void smoothJoints()
     {
-        coverageBrush(QStringLiteral("Smoothen"), 16, 100, 0);
-        type(QStringLiteral("Smoothness"), 3);
+        coverageBrush("Smoothen", 16, 100, 0);
+        type("Smoothness", 3);
         stroke(points("66,100 70,84 84,78 98,84 102,100"));
-        coverageBrush(QStringLiteral("Smoothen"), 60, 100, 60);
+        coverageBrush("Smoothen", 60, 100, 60);
         stroke(tailSpine());
     }
 
@@ -216,7 +216,7 @@ private:
     {
         for (const QPoint &eye : {QPoint(65, 77), QPoint(103, 77), QPoint(84, 89)}) {
             wand(eye, 40);
-            coverageBrush(QStringLiteral("Erase"), 24, 100, 80);
+            coverageBrush("Erase", 24, 100, 80);
             dab(eye);
             heightBrush(18, 70, 0, Round);
             dab(eye);
@@ -227,7 +227,7 @@ private:
     // What rests on the ground looks down.
     void shadeUnderside()
     {
-        coverageBrush(QStringLiteral("Angle"), 12, 70, 0);
+        coverageBrush("Angle", 12, 70, 0);
         chooseAngle({0, 40});
         stroke(points("42,187 84,187 126,187"));
     }
@@ -246,10 +246,10 @@ private:
     void facet(const QPoint &tip, const QPoint &waist)
     {
         lasso({starCentre, starCentre + tip, starCentre + waist});
-        chooseTool(QStringLiteral("Angle"));
+        chooseTool("Angle");
         key(Qt::Key_0); // opaque
         chooseAngle(QPoint(tip.x() == 0 ? waist.x() : 0, tip.y() == 0 ? waist.y() : 0) * 11);
-        command(QStringLiteral("Fill"));
+        command("Fill");
     }
 
     // ---- pictures

@@ -14,6 +14,7 @@
 #include "preview/SpriteItem.h"
 #include "support/DialogScript.h"
 #include "support/Documents.h"
+#include "support/EditorUser.h"
 #include "support/Gestures.h"
 #include "support/PaintedSurface.h"
 #include "support/Widgets.h"
@@ -69,10 +70,11 @@ private:
 };
 
 /// The window with two sprites, a and b, of which the left halves are red, and a user at it.
-class Studio
+class Studio : public EditorUser
 {
 public:
     Studio()
+        : EditorUser(m_window)
     {
         QImage picture(spriteSize, QImage::Format_ARGB32);
         picture.fill(Qt::blue);
@@ -90,14 +92,12 @@ public:
     }
 
     MainWindow &window() { return m_window; }
-    NormalMapEditorScene &scene() const { return editor().scene(); }
     GUndoStack &stack() const { return m_window.project().undoStack(); }
     Body &body(int index) const
     {
         return static_cast<Body &>(*m_window.project().bodies().entries().at(index));
     }
     AngleImage surface(int index = 0) const { return body(index).surface(); }
-    QWidget &viewport() const { return *view().viewport(); }
 
     void ready()
     {
@@ -111,40 +111,6 @@ public:
         const QRect row = list.visualRect(list.model()->index(index, 0));
         QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, row.center());
         view().setFocus();
-    }
-    /// Of the body that is selected.
-    QPoint at(const QPoint &pixel) const
-    {
-        const QPointF place = scene().spriteItem(scene().currentBody())->pos();
-        return view().mapFromScene(place + pixel + QPointF(0.5, 0.5));
-    }
-    void key(int key, Qt::KeyboardModifiers modifiers = {})
-    {
-        QTest::keyClick(&viewport(), Qt::Key(key), modifiers);
-    }
-    void press(const QPoint &pixel, Qt::KeyboardModifiers modifiers = {}) const
-    {
-        QTest::mousePress(&viewport(), Qt::LeftButton, modifiers, at(pixel));
-    }
-    void moveTo(const QPoint &pixel) const { dragTo(viewport(), at(pixel)); }
-    void release(const QPoint &pixel, Qt::KeyboardModifiers modifiers = {}) const
-    {
-        QTest::mouseRelease(&viewport(), Qt::LeftButton, modifiers, at(pixel));
-    }
-    void paint(const QVector<QPoint> &pixels, Qt::KeyboardModifiers modifiers = {}) const
-    {
-        press(pixels.first(), modifiers);
-        for (int i = 1; i < pixels.size(); ++i)
-            moveTo(pixels[i]);
-        release(pixels.last(), modifiers);
-    }
-    /// A command of the active tool's panel.
-    void command(const char *name)
-    {
-        for (auto *button : m_window.findChildren<QPushButton *>(QLatin1String(name))) {
-            if (button->isVisible())
-                button->click();
-        }
     }
     bool openAgain()
     {
@@ -175,10 +141,6 @@ public:
 
 private:
     NormalMapEditor &editor() const { return *m_window.findChild<NormalMapEditor *>(); }
-    EditorGraphicsViewVesperine &view() const
-    {
-        return *m_window.findChild<EditorGraphicsViewVesperine *>();
-    }
 
     Folder m_folder;
     MainWindow m_window{*static_cast<GApplication *>(qApp)};
