@@ -108,6 +108,7 @@ void Painter::waitForBackground()
 
 void Painter::stroke(const Points &points) const
 {
+    waitForBackground(); // nobody is faster than what a brush takes from the surface
     paint(curve(points));
 }
 
