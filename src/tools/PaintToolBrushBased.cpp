@@ -159,6 +159,7 @@ void PaintToolBrushBased::updateNormalMap(AngleImage normalmap)
 {
     m_current = std::move(normalmap);
     m_isCommitted = false;
+    setLinePreview(false);
     // What was painted so far is gone: an open stroke goes on from here.
     if (m_isOpen)
         m_stroke.begin(m_current);
