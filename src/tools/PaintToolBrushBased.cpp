@@ -16,11 +16,6 @@ namespace {
 constexpr int opacityPerKey = 10;
 constexpr Qt::KeyboardModifiers adjustModifiers = Qt::ControlModifier | Qt::AltModifier;
 
-QPoint pixelAt(const QPointF &position)
-{
-    return {qFloor(position.x()), qFloor(position.y())};
-}
-
 } // namespace
 
 PaintToolBrushBased::PaintToolBrushBased(const QIcon &icon,
@@ -88,7 +83,7 @@ void PaintToolBrushBased::mousePress(const ToolPointerEvent &event)
         m_adjustment.emplace(event.position, m_brush->settings());
     if (event.changedButton != Qt::LeftButton || m_adjustment)
         return;
-    const QPoint point = pixelAt(event.position);
+    const QPoint point = event.pixel();
     const bool wasErasing = m_isErasing;
     m_pressure = event.pressure;
     m_isErasing = event.isEraser;
@@ -112,7 +107,7 @@ void PaintToolBrushBased::mouseMove(const ToolPointerEvent &event)
         adjustTo(event.position);
     } else if (m_isOpen && event.buttons.testFlag(Qt::LeftButton)) {
         m_pressure = event.pressure;
-        continueStroke(pixelAt(event.position));
+        continueStroke(event.pixel());
         announce();
     } else if (event.buttons == Qt::NoButton) {
         setLinePreview(event.modifiers.testFlag(Qt::ShiftModifier));

@@ -1,14 +1,8 @@
 #include "tools/PaintToolSelect.h"
 
 #include <QPixmap>
-#include <QtMath>
 
 namespace {
-
-QPoint pixelOf(const ToolPointerEvent &event)
-{
-    return {qFloor(event.position.x()), qFloor(event.position.y())};
-}
 
 // X11 calls Alt Meta while Shift is held.
 Qt::KeyboardModifiers modifiersOf(int key)
@@ -79,20 +73,20 @@ void PaintToolSelect::mousePress(const ToolPointerEvent &event)
 {
     setModifiers(event.modifiers);
     if (event.changedButton == Qt::LeftButton)
-        pressAt(pixelOf(event));
+        pressAt(event.pixel());
 }
 
 void PaintToolSelect::mouseMove(const ToolPointerEvent &event)
 {
     setModifiers(event.modifiers);
-    moveTo(pixelOf(event), event.buttons.testFlag(Qt::LeftButton));
+    moveTo(event.pixel(), event.buttons.testFlag(Qt::LeftButton));
 }
 
 void PaintToolSelect::mouseDoubleClick(const ToolPointerEvent &event)
 {
     setModifiers(event.modifiers);
     if (event.changedButton == Qt::LeftButton)
-        doubleClickAt(pixelOf(event));
+        doubleClickAt(event.pixel());
 }
 
 // Whether the modifiers hold the key itself differs: X11 tells how it was before the event.

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <QPoint>
 #include <QPointF>
 #include <Qt>
+#include <QtMath>
 
 /// A press, move, release or double click, as tools see it.
 struct ToolPointerEvent
@@ -12,4 +14,7 @@ struct ToolPointerEvent
     Qt::MouseButtons buttons = Qt::NoButton;
     Qt::MouseButton changedButton = Qt::NoButton; ///< none for a move
     Qt::KeyboardModifiers modifiers = Qt::NoModifier;
+
+    /// The one that holds the position.
+    QPoint pixel() const { return {qFloor(position.x()), qFloor(position.y())}; }
 };

@@ -51,7 +51,7 @@ public:
         m_windowMenu = createWindowMenu({m_left});
         menuBar()->addMenu(m_windowMenu);
         menuBar()->addMenu(createHelpMenu({}));
-        setGestures({{"Wheel"_s, "Zoom"_s}});
+        setGestures({{"View"_s, {{"Zoom"_s, "Wheel"_s}}}});
         resize(640, 480);
         restoreLayout();
     }
@@ -319,7 +319,7 @@ private Q_SLOTS:
                 rows.append(((*row)->text(0) + QLatin1Char(' ') + (*row)->text(1)).trimmed());
             return rows.join(QLatin1Char('|'));
         };
-        QVERIFY(shown().contains("|Wheel Zoom"_s));
+        QVERIFY(shown().contains("|View|Zoom Wheel"_s));
         QTest::keyClicks(dialogs.constFirst()->findChild<QLineEdit *>(), "ctrl+"_s);
         QCOMPARE(shown(),
                  "File|New Ctrl+N|Open Ctrl+O|Save Ctrl+S|Save As Ctrl+Shift+S|"
