@@ -4,6 +4,7 @@
 
 namespace {
 constexpr double leastExtent = 8.0; // of the screen
+constexpr double seenExtent = 300.0;
 constexpr double crossGap = 5.0;
 constexpr double crossReach = 9.0;
 
@@ -14,7 +15,7 @@ QPen outlinePen(const QColor &color, double width)
     return pen;
 }
 
-/// Where a small brush is, whose outline alone is lost on a sprite.
+/// Where the middle is; for outlines that are lost on a sprite, or reach out of the view.
 void drawCross(QPainter &painter)
 {
     painter.save();
@@ -45,14 +46,15 @@ void ToolCursor::paint(QPainter *painter,
 {
     painter->setRenderHint(QPainter::Antialiasing);
     painter->setBrush(Qt::NoBrush);
-    const bool isSmall = m_cursor.extent() * painter->worldTransform().m11() < leastExtent;
+    const double extent = m_cursor.extent() * painter->worldTransform().m11();
+    const bool showsMiddle = extent < leastExtent || extent > seenExtent;
     // Light over dark is seen on every sprite.
     for (const QPen &pen :
          {outlinePen(QColor(0, 0, 0, 160), 3.0), outlinePen(QColor(255, 255, 255), 1.0)}) {
         painter->setPen(pen);
         for (const auto &shape : m_cursor.shapes())
             shape->draw(*painter);
-        if (isSmall)
+        if (showsMiddle)
             drawCross(*painter);
     }
 }

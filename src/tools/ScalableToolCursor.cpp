@@ -31,7 +31,7 @@ QPen dashedAsLine(QPen pen)
 // What follows is in pixels of the screen: a curve drawn small and zoomed would have corners.
 QTransform takeTransform(QPainter &painter)
 {
-    const QTransform transform = painter.worldTransform();
+    QTransform transform = painter.worldTransform();
     painter.setWorldTransform({});
     return transform;
 }
