@@ -5,6 +5,7 @@
 #include "base/Resources.h"
 #include "preview/GLGraphicsLight.h"
 #include "preview/NormalMapEditorScene.h"
+#include "screenshots/WindowPictures.h"
 #include "support/DialogScript.h"
 #include "ui/MainWindow.h"
 #include "ui/NormalMapEditor.h"
@@ -12,7 +13,6 @@
 
 #include <QAction>
 #include <QDir>
-#include <QScreen>
 #include <QSettings>
 #include <QTemporaryDir>
 #include <QTest>
@@ -39,7 +39,7 @@ public:
         m_application.setTheme(theme);
         MainWindow window(m_application);
         window.resize(windowSize);
-        show(window);
+        showSettled(window);
         take(window, QStringLiteral("start"));
         takeDialog(window, QStringLiteral("Preferences..."), QStringLiteral("preferences"));
         if (!window.openPath(m_project))
@@ -51,23 +51,6 @@ public:
     }
 
 private:
-    static void show(QWidget &window)
-    {
-        // Nothing is hovered over.
-        QCursor::setPos(window.screen()->geometry().bottomRight());
-        window.show();
-        waitUntilShown(window);
-    }
-
-    static void waitUntilShown(QWidget &window)
-    {
-        constexpr int settledAfter = 300; // milliseconds, normal maps and the server included
-        window.activateWindow();
-        if (!QTest::qWaitForWindowExposed(&window) || !QTest::qWaitForWindowActive(&window))
-            qWarning("The window does not come up");
-        QTest::qWait(settledAfter);
-    }
-
     // Between the sprites, where it hides none.
     static void placeLight(const MainWindow &window)
     {
@@ -81,7 +64,7 @@ private:
     {
         const char *names[] = {"texture", "lit-surface", "lit-texture", "normal-map"};
         for (int mode = 0; mode < 4; ++mode) {
-            waitUntilShown(window);
+            waitUntilSettled(window);
             QTest::keyClick(&window, Qt::Key(Qt::Key_1 + mode), Qt::AltModifier);
             take(window, QLatin1String(names[mode]));
         }
@@ -101,14 +84,11 @@ private:
         m_isComplete = m_isComplete && script.isDone();
     }
 
-    // From the screen: what a user sees, and nothing else.
     void take(QWidget &window, const QString &name)
     {
-        waitUntilShown(window);
-        const QPixmap picture = window.screen()->grabWindow(window.winId());
-        const QString scale = picture.devicePixelRatio() > 1.0 ? QStringLiteral("@2x") : QString();
+        const QString scale = window.devicePixelRatioF() > 1.0 ? QStringLiteral("@2x") : QString();
         const QString file = QStringLiteral("%1-%2%3.png").arg(name, m_theme, scale);
-        m_isComplete = picture.save(QDir(m_folder).filePath(file), nullptr, 0) && m_isComplete;
+        m_isComplete = savePicture(window, QDir(m_folder).filePath(file)) && m_isComplete;
     }
 
     GApplication &m_application;

@@ -1,0 +1,127 @@
+#include "support/EditorUser.h"
+
+#include "framework/GNumberEdit.h"
+#include "model/Body.h"
+#include "preview/EditorGraphicsViewVesperine.h"
+#include "preview/NormalMapEditorScene.h"
+#include "preview/SpriteItem.h"
+#include "support/Gestures.h"
+#include "ui/MainWindow.h"
+#include "ui/NormalMapEditor.h"
+
+#include <QAbstractButton>
+#include <QCoreApplication>
+#include <QDoubleSpinBox>
+#include <QEvent>
+#include <QTest>
+#include <QToolButton>
+
+namespace {
+template <class Widget, class Condition>
+Widget &shownIn(const QWidget &window, const char *name, const Condition &isIt)
+{
+    for (auto *widget : window.findChildren<Widget *>()) {
+        if (widget->isVisible() && isIt(*widget))
+            return *widget;
+    }
+    qFatal("There is no '%s' to be seen", name);
+}
+
+// A panel that has just come up can't be clicked before.
+void layOut()
+{
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+}
+} // namespace
+
+EditorUser::EditorUser(MainWindow &window)
+    : m_window(window)
+{
+}
+
+NormalMapEditorScene &EditorUser::scene() const
+{
+    return m_window.findChild<NormalMapEditor *>()->scene();
+}
+
+EditorGraphicsViewVesperine &EditorUser::view() const
+{
+    return *m_window.findChild<EditorGraphicsViewVesperine *>();
+}
+
+QWidget &EditorUser::viewport() const
+{
+    return *view().viewport();
+}
+
+QPoint EditorUser::at(const QPoint &pixel) const
+{
+    const QPointF place = scene().spriteItem(scene().currentBody())->pos();
+    return view().mapFromScene(place + pixel + QPointF(0.5, 0.5));
+}
+
+void EditorUser::key(int key, Qt::KeyboardModifiers modifiers) const
+{
+    QTest::keyClick(&viewport(), Qt::Key(key), modifiers);
+}
+
+void EditorUser::press(const QPoint &pixel, Qt::KeyboardModifiers modifiers) const
+{
+    QTest::mousePress(&viewport(), Qt::LeftButton, modifiers, at(pixel));
+}
+
+void EditorUser::moveTo(const QPoint &pixel) const
+{
+    dragTo(viewport(), at(pixel));
+}
+
+void EditorUser::release(const QPoint &pixel, Qt::KeyboardModifiers modifiers) const
+{
+    QTest::mouseRelease(&viewport(), Qt::LeftButton, modifiers, at(pixel));
+}
+
+void EditorUser::paint(const QVector<QPoint> &pixels, Qt::KeyboardModifiers modifiers) const
+{
+    press(pixels.first(), modifiers);
+    for (int i = 1; i < pixels.size(); ++i)
+        moveTo(pixels[i]);
+    release(pixels.last(), modifiers);
+}
+
+void EditorUser::hover(const QPoint &pixel) const
+{
+    dragTo(viewport(), at(pixel), Qt::NoButton);
+}
+
+void EditorUser::chooseTool(const char *label) const
+{
+    auto &button = shownIn<QToolButton>(m_window, label, [label](const QToolButton &each) {
+        return each.text() == QLatin1String(label);
+    });
+    QTest::mouseClick(&button, Qt::LeftButton);
+    layOut();
+    view().setFocus();
+}
+
+void EditorUser::command(const char *name) const
+{
+    layOut();
+    auto &button = shownIn<QAbstractButton>(m_window, name, [name](const QAbstractButton &each) {
+        return each.objectName() == QLatin1String(name);
+    });
+    QTest::mouseClick(&button, Qt::LeftButton);
+    view().setFocus();
+}
+
+void EditorUser::type(const char *name, double number) const
+{
+    const auto &edit = shownIn<GNumberEdit>(m_window, name, [name](const GNumberEdit &each) {
+        return each.objectName() == QLatin1String(name);
+    });
+    auto *box = edit.findChild<QDoubleSpinBox *>();
+    box->setFocus();
+    box->selectAll();
+    QTest::keyClicks(box, QLocale().toString(number));
+    QTest::keyClick(box, Qt::Key_Return);
+    view().setFocus();
+}

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "support/Widgets.h"
+
+#include <QKeySequence>
+#include <QPoint>
+#include <QVector>
+
+class EditorGraphicsViewVesperine;
+class MainWindow;
+class NormalMapEditorScene;
+
+/// Does in the editor's window what a user does there, by mouse and keys. Places are pixels of the
+/// sprite that is selected. The window outlives it.
+class EditorUser
+{
+public:
+    explicit EditorUser(MainWindow &window);
+
+    NormalMapEditorScene &scene() const;
+    EditorGraphicsViewVesperine &view() const;
+    QWidget &viewport() const;
+
+    /// Where the middle of a pixel lies in the viewport.
+    QPoint at(const QPoint &pixel) const;
+    void key(int key, Qt::KeyboardModifiers modifiers = {}) const;
+    void press(const QPoint &pixel, Qt::KeyboardModifiers modifiers = {}) const;
+    void moveTo(const QPoint &pixel) const;
+    void release(const QPoint &pixel, Qt::KeyboardModifiers modifiers = {}) const;
+    void paint(const QVector<QPoint> &pixels, Qt::KeyboardModifiers modifiers = {}) const;
+    /// Moves without a button.
+    void hover(const QPoint &pixel) const;
+
+    /// Clicks the button of a tool, named by its short label.
+    void chooseTool(const char *label) const;
+    /// Clicks a button of the active tool's panel; named by its object's name.
+    void command(const char *name) const;
+    /// Types a number of the active tool's panel.
+    void type(const char *name, double number) const;
+
+private:
+    MainWindow &m_window;
+};
