@@ -122,7 +122,7 @@ public:
         const QPointF place = scene().spriteItem(current ? current : &body(0))->pos();
         return view().mapFromScene(place + pixel + QPointF(0.5, 0.5));
     }
-    void key(int key, Qt::KeyboardModifiers modifiers = {})
+    void key(int key, Qt::KeyboardModifiers modifiers = {}) const
     {
         QTest::keyClick(&viewport(), Qt::Key(key), modifiers);
     }
