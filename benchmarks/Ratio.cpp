@@ -4,17 +4,16 @@
 
 #include <algorithm>
 #include <chrono>
+#include <ctime>
 #include <vector>
 
 namespace {
 
-using Clock = std::chrono::steady_clock;
-
-double secondsOf(const std::function<void()> &work)
+double secondsOf(const std::function<void()> &work, double (*clock)())
 {
-    const auto start = Clock::now();
+    const double start = clock();
     work();
-    return std::chrono::duration<double>(Clock::now() - start).count();
+    return clock() - start;
 }
 
 double median(std::vector<double> values)
@@ -39,9 +38,9 @@ void measure(benchmark::State &state, double goal, const std::function<Contest()
     std::vector<double> times;
     for ([[maybe_unused]] auto once : state) {
         for (double total = 0.0; total < shortestTime || ratios.size() < fewestRounds;) {
-            const double work = secondsOf(contest.work);
+            const double work = secondsOf(contest.work, contest.clock);
             contest.tidyUp();
-            const double reference = secondsOf(contest.reference);
+            const double reference = secondsOf(contest.reference, contest.clock);
             contest.tidyUp();
             times.push_back(work);
             ratios.push_back(reference / work);
@@ -70,6 +69,19 @@ void spend(benchmark::State &state,
 }
 
 } // namespace
+
+double wallSeconds()
+{
+    const auto now = std::chrono::steady_clock::now().time_since_epoch();
+    return std::chrono::duration<double>(now).count();
+}
+
+double threadSeconds()
+{
+    timespec time{};
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+    return double(time.tv_sec) + 1e-9 * double(time.tv_nsec);
+}
 
 bool addRatio(const std::string &name, double goal, const std::function<Contest()> &prepare)
 {

@@ -3,6 +3,11 @@
 #include <functional>
 #include <string>
 
+/// Of any beginning.
+double wallSeconds();
+/// What the calling thread has computed; neither waiting nor other threads' work counts.
+double threadSeconds();
+
 /// What one row of the table measures. Both own what they need and may run any number of times.
 struct Contest
 {
@@ -10,6 +15,7 @@ struct Contest
     std::function<void()> reference;
     /// Called after each of the two, in nobody's time.
     std::function<void()> tidyUp = [] {};
+    double (*clock)() = wallSeconds;
 };
 
 /// Adds a row to the table: the speed of the work relative to that of its reference (2 is twice as

@@ -43,21 +43,25 @@ void saveSprite(const QString &path, int side)
     sprite.save(path);
 }
 
+std::shared_ptr<Body>
+paintedBody(Project &project, const QString &file, const QSize &size, int seed)
+{
+    QImage sprite(size, QImage::Format_ARGB32);
+    sprite.fill(Qt::gray);
+    sprite.save(file);
+    auto body = std::make_shared<Body>(project);
+    body->sprite().filename().setValue(GFileName(file));
+    body->loadSprite();
+    body->paintedNormalMap().setValue(encode(paintedSurface(size, seed)));
+    return body;
+}
+
 PaintedProject::PaintedProject(int bodies, const QSize &size)
     : folder(std::make_shared<QTemporaryDir>())
     , project(std::make_shared<Project>())
 {
     PropertyList::Entries entries;
-    for (int i = 0; i < bodies; ++i) {
-        QImage sprite(size, QImage::Format_ARGB32);
-        sprite.fill(Qt::gray);
-        const QString file = path(QStringLiteral("sprite%1.png").arg(i));
-        sprite.save(file);
-        auto body = std::make_shared<Body>(*project);
-        body->sprite().filename().setValue(GFileName(file));
-        body->loadSprite();
-        body->paintedNormalMap().setValue(encode(paintedSurface(size, i)));
-        entries.append(body);
-    }
+    for (int i = 0; i < bodies; ++i)
+        entries.append(paintedBody(*project, path(QStringLiteral("sprite%1.png").arg(i)), size, i));
     project->bodies().setEntries(entries);
 }

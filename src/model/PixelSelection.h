@@ -36,6 +36,7 @@ public:
     }
 
     bool takeUp(const UndoValues &next);
+    bool isUnchanged() const { return m_before.selection() == m_after.selection(); }
     void pack();
 
 private:

@@ -47,6 +47,7 @@ EditorGraphicsView::EditorGraphicsView(QWidget *parent)
     , m_keys(std::make_unique<ViewKeys>(*this, *m_pen))
 {
     connect(m_pen.get(), &PenInput::left, this, &EditorGraphicsView::penLeft);
+    connect(m_pen.get(), &PenInput::lost, this, &EditorGraphicsView::loseGesture);
     connect(m_keys.get(), &ViewKeys::spaceHeldChanged, this, &EditorGraphicsView::updateHeld);
     setTransformationAnchor(NoAnchor);
     setResizeAnchor(NoAnchor);
@@ -323,9 +324,9 @@ void EditorGraphicsView::takePen(QTabletEvent &event)
 
 void EditorGraphicsView::penLeft()
 {
+    // The scene itself can't be told: the toolkit expects more of the event than one can set.
     QEvent leave(QEvent::Leave);
-    if (m_scene)
-        QCoreApplication::sendEvent(m_scene, &leave);
+    QCoreApplication::sendEvent(viewport(), &leave);
 }
 
 void EditorGraphicsView::loseGesture()

@@ -209,6 +209,7 @@ void NormalMapEditorScene::showPixelSelection(Body *body, const FloatImage &mask
         else if (item->hasSelection())
             item->setPixelSelection({});
     }
+    m_routing->pixelSelectionChanged(body);
     updateAnimating();
 }
 
@@ -379,7 +380,8 @@ void NormalMapEditorScene::mouseReleaseEvent(QGraphicsSceneMouseEvent *event)
     if (m_selection->isPressed()) {
         if (m_selection->release(*event))
             updateContent();
-    } else if (!event->isAccepted()) {
+    } else {
+        // Also one that the light took, on which another button came down meanwhile.
         m_routing->release(*event);
     }
     updateHover();

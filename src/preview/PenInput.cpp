@@ -20,6 +20,9 @@ bool PenInput::eventFilter(QObject *watched, QEvent *event)
 {
     const bool isElsewhere = event->type() == QEvent::TabletMove && watched->isWidgetType() &&
                              watched != m_view.viewport();
+    // Taken away while it touches, or broken down: it will not be told that it was lifted.
+    if (event->type() == QEvent::TabletLeaveProximity && isDown())
+        Q_EMIT lost();
     const bool isGone = isElsewhere || event->type() == QEvent::TabletLeaveProximity;
     if (isGone && m_isHere && !isDown()) {
         m_isHere = false;

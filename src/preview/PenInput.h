@@ -34,6 +34,8 @@ public:
 Q_SIGNALS:
     /// Hovers elsewhere now.
     void left();
+    /// Is gone while it is down; whoever hears it calls lift().
+    void lost();
 
 private:
     QEvent::Type typeOf(const QTabletEvent &event);

@@ -23,6 +23,12 @@ QSize sizeOf(const Body &body)
     const QSize painted = body.paintedSize();
     return painted.isEmpty() ? body.sprite().image().size() : painted;
 }
+
+Qt::MouseButton lowestOf(Qt::MouseButtons buttons)
+{
+    const int bits = buttons;
+    return Qt::MouseButton(bits & -bits);
+}
 } // namespace
 
 ToolRouting::ToolRouting(QGraphicsScene &scene, PixelSelectionModel &pixels, QObject *parent)
@@ -30,8 +36,6 @@ ToolRouting::ToolRouting(QGraphicsScene &scene, PixelSelectionModel &pixels, QOb
     , m_scene(scene)
     , m_pixels(pixels)
 {
-    connect(
-        &pixels, &PixelSelectionModel::selectionChanged, this, &ToolRouting::pixelSelectionChanged);
 }
 
 ToolRouting::~ToolRouting()
@@ -203,16 +207,19 @@ void ToolRouting::release(const QGraphicsSceneMouseEvent &event)
 
 void ToolRouting::finishGesture()
 {
-    if (!m_isPressed)
-        return;
-    ToolPointerEvent event = m_last;
-    event.buttons = Qt::NoButton;
-    end(event);
+    while (m_isPressed) {
+        ToolPointerEvent event = m_last;
+        if (event.buttons != Qt::NoButton)
+            event.changedButton = lowestOf(event.buttons);
+        event.buttons &= ~Qt::MouseButtons(event.changedButton);
+        end(event);
+    }
 }
 
 void ToolRouting::end(const ToolPointerEvent &event)
 {
     m_isPressed = event.buttons != Qt::NoButton;
+    m_last.buttons = event.buttons;
     m_tool->mouseRelease(event);
     if (!m_isPressed && m_hasSelected)
         m_pixels.finishGesture();
@@ -290,7 +297,7 @@ void ToolRouting::select(const FloatImage &selection,
     m_pixels.setSelection(&body(), selection, undoText, mergeWithPrevious);
 }
 
-void ToolRouting::pixelSelectionChanged(Body *changed)
+void ToolRouting::pixelSelectionChanged(const Body *changed)
 {
     if (m_isActive && changed == &body())
         m_tool->updateSelection(selection());

@@ -47,12 +47,15 @@ public:
     void release(const QGraphicsSceneMouseEvent &event);
     /// What the next of these are made of.
     void setPen(const PenTouch &touch) { m_pen = touch; }
-    /// Releases what is pressed at its last place, so that it is committed. Inside of undo and
+    /// Releases all that is pressed at its last place, so that it is committed. Inside of undo and
     /// redo, where nothing can be, it is dropped.
     void finishGesture();
     bool turnWheel(double notches, Qt::KeyboardModifiers modifiers);
     void keyPress(const QKeyEvent &event);
     void keyRelease(const QKeyEvent &event);
+    /// Tells the tool, once the target confines pieces to the new selection: a stroke that is open
+    /// is shown anew.
+    void pixelSelectionChanged(const Body *changed);
     /// Puts the tool's overlay over the sprite again, which has moved.
     void placeOverlay();
 
@@ -84,7 +87,6 @@ private:
     void commit(const QString &undoText);
     void storeShown(const QString &undoText);
     void select(const FloatImage &selection, const QString &undoText, bool mergeWithPrevious);
-    void pixelSelectionChanged(Body *changed);
 
     QGraphicsScene &m_scene;
     PixelSelectionModel &m_pixels;

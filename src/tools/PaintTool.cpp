@@ -40,6 +40,8 @@ void PaintTool::addShortcut(const QKeySequence &keys, const std::function<void()
     auto *shortcut = new QShortcut(keys, m_settingsPanel.get());
     shortcut->setEnabled(false);
     connect(shortcut, &QShortcut::activated, this, run);
+    // Two of them may be ways to write one key; the toolkit then tells of either.
+    connect(shortcut, &QShortcut::activatedAmbiguously, this, run);
     m_shortcuts.append(shortcut);
 }
 

@@ -69,9 +69,12 @@ void PaintToolAngleBrush::mouseMove(const ToolPointerEvent &event)
 
 void PaintToolAngleBrush::keyPress(int key, Qt::KeyboardModifiers modifiers)
 {
-    // Whether a key's own press tells of it as a modifier, too, is the platform's choice.
-    if (key == Qt::Key_Alt || modifiers.testFlag(Qt::AltModifier))
-        showPickCursor(true);
+    // Whether a key's own press tells of it as a modifier, too, is the platform's choice. With
+    // another one it means something else.
+    const bool isAlt = key == Qt::Key_Alt || modifiers.testFlag(Qt::AltModifier);
+    const bool isOther = key == Qt::Key_Control || key == Qt::Key_Shift ||
+                         modifiers & (Qt::ControlModifier | Qt::ShiftModifier);
+    showPickCursor(isAlt && !isOther);
     PaintToolBrushBasedOnNormalMap::keyPress(key, modifiers);
 }
 

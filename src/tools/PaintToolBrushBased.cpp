@@ -159,6 +159,7 @@ void PaintToolBrushBased::updateNormalMap(AngleImage normalmap)
 {
     m_current = std::move(normalmap);
     m_isCommitted = false;
+    setLinePreview(false);
     // What was painted so far is gone: an open stroke goes on from here.
     if (m_isOpen)
         m_stroke.begin(m_current);
@@ -296,7 +297,8 @@ void PaintToolBrushBased::updateCursor()
     const float core = (1.0F - float(100 - settings.hardness) / 100.0F) * float(radius);
     cursor.addShape(std::make_shared<Circle>(centre, radius));
     cursor.addShape(std::make_shared<Circle>(centre, double(core)));
-    const QPointF from = QPointF(m_last) - m_pointer;
+    // From the middle of the pixel.
+    const QPointF from = QPointF(m_last) + QPointF(0.5, 0.5) - m_pointer;
     if (m_showsLine)
         cursor.addShape(std::make_shared<ScalableToolCursor::ShapeLine>(from, QPointF()));
     const QPointF farthest = m_showsLine ? from : centre;

@@ -1,5 +1,15 @@
 #include "tools/PaintToolBrushBasedOnNormalMap.h"
 
+#include <utility>
+
+// As by undo: what was confined to another selection, or to none, would stay so.
+void PaintToolBrushBasedOnNormalMap::updateSelection(FloatImage selection)
+{
+    PaintToolBrushBased::updateSelection(std::move(selection));
+    if (isStrokeOpen())
+        announceAgain();
+}
+
 void PaintToolBrushBasedOnNormalMap::announce()
 {
     show(stroke().takeDirty());

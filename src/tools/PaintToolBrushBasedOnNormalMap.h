@@ -11,6 +11,10 @@ class PaintToolBrushBasedOnNormalMap : public PaintToolBrushBased
 public:
     using PaintToolBrushBased::PaintToolBrushBased;
 
+public Q_SLOTS:
+    /// Announces an open stroke again.
+    void updateSelection(FloatImage selection) override;
+
 protected:
     /// What stroke() makes of the surface in @p changed, which may lie partly outside of it.
     virtual SurfacePiece strokeResult(const QRect &changed) = 0;

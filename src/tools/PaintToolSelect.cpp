@@ -42,6 +42,13 @@ void PaintToolSelect::activate(const ToolContext &context, const AngleImage &ima
     showCursor();
 }
 
+void PaintToolSelect::deactivate()
+{
+    m_texture = {};
+    m_selection = {};
+    PaintTool::deactivate();
+}
+
 std::optional<SelectionMode> PaintToolSelect::mode() const
 {
     switch (int(m_modifiers)) {

@@ -17,6 +17,7 @@ public:
     using PaintTool::PaintTool;
 
     void activate(const ToolContext &context, const AngleImage &image) override;
+    void deactivate() override;
 
     void mousePress(const ToolPointerEvent &event) override;
     void mouseMove(const ToolPointerEvent &event) override;

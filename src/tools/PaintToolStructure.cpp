@@ -150,8 +150,11 @@ void PaintToolStructure::requestStructure()
 void PaintToolStructure::takeStructure()
 {
     const auto structure = m_structure.take();
-    if (structure && isInUse() && m_structure.params() == m_params)
-        setSource(*structure);
+    if (!structure || !isInUse() || m_structure.params() != m_params)
+        return;
+    // A stroke that is open shows what was chosen last.
+    dropStrokeSource();
+    setSource(*structure);
 }
 
 void PaintToolStructure::addStructure()

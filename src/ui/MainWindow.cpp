@@ -126,6 +126,7 @@ void MainWindow::placePanels()
     m_pointed->setObjectName(QStringLiteral("pointedPixel"));
     m_pointed->setTextFormat(Qt::PlainText);
     m_pointed->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    m_pointed->setContentsMargins(0, 0, scaled(12), 0);
     statusBar()->addPermanentWidget(m_pointed);
     statusBar()->addPermanentWidget(m_zoom);
 }

@@ -13,6 +13,7 @@
 #include <QActionGroup>
 #include <QFrame>
 #include <QGridLayout>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QMenu>
 #include <QScrollBar>
@@ -89,6 +90,7 @@ ToolsSidebar::ToolsSidebar(ItemSelectionModel &selection,
     , m_actions(new QActionGroup(this))
     , m_settings(new PanelArea)
     , m_help(createQuietText(QString()))
+    , m_whyAtRest(createPanelTitle(tr("Select one sprite")))
 {
     setWindowTitle(tr("Tools"));
     setMinimumWidth(scaled(315));
@@ -158,6 +160,7 @@ void ToolsSidebar::updateActions()
     };
     for (const AngleImageTool *tool : allTools())
         tool->action().setEnabled(isEnabled(*tool));
+    m_whyAtRest->setVisible(!m_openEffect && m_selectedCount != 1);
 }
 
 void ToolsSidebar::addToolActions(QMenu &menu) const
@@ -205,8 +208,12 @@ QWidget *ToolsSidebar::createSettings()
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
     auto *title = createPanelTitle(tr("TOOL SETTINGS"));
-    title->setContentsMargins(scaled(edge), scaled(edge), scaled(edge), scaled(8));
-    layout->addWidget(title);
+    auto *heading = new QHBoxLayout;
+    heading->setContentsMargins(scaled(edge), scaled(edge), scaled(edge), scaled(8));
+    heading->addWidget(title);
+    heading->addStretch();
+    heading->addWidget(m_whyAtRest);
+    layout->addLayout(heading);
     layout->addWidget(m_settings);
     layout->addStretch();
     m_help->setContentsMargins(scaled(edge), 0, scaled(edge), scaled(edge));

@@ -73,6 +73,7 @@ private:
     QActionGroup *m_actions;
     PanelArea *m_settings;
     QLabel *m_help;
+    QLabel *m_whyAtRest;
     PaintTool *m_activeTool = nullptr;
     PaintTool *m_formerTool = nullptr; // while an effect is open
     AngleImageTool *m_openEffect = nullptr;

@@ -171,6 +171,8 @@ private Q_SLOTS:
                     steps[now - 1].after = after;
                 else
                     steps.append({before, after, isOpen});
+                if (steps.last().before == after)
+                    steps.removeLast(); // the gesture led back
                 now = steps.size();
                 QVERIFY(present() == after);
             }

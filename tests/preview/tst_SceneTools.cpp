@@ -273,6 +273,15 @@ private Q_SLOTS:
         QCOMPARE(tool.takeLog(), QByteArray("press 5,6|release 5,6"));
         QCOMPARE(tool.lastEvent.pressure, 1.0);
         QVERIFY(!tool.lastEvent.isEraser);
+
+        // One that is taken away tells no release; the mouse goes on.
+        const QPointF place = editor.on(a, {20, 20});
+        sendPen(editor, QEvent::TabletPress, place, 0.5);
+        tool.takeLog();
+        sendPen(editor, QEvent::TabletLeaveProximity, place, 0.0);
+        QCOMPARE(tool.takeLog(), QByteArray("release 20,20"));
+        editor.click(editor.on(a, {5, 6}));
+        QCOMPARE(tool.takeLog(), QByteArray("press 5,6|release 5,6"));
     }
 
     void wheelAndRightButtonReachTheTool()

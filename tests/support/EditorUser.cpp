@@ -13,18 +13,25 @@
 #include <QAbstractButton>
 #include <QCoreApplication>
 #include <QDoubleSpinBox>
+#include <QEvent>
 #include <QTest>
 #include <QToolButton>
 
 namespace {
 template <class Widget, class Condition>
-Widget &shownIn(const QWidget &window, const QString &name, const Condition &isIt)
+Widget &shownIn(const QWidget &window, const char *name, const Condition &isIt)
 {
     for (auto *widget : window.findChildren<Widget *>()) {
         if (widget->isVisible() && isIt(*widget))
             return *widget;
     }
-    qFatal("There is no '%s' to be seen", qUtf8Printable(name));
+    qFatal("There is no '%s' to be seen", name);
+}
+
+// A panel that has just come up can't be clicked before.
+void layOut()
+{
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
 }
 } // namespace
 
@@ -89,28 +96,31 @@ void EditorUser::hover(const QPoint &pixel) const
     dragTo(viewport(), at(pixel), Qt::NoButton);
 }
 
-void EditorUser::chooseTool(const QString &label) const
+void EditorUser::chooseTool(const char *label) const
 {
-    auto &button = shownIn<QToolButton>(
-        m_window, label, [&label](const QToolButton &each) { return each.text() == label; });
+    auto &button = shownIn<QToolButton>(m_window, label, [label](const QToolButton &each) {
+        return each.text() == QLatin1String(label);
+    });
     QTest::mouseClick(&button, Qt::LeftButton);
-    // What is not laid out yet can't be clicked.
-    QCoreApplication::processEvents();
+    layOut();
     view().setFocus();
 }
 
-void EditorUser::command(const QString &name) const
+void EditorUser::command(const char *name) const
 {
-    auto &button = shownIn<QAbstractButton>(
-        m_window, name, [&name](const QAbstractButton &each) { return each.objectName() == name; });
+    layOut();
+    auto &button = shownIn<QAbstractButton>(m_window, name, [name](const QAbstractButton &each) {
+        return each.objectName() == QLatin1String(name);
+    });
     QTest::mouseClick(&button, Qt::LeftButton);
     view().setFocus();
 }
 
-void EditorUser::type(const QString &name, double number) const
+void EditorUser::type(const char *name, double number) const
 {
-    const auto &edit = shownIn<GNumberEdit>(
-        m_window, name, [&name](const GNumberEdit &each) { return each.objectName() == name; });
+    const auto &edit = shownIn<GNumberEdit>(m_window, name, [name](const GNumberEdit &each) {
+        return each.objectName() == QLatin1String(name);
+    });
     auto *box = edit.findChild<QDoubleSpinBox *>();
     box->setFocus();
     box->selectAll();

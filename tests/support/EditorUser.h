@@ -32,11 +32,11 @@ public:
     void hover(const QPoint &pixel) const;
 
     /// Clicks the button of a tool, named by its short label.
-    void chooseTool(const QString &label) const;
+    void chooseTool(const char *label) const;
     /// Clicks a button of the active tool's panel; named by its object's name.
-    void command(const QString &name) const;
+    void command(const char *name) const;
     /// Types a number of the active tool's panel.
-    void type(const QString &name, double number) const;
+    void type(const char *name, double number) const;
 
 private:
     MainWindow &m_window;

@@ -2,28 +2,14 @@
 #include "base/Resources.h"
 #include "framework/GApplication.h"
 #include "imaging/MaskedPaste.h"
-#include "imaging/NormalEncoding.h"
 #include "model/Body.h"
-#include "model/NormalMapProcessor.h"
-#include "model/Project.h"
-#include "model/properties/PropertyListT.h"
-#include "model/properties/PropertyT.h"
-#include "preview/EditorGraphicsViewVesperine.h"
-#include "preview/GLGraphicsLight.h"
-#include "preview/NormalMapEditorScene.h"
-#include "preview/SpriteItem.h"
-#include "support/DialogScript.h"
-#include "support/Documents.h"
-#include "support/EditorUser.h"
+#include "model/PropertyAngleImage.h"
 #include "support/PaintedSurface.h"
+#include "support/Studio.h"
 #include "support/Widgets.h"
 #include "tools/PaintToolHeightBrush.h"
-#include "ui/MainWindow.h"
-#include "ui/NormalMapEditor.h"
-#include "ui/ShapeTreeView.h"
 
 #include <QMap>
-#include <QPainter>
 #include <QSettings>
 #include <QTest>
 #include <QThreadPool>
@@ -34,84 +20,8 @@
 
 namespace {
 
-constexpr QSize spriteSize(60, 40);
-constexpr int undoInStroke = 11; // a kind of gesture
-
-struct OpenWindow
-{
-    Folder folder;
-    MainWindow window{*static_cast<GApplication *>(qApp)};
-};
-
-/// The window with two sprites, a and b, of which the left halves are red, and a user at it.
-class Studio : private OpenWindow, public EditorUser
-{
-public:
-    Studio()
-        : EditorUser(window)
-    {
-        QImage picture(spriteSize, QImage::Format_ARGB32);
-        picture.fill(Qt::blue);
-        QPainter(&picture).fillRect(0, 0, spriteSize.width() / 2, spriteSize.height(), Qt::red);
-        QStringList paths;
-        for (const QString &name : {"a.png"_s, "b.png"_s}) {
-            paths.append(folder.path(name));
-            picture.save(paths.last());
-        }
-        window.openOrAdd(paths);
-        window.resize(900, 700);
-        showActive(window);
-        ready();
-        stack().clear();
-    }
-
-    GUndoStack &stack() const { return window.project().undoStack(); }
-    Body &body(int index) const
-    {
-        return static_cast<Body &>(*window.project().bodies().entries().at(index));
-    }
-    AngleImage surface(int index = 0) const { return body(index).surface(); }
-
-    void ready()
-    {
-        window.findChild<NormalMapEditor *>()->zoomToFit();
-        scene().light().setPos(-900, -900); // in nobody's way
-        select(0);
-    }
-    void select(int index)
-    {
-        auto &list = *window.findChild<ShapeTreeView *>();
-        const QRect row = list.visualRect(list.model()->index(index, 0));
-        QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, row.center());
-        view().setFocus();
-    }
-    bool openAgain()
-    {
-        const QString path = folder.path("p.vep"_s);
-        DialogScript script;
-        if (window.project().filename().value().path().isEmpty())
-            script.then(DialogScript::chooseFile(path));
-        key(Qt::Key_S, Qt::ControlModifier);
-        if (!script.isDone() || !window.openPath(path))
-            return false;
-        ready();
-        return true;
-    }
-
-    /// What is shown is what is stored.
-    bool showsWhatIsStored() const
-    {
-        for (int index = 0; index < 2; ++index) {
-            NormalMapProcessor &processor = scene().spriteItem(&body(index))->processor();
-            processor.waitForIdle();
-            QImage normals = flatNormalMap(spriteSize);
-            toNormalMap(surface(index), normals);
-            if (normals != processor.normalMap())
-                return false;
-        }
-        return true;
-    }
-};
+constexpr QSize packedSize(160, 110); // large enough for undo steps to be packed
+constexpr int undoInStroke = 11;      // a kind of gesture
 
 struct Gesture
 {
@@ -134,7 +44,7 @@ struct Arbitrary<Gesture>
     static Gen<Gesture> arbitrary()
     {
         const auto pixel = gen::construct<QPoint>(gen::inRange(-8, 68), gen::inRange(-8, 48));
-        return gen::construct<Gesture>(gen::inRange(0, 18), pixel, pixel);
+        return gen::construct<Gesture>(gen::inRange(0, 26), pixel, pixel);
     }
 };
 
@@ -218,18 +128,80 @@ private Q_SLOTS:
         }
     }
 
+    void aSecondButtonDoesNotLoseTheStroke()
+    {
+        Studio studio;
+        studio.key(Qt::Key_B);
+        studio.press({20, 20});
+        studio.clickRight({22, 20});
+        studio.select(1);
+        QCOMPARE(studio.stack().text(0), "Height"_s);
+        QVERIFY(!(studio.surface(0) == AngleImage(60, 40)));
+    }
+
+    void aStepFromElsewhereLiesAboveTheStroke()
+    {
+        Studio studio;
+        const AngleImage flat = studio.surface();
+        studio.key(Qt::Key_B);
+        studio.press({20, 20});
+        studio.body(0).paintedNormalMap().setAngleImage(AngleImage(60, 40, 7), "import"_s);
+        const AngleImage imported = studio.surface();
+        studio.release({20, 20});
+        QCOMPARE(studio.stack().count(), 2);
+        studio.stack().undo();
+        const AngleImage stroke = studio.surface();
+        QVERIFY(!(stroke == flat) && !(stroke == imported));
+        studio.stack().undo();
+        QCOMPARE(studio.surface(), flat);
+        studio.stack().setIndex(2);
+        QCOMPARE(studio.surface(), imported);
+    }
+
+    void aSelectionUndoneInAStrokeConfinesNothing()
+    {
+        Studio studio;
+        studio.key(Qt::Key_B);
+        studio.paint({{20, 20}, {50, 20}, {56, 20}});
+        const AngleImage everywhere = studio.surface();
+        studio.key(Qt::Key_Z, Qt::ControlModifier);
+        studio.key(Qt::Key_A);
+        studio.paint({{5, 5}});
+        studio.key(Qt::Key_B);
+        studio.press({20, 20});
+        studio.moveTo({50, 20});
+        studio.key(Qt::Key_Z, Qt::ControlModifier);
+        studio.moveTo({56, 20});
+        studio.release({56, 20});
+        QCOMPARE(studio.surface(), everywhere);
+        QVERIFY(studio.showsWhatIsStored());
+    }
+
+    void aDragOfTheWandThatReturnsIsNoStep()
+    {
+        Studio studio;
+        studio.key(Qt::Key_A);
+        studio.paint({{5, 5}});
+        QCOMPARE(studio.stack().index(), 1);
+        studio.paint({{5, 5}, {50, 5}, {5, 5}});
+        QCOMPARE(studio.stack().index(), 1);
+        studio.paint({{5, 5}, {50, 5}});
+        QCOMPARE(studio.stack().index(), 2);
+    }
+
     // Whatever is done can be undone and done again, through saving and loading, bit for bit.
     void anySequenceOfGestures()
     {
         QVERIFY(rc::check("undo gives back what was", [](const std::vector<Gesture> &gestures) {
-            Studio studio;
+            Studio studio(packedSize);
             QMap<int, QByteArray> states{{0, stateOf(studio)}};
             for (const Gesture &gesture : gestures) {
                 const int before = studio.stack().index();
                 const bool isTravel = perform(studio, gesture, states);
                 const int now = studio.stack().index();
                 const QByteArray state = stateOf(studio);
-                if (isTravel && states.contains(now))
+                const bool isKnown = isTravel || (now == before && gesture.kind != undoInStroke);
+                if (isKnown && states.contains(now))
                     RC_ASSERT(state == states[now]);
                 // What was undone to paint something else can't come back.
                 const int kept = gesture.kind == undoInStroke ? std::max(before - 1, 0) : before;
@@ -248,7 +220,7 @@ private:
     static void chooseBrush(Studio &studio, int key)
     {
         if (key == 0)
-            studio.chooseTool("Smoothen"_s);
+            studio.chooseTool("Smoothen");
         else
             studio.key(key);
     }
@@ -271,15 +243,50 @@ private:
 
     static QByteArray stateOf(const Studio &studio)
     {
-        return encode(studio.surface(0)) + encode(studio.surface(1));
+        QByteArray state;
+        for (int index = 0; index < studio.bodyCount(); ++index)
+            state += encode(studio.surface(index));
+        return state;
+    }
+
+    static constexpr int brushes[] = {Qt::Key_B, Qt::Key_Y, Qt::Key_S, Qt::Key_E, 0};
+    static constexpr Qt::KeyboardModifiers held[] = {{}, Qt::ShiftModifier, Qt::AltModifier};
+
+    /// A stroke with something else in the middle of it; false when the kind is none.
+    static bool performInStroke(Studio &studio, const Gesture &gesture)
+    {
+        const auto [kind, from, to] = gesture;
+        const bool isKnown = kind == undoInStroke || kind == 12 || kind == 17 || kind == 19 ||
+                             (kind == 20 && studio.bodyCount() > 1);
+        if (!isKnown)
+            return false;
+        chooseBrush(studio, brushes[kind == undoInStroke ? 0 : std::abs(to.y()) % 5]);
+        studio.press(from, held[kind == 17 ? std::abs(to.x()) % 2 : 0]);
+        if (kind == undoInStroke) {
+            studio.key(Qt::Key_Z, Qt::ControlModifier);
+            studio.moveTo(to);
+        } else if (kind == 12) {
+            studio.select(std::abs(to.x()) % studio.bodyCount());
+        } else if (kind == 17) {
+            studio.moveTo(to);
+            studio.key(Qt::Key_Escape);
+        } else if (kind == 19) {
+            studio.clickRight(to);
+            studio.moveTo(to);
+            studio.key(Qt::Key_V);
+        } else {
+            studio.key(Qt::Key_Delete);
+        }
+        studio.release(to);
+        if (kind == 20)
+            studio.select(0);
+        return true;
     }
 
     /// True when it only goes along the undo steps.
     static bool perform(Studio &studio, const Gesture &gesture, QMap<int, QByteArray> &states)
     {
         const auto [kind, from, to] = gesture;
-        constexpr int brushes[] = {Qt::Key_B, Qt::Key_Y, Qt::Key_S, Qt::Key_E, 0};
-        constexpr Qt::KeyboardModifiers held[] = {{}, Qt::ShiftModifier, Qt::AltModifier};
         if (kind < 5) {
             chooseBrush(studio, brushes[kind]);
             studio.paint({from, to, from}, held[(from.x() + 8) % 2]);
@@ -291,19 +298,7 @@ private:
             for (const QPoint &corner : {from, QPoint(to.x(), from.y()), to, from})
                 studio.paint({corner}, held[kind - 8]);
         } else if (kind == 10) {
-            studio.select(std::abs(from.x()) % 2);
-        } else if (kind == undoInStroke) {
-            studio.key(Qt::Key_B);
-            studio.press(from);
-            studio.key(Qt::Key_Z, Qt::ControlModifier);
-            studio.moveTo(to);
-            studio.release(to);
-            return false;
-        } else if (kind == 12) {
-            studio.key(Qt::Key_B);
-            studio.press(from);
-            studio.select(std::abs(to.x()) % 2);
-            studio.release(to);
+            studio.select(std::abs(from.x()) % studio.bodyCount());
         } else if (kind == 13) {
             const QByteArray state = stateOf(studio);
             RC_ASSERT(studio.openAgain());
@@ -311,9 +306,19 @@ private:
             states.clear();
         } else if (kind == 14) {
             studio.key(Qt::Key_Y);
-            studio.command("Fill"_s);
-        } else {
-            const bool isUndo = kind < 17;
+            studio.command("Fill");
+        } else if (kind == 15) {
+            chooseBrush(studio, 0);
+            studio.command("SmoothenAll");
+        } else if (kind == 16) { // left open
+            studio.key(Qt::Key_L);
+            studio.paint({from}, held[std::abs(to.x()) % 2]);
+        } else if (kind == 18) {
+            const bool inverts = from.x() % 2 == 0;
+            studio.key(inverts ? Qt::Key_I : Qt::Key_D,
+                       inverts ? Qt::ShiftModifier | Qt::ControlModifier : Qt::ControlModifier);
+        } else if (!performInStroke(studio, gesture)) {
+            const bool isUndo = kind < 24;
             studio.key(Qt::Key_Z, Qt::ControlModifier | (isUndo ? held[0] : held[1]));
             return true;
         }

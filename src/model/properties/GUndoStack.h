@@ -29,6 +29,9 @@ class GUndoStack : public QUndoStack
 public:
     using QUndoStack::QUndoStack;
 
+    /// Lets what is unfinished become a step before the next one is made, which needs to know the
+    /// values that it finds.
+    void announcePush();
     /// Runs @p step and keeps it, inside the macros that are open.
     void push(std::unique_ptr<QUndoCommand> step);
     /// True while a step is being done, undone or done again: who hears of a change then must push
@@ -63,7 +66,6 @@ Q_SIGNALS:
 
 private:
     void keepSavedPlace(bool wasModified);
-    void announcePush();
 
     QStringList m_waitingMacros; // begun, but without a step so far
     int m_startedMacros = 0;

@@ -50,6 +50,7 @@ public:
             !m_values.takeUp(next->m_values))
             return false;
         setText(next->text());
+        setObsolete(m_values.isUnchanged()); // the stack drops a gesture that led back
         return true;
     }
 
@@ -74,7 +75,8 @@ private:
     int m_mergeId;
 };
 
-/// Pushes a step that sets @p newValue on @p object through @p setter, which runs it once.
+/// Pushes a step that sets @p newValue on @p object through @p setter, which runs it once. The old
+/// value is the object's own, not a copy.
 template <class Object, class Setter, class Value>
 void pushUndoStep(GUndoStack &stack,
                   Object &object,
@@ -84,6 +86,7 @@ void pushUndoStep(GUndoStack &stack,
                   const QString &text,
                   bool mergeable)
 {
+    stack.announcePush(); // before the old value is read, which may change by it
     stack.push(std::make_unique<GenericUndoCommand<Object, Setter, Value>>(
         object, setter, oldValue, newValue, text, mergeable));
 }

@@ -37,6 +37,8 @@ public:
         return true;
     }
 
+    bool isUnchanged() const { return m_before == m_after; }
+
     /// Makes the values small. No loss, but it may end that further steps are taken up.
     void pack() {}
 
@@ -71,6 +73,7 @@ public:
     }
 
     bool takeUp(const UndoValues &next);
+    bool isUnchanged() const { return !m_isPacked && m_before == m_after; }
     void pack();
 
 private:
