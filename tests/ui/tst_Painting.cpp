@@ -206,7 +206,7 @@ private Q_SLOTS:
                 // What was undone to paint something else can't come back.
                 const int kept = gesture.kind == undoInStroke ? std::max(before - 1, 0) : before;
                 while (!isTravel && !states.isEmpty() && states.lastKey() > kept)
-                    states.remove(states.lastKey());
+                    states.erase(std::prev(states.end()));
                 states[now] = state;
                 RC_ASSERT(studio.showsWhatIsStored());
             }
