@@ -377,13 +377,11 @@ void NormalMapEditorScene::mouseMoveEvent(QGraphicsSceneMouseEvent *event)
 void NormalMapEditorScene::mouseReleaseEvent(QGraphicsSceneMouseEvent *event)
 {
     GLGraphicsScene::mouseReleaseEvent(event);
-    if (m_selection->isPressed()) {
-        if (m_selection->release(*event))
-            updateContent();
-    } else {
-        // Also one that the light took, on which another button came down meanwhile.
+    // The tool hears of one that the light took, too: another button may have come down on it.
+    if (!m_selection->isPressed())
         m_routing->release(*event);
-    }
+    else if (m_selection->release(*event))
+        updateContent();
     updateHover();
 }
 
