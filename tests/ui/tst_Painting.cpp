@@ -4,6 +4,7 @@
 #include "imaging/MaskedPaste.h"
 #include "model/Body.h"
 #include "model/PropertyAngleImage.h"
+#include "preview/NormalMapEditorScene.h"
 #include "support/PaintedSurface.h"
 #include "support/Studio.h"
 #include "support/Widgets.h"
@@ -304,12 +305,11 @@ private:
             RC_ASSERT(studio.openAgain());
             RC_ASSERT(stateOf(studio) == state);
             states.clear();
-        } else if (kind == 14) {
-            studio.key(Qt::Key_Y);
-            studio.command("Fill");
-        } else if (kind == 15) {
-            chooseBrush(studio, 0);
-            studio.command("SmoothenAll");
+        } else if (kind == 14 || kind == 15) {
+            chooseBrush(studio, kind == 14 ? int(Qt::Key_Y) : 0);
+            // With no sprite selected no tool comes up.
+            if (studio.scene().currentBody())
+                studio.command(kind == 14 ? "Fill" : "SmoothenAll");
         } else if (kind == 16) { // left open
             studio.key(Qt::Key_L);
             studio.paint({from}, held[std::abs(to.x()) % 2]);
