@@ -1,11 +1,11 @@
 // Takes the pictures of the editor that stand in docs/: the start screen, each display mode and two
 // dialogs, in both themes. vesperine-screenshots PROJECT FOLDER; QT_SCALE_FACTOR gives the scale.
 
+#include "WindowPictures.h"
 #include "base/GSettings.h"
 #include "base/Resources.h"
 #include "preview/GLGraphicsLight.h"
 #include "preview/NormalMapEditorScene.h"
-#include "screenshots/WindowPictures.h"
 #include "support/DialogScript.h"
 #include "ui/MainWindow.h"
 #include "ui/NormalMapEditor.h"

@@ -1,4 +1,4 @@
-#include "screenshots/Painter.h"
+#include "Painter.h"
 
 #include "preview/EditorGraphicsViewVesperine.h"
 #include "ui/MainWindow.h"

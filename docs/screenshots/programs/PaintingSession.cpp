@@ -1,9 +1,9 @@
 // Paints the surface of the sample fox in the window, as an artist would, by mouse and keys and
 // with every tool, and takes pictures on the way. vesperine-painting-session FOX.png FOLDER
 
+#include "Painter.h"
+#include "WindowPictures.h"
 #include "base/Resources.h"
-#include "screenshots/Painter.h"
-#include "screenshots/WindowPictures.h"
 #include "support/DialogScript.h"
 #include "ui/MainWindow.h"
 #include "ui/NormalMapEditor.h"

@@ -1,4 +1,4 @@
-#include "screenshots/WindowPictures.h"
+#include "WindowPictures.h"
 
 #include <QPixmap>
 #include <QScreen>
