@@ -97,25 +97,6 @@ private Q_SLOTS:
         QCOMPARE(each("name", "new.vep"), QStringLiteral("a"));
     }
 
-    void settings()
-    {
-        QCOMPARE(run("set p.vep publish_normalmap_postfix=_x\n light_height=0 light_color=#FF8000 "
-                     "publish_directory=out"),
-                 0);
-        const QJsonObject told = info("p.vep");
-        QCOMPARE(told[QStringLiteral("schema")].toInt(), 1);
-        QCOMPARE(told[QStringLiteral("file")].toString(), path("p.vep"));
-        const QJsonValue values = told[QStringLiteral("settings")];
-        QCOMPARE(values[QStringLiteral("publish_normalmap_postfix")],
-                 QJsonValue(QStringLiteral("_x")));
-        QCOMPARE(values[QStringLiteral("light_height")], QJsonValue(0));
-        QCOMPARE(values[QStringLiteral("light_color")], QJsonValue(QStringLiteral("#ff8000")));
-        QCOMPARE(run("export p.vep --quiet"), 0);
-        QVERIFY(exists("out/a_x.png"));
-        QCOMPARE(run("set p.vep light_brightness=9"), 2);
-        QVERIFY(says("from 10 to 400"));
-    }
-
     void checkAndRepair()
     {
         QCOMPARE(run("check p.vep"), 0);
@@ -166,30 +147,6 @@ private Q_SLOTS:
         QDir().mkpath(path("o2/a.png"));
         QCOMPARE(run("export p.vep --output o2"), 4);
         QCOMPARE(output().count(QLatin1Char('\n')), 2);
-    }
-
-    void oddNames()
-    {
-        sprite("[x]/#hero.png", {1, 1});
-        QCOMPARE(run("create n.vep [x]"), 0);
-        QCOMPARE(run("export n.vep --output o --suffix /../_m"), 1);
-        QCOMPARE(run("export n.vep --output o --suffix \n_m"), 0);
-        QVERIFY(exists("o/#hero_m.png"));
-        QCOMPARE(run("set n.vep publish_normalmap_postfix=/../_m"), 2);
-        QCOMPARE(run("remove n.vep #hero"), 0);
-        // Without a path there is no place for the map.
-        m_folder.write(QStringLiteral("e.vex"),
-                       "<vesperine_project><bodies><body><name>empty</name></body></bodies>"
-                       "</vesperine_project>");
-        QCOMPARE(run("export e.vex --output o2"), 1);
-        QVERIFY(says("Failed to save normal map 'empty'"));
-        // The C locale knows no umlauts, file names do.
-        m_program->environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("C"));
-        sprite("ü🦊/ä.b.png", {1, 1});
-        QCOMPARE(run("create ö.vep ü🦊"), 0);
-        QCOMPARE(run("export ö.vep"), 0);
-        QCOMPARE(output().trimmed(), path("ü🦊/ä.b_n.png"));
-        QVERIFY(exists("ü🦊/ä.b_n.png"));
     }
 
 private:

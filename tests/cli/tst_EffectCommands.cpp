@@ -143,29 +143,13 @@ private Q_SLOTS:
         QTest::addColumn<QByteArray>("words");
         const std::vector<std::array<QByteArray, 3>> table{
             {"bevel p.vep --width=", "-1|256|60x|2.5||1,2", "--width: it takes a whole"},
-            {"bevel p.vep --width=9 --height=", "24|401", "a whole number from 25 to 400"},
-            {"bevel p.vep --width=9 --smoothness=", "-1|256", "from 0 to 255"},
             {"bevel p.vep --width=9 --output-project=", "o.zip|p.vex", "ends in .vep"},
             {"emboss p.vep --height=", "0.09|10.1|nan|-inf|1e999|", "a number from 0.1 to 10"},
-            {"emboss p.vep --height=1 --smoothness=", "0|10|1.5", "from 1 to 9"},
             {"smooth p.vep --radius=", "0.49|50.1", "from 0.5 to 50"},
-            {"structure p.vep --pattern=brick --intensity=", "0|20.1", "from 0.1 to 20"},
-            {"structure p.vep --pattern=brick --scale=", "9|401", "from 10 to 400"},
-            {"structure p.vep --pattern=brick --rotation=", "-1|360", "from 0 to 359"},
             {"structure p.vep --pattern=", "brik|p.vep.png|s|", "bark, brick, "},
-            {"erase p.vep --opacity=", "0|101", "from 1 to 100"},
-            {"fill p.vep --slope=", "1|1,2,3|", "--slope: it takes X,Y"},
             {"fill p.vep --slope=", "-129,0|0,127.5|,", "--slope: it takes a number from -128 to"},
             {"generate s --output=o --bevel=", "256|60,,9|60,100,9x", "of --bevel: it takes"},
-            {"generate s --output=o --bevel=", "1,100,10,5", "at most WIDTH,HEIGHT,SMOOTHNESS"},
-            {"generate s --output=o --emboss=", "0|1,", "of --emboss: it takes"},
             {"generate s --output=o --structure=", "sand,21|sand,4,100,360", "of --structure"},
-            {"generate s --output=o --structure=", "sand,4x|sand,|san|", "bark, brick"},
-            {"generate s --output=o --structure=", "sand,1,4,100,90", "INTENSITY,SCALE,ROTATION"},
-            {"generate s --output=o --down", "", "--bevel, --emboss, --structure"},
-            {"generate s --output=o --structure=sand ", "--down", "--down is for"},
-            {"generate s --output=o --emboss=1 ", "--tile", "--tile is for"},
-            {"generate s --bevel=9 --output=", "", "it takes a folder"},
             {"generate s --bevel=9 --output=out --suffix=", "/../n", "--suffix: it takes"},
         };
         for (const auto &[command, values, words] : table)
@@ -296,32 +280,6 @@ private Q_SLOTS:
         // A shell names the maps of an earlier run along with the sprites.
         run("generate s/c.png s/c_n.png --bevel 3 --output s");
         QCOMPARE(lines(), 1);
-    }
-
-    void patterns()
-    {
-        writeNoise("mine/my,own,7.png", {6, 5});
-        writeNoise("mine/brick.png", {7, 7});
-        m_folder.write(QStringLiteral("config/Vesperine/Vesperine.conf"),
-                       "[General]\npatterns=" + path("mine").toUtf8() + '\n');
-        run("patterns");
-        QVERIFY(m_program->output.startsWith(QLatin1String("bark\nbrick\n")));
-        QVERIFY(m_program->output.endsWith(QLatin1String("\nwoven-cloth\nbrick\nmy,own,7\n")));
-        run("patterns --json");
-        const QString json = QStringLiteral(
-            R"({"builtIn":false,"file":"%1","height":5,"name":"my,own,7","width":6})");
-        QVERIFY(
-            m_program->output.endsWith(json.arg(path("mine/my,own,7.png")) + QLatin1Char('\n')));
-        // The program's own comes before the user's of that name.
-        QMap<QByteArray, QByteArrayList> choices;
-        for (const char *choice :
-             {"My,own,7", "my,own,7.png", "mine/my,own,7.png", "brick", "mine/brick.png"}) {
-            const QByteArray line("generate s/a.png --output out --structure ");
-            run(line + choice + ",2,50,0");
-            choices[contentOf(path("out/a_n.png"))].append(choice);
-        }
-        QCOMPARE(choices.size(), 3);
-        QVERIFY(choices.values().contains({"My,own,7", "my,own,7.png", "mine/my,own,7.png"}));
     }
 };
 

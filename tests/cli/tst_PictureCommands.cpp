@@ -12,8 +12,6 @@
 #include <QFileInfo>
 #include <QTest>
 
-#include <algorithm>
-
 /// The commands that write pictures of bodies under light, run as the real program.
 class TestPictureCommands : public QObject
 {
@@ -78,25 +76,8 @@ private Q_SLOTS:
         }
     }
 
-    // In full ambience and without light 128 / 255 of each colour are left over black.
-    void jpegHasTheColoursOverBlack()
-    {
-        QVERIFY(run("set p.vep light_color=#000000 ambient_light_color=#ffffff"));
-        QVERIFY(run("lit p.vep --body #2 --light 0,0 --output o.jpeg"));
-        const QImage lit = picture("o.jpeg");
-        QCOMPARE(lit.size(), QSize(32, 16));
-        for (int i = 0; i < 32 * 16; ++i) {
-            const QColor pixel = lit.pixelColor(i % 32, i / 32);
-            const int furthest = std::max({std::abs(pixel.red() - 100),
-                                           std::abs(pixel.green() - 50),
-                                           std::abs(pixel.blue() - 25)});
-            QVERIFY2(furthest <= 3, qPrintable(pixel.name()));
-        }
-    }
-
     void refusals()
     {
-        writeProject("empty.vep", {});
         QVERIFY(run("remove p.vep noise pale --output-project gone.vep"));
         const QDir folder(path(""));
         const QStringList names = folder.entryList();
@@ -109,22 +90,14 @@ private Q_SLOTS:
         for (const auto &[line, code, words] : {
                  std::tuple(lit + "absent --light 1,2", 1, "no body named 'absent'"),
                  {lit + "gone --light 1,2", 1, "gone.png' is missing; bring it back"},
-                 {lit + "noise", 2, "--light is required"},
-                 {noise + "1 --output o.png", 2, "takes X,Y or X,Y,Z"},
-                 {noise + "1,2,3,4 --output o.png", 2, "takes at most X,Y,Z"},
-                 {noise + "1, --output o.png", 2, "the y of --light"},
                  {noise + "1,nan --output o.png", 2, "the y of --light"},
-                 {noise + "1,2,-1 --output o.png", 2, "from 0 to 100000"},
-                 {noise + "1,2 --output o.gif", 2, "ends in .png, .jpg or .jpeg"},
                  {noise + "1,2 --output absent/o.png", 1, "absent/o.png' can't be written"},
                  {noise + "1,2 --output ./noise.png", 1, "is a sprite of the project"},
                  {noise + "1,2 --output link.png", 1, "is a sprite of the project"},
                  {"lit absent.vep --body a --light 1,2 --output o.png", 3, "'absent.vep'"},
-                 {"thumbnail p.vep o.png --size 15", 2, "--size"},
                  {"thumbnail p.vep o.png --size 1025", 2, "--size"},
                  {"thumbnail p.vep p.vep", 1, "is the project itself"},
                  {"thumbnail p.vep noise.png", 1, "is a sprite of the project"},
-                 {"thumbnail empty.vep o.png", 1, "'empty.vep' has no body with a sprite"},
                  {"thumbnail gone.vep o.png", 1, "'gone.vep' has no body with a sprite"},
                  {"thumbnail noise.png o.png", 3, "noise.png"},
              }) {
@@ -132,39 +105,6 @@ private Q_SLOTS:
             QVERIFY2(m_program->says(words), qUtf8Printable(m_program->words));
             QVERIFY2(m_program->output.isEmpty(), line.constData());
             QVERIFY2(folder.entryList() == names && contents() == before, line.constData());
-        }
-    }
-
-    // Without light and in full ambience the colours are the sprites' own.
-    void thumbnailsShowTheFirstFourBodies()
-    {
-        const QStringList colours{QStringLiteral("red"),
-                                  QStringLiteral("lime"),
-                                  QStringLiteral("blue"),
-                                  QStringLiteral("cyan"),
-                                  QStringLiteral("black")};
-        QStringList sprites{QStringLiteral("gone.png")};
-        const QVector<QPoint> quarters{{15, 15}, {48, 15}, {15, 48}, {48, 48}};
-        for (const auto &[magnified, middles] : {std::pair(7 * 9, QVector<QPoint>{{32, 32}}),
-                                                 {3 * 9, {{15, 32}, {48, 32}}},
-                                                 {3 * 9, {{15, 15}, {48, 15}, {32, 48}}},
-                                                 {3 * 9, quarters},
-                                                 {3 * 9, quarters}}) {
-            const QString &colour = colours[sprites.size() - 1];
-            sprites.append(colour + QStringLiteral(".png"));
-            m_folder.writeSprite(sprites.last(), {9, 9}, QColor(colour));
-            writeProject("c.vep", sprites);
-            QVERIFY(run("set c.vep light_color=#000000 ambient_light_color=#ffffff"));
-            QVERIFY(run("thumbnail c.vep shown --size 64"));
-            QVERIFY(m_program->says("'gone' is left out"));
-            const QImage shown = picture("shown");
-            QCOMPARE(shown.size(), QSize(64, 64));
-            for (int i = 0; i < middles.size(); ++i)
-                QCOMPARE(shown.pixelColor(middles[i]), QColor(colours[i]));
-            int seen = 0;
-            for (int i = 0; i < 64 * 64; ++i)
-                seen += qAlpha(shown.pixel(i % 64, i / 64)) == 255 ? 1 : 0;
-            QCOMPARE(seen, middles.size() * magnified * magnified);
         }
     }
 

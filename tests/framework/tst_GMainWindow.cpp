@@ -1,22 +1,12 @@
 #include "base/GSettings.h"
-#include "framework/GAction.h"
 #include "framework/GMainWindow.h"
-#include "framework/RecentFiles.h"
 #include "support/DialogScript.h"
 #include "support/Documents.h"
 
-#include <QApplication>
-#include <QClipboard>
-#include <QDialog>
-#include <QLineEdit>
+#include <QGuiApplication>
 #include <QMenu>
 #include <QMenuBar>
-#include <QPushButton>
-#include <QSplitter>
 #include <QTest>
-#include <QToolBar>
-#include <QToolButton>
-#include <QTreeWidget>
 
 namespace {
 
@@ -38,22 +28,6 @@ public:
         QMenu *file = menuBar()->addMenu("&File"_s);
         addDocumentActions(*file);
         addClosingActions(*file);
-        m_left->setWindowTitle("Sprites"_s);
-        m_left->setObjectName("sprites"_s);
-        m_splitter->setObjectName("splitter"_s);
-        m_splitter->addWidget(m_left);
-        m_splitter->addWidget(m_line);
-        m_splitter->setFocusPolicy(Qt::StrongFocus);
-        setCentralWidget(m_splitter);
-        QToolBar *bar = addToolBar("Toolbar"_s);
-        bar->setObjectName("toolbar"_s);
-        bar->addAction("Plain"_s)->setObjectName("plain"_s);
-        m_windowMenu = createWindowMenu({m_left});
-        menuBar()->addMenu(m_windowMenu);
-        menuBar()->addMenu(createHelpMenu({}));
-        setGestures({{"View"_s, {{"Zoom"_s, "Wheel"_s}}}});
-        resize(640, 480);
-        restoreLayout();
     }
 
     using GMainWindow::updateTitle;
@@ -62,10 +36,6 @@ public:
     bool m_isModified = false;
     bool m_failsToStore = false;
     QStringList m_log;
-    QMenu *m_windowMenu;
-    QLineEdit *m_line = new QLineEdit;
-    QWidget *m_left = new QWidget;
-    QSplitter *m_splitter = new QSplitter;
 
 protected:
     void createDocument() override { become("created"_s, {}); }
@@ -85,7 +55,7 @@ protected:
     }
     QString documentPath() const override { return m_path; }
     bool isDocumentModified() const override { return m_isModified; }
-    QString systemInformation() const override { return "Graphics: none"_s; }
+    QString systemInformation() const override { return {}; }
 
 private:
     void become(const QString &event, const QString &path)
@@ -192,149 +162,6 @@ private Q_SLOTS:
         QVERIFY(script.isDone());
         QCOMPARE(window.m_path, saved.isEmpty() ? QString() : file(saved));
         QCOMPARE(window.isWindowModified(), saved.isEmpty());
-    }
-
-    void remembersRecentFiles()
-    {
-        const auto entries = [](const FakeWindow &window) {
-            auto *menu = window.findChild<RecentFiles *>();
-            Q_EMIT menu->aboutToShow();
-            QList<QAction *> actions = menu->actions();
-            actions.erase(actions.end() - 2, actions.end());
-            return actions;
-        };
-        {
-            FakeWindow window(*m_settings);
-            QVERIFY(!window.findChild<RecentFiles *>()->menuAction()->isEnabled());
-            for (int i = 0; i < 12; ++i)
-                QVERIFY(window.openPath(m_folder.write("%1&.doc"_s.arg(i), {})));
-            // The same file by another path.
-            QVERIFY(QFile::link(file("5&.doc"_s), file("link.doc"_s)));
-            QVERIFY(window.openPath(file("link.doc"_s)));
-            QVERIFY(!window.openPath(file("never.doc"_s)));
-        }
-        QVERIFY(QFile::remove(file("10&.doc"_s)));
-        FakeWindow window(*m_settings);
-        const QList<QAction *> actions = entries(window);
-        QStringList names;
-        for (const QAction *action : actions)
-            names.append(QFileInfo(action->data().toString()).completeBaseName());
-        QCOMPARE(names.join(QLatin1Char(' ')), "5& 11& 10& 9& 8& 7& 6& 4& 3& 2&"_s);
-        QVERIFY(actions.at(0)->text().startsWith("&1  5&&.doc"_s));
-        QVERIFY(!actions.at(2)->isEnabled());
-        actions.at(1)->trigger();
-        QCOMPARE(QFileInfo(window.m_path).fileName(), "11&.doc"_s);
-        QCOMPARE(entries(window).at(0)->data().toString(),
-                 QFileInfo(window.m_path).canonicalFilePath());
-        window.findChild<RecentFiles *>()->actions().constLast()->trigger();
-        QVERIFY(entries(FakeWindow(*m_settings)).isEmpty());
-    }
-
-    void tellsTitle()
-    {
-        FakeWindow window(*m_settings);
-        window.updateTitle();
-        QCOMPARE(window.windowTitle(), "Untitled[*] \u2013 Program"_s);
-        window.m_path = "/a/looks like the mark [*]%1.doc"_s;
-        window.updateTitle();
-        QCOMPARE(window.windowTitle(), "looks like the mark [*][*]%1.doc[*] \u2013 Program"_s);
-    }
-
-    void keepsLayout()
-    {
-        QRect geometry;
-        QList<int> sizes;
-        {
-            FakeWindow window(*m_settings);
-            window.show();
-            QVERIFY(QTest::qWaitForWindowExposed(&window));
-            window.setGeometry(120, 90, 700, 500);
-            window.m_splitter->setSizes({500, 180});
-            window.addToolBar(Qt::BottomToolBarArea, window.findChild<QToolBar *>());
-            geometry = window.geometry();
-            sizes = window.m_splitter->sizes();
-            QAction *panel = window.m_windowMenu->actions().constLast();
-            QCOMPARE(panel->text(), "Sprites"_s);
-            panel->trigger();
-            QVERIFY(!window.m_left->isVisible());
-            window.close();
-        }
-        FakeWindow window(*m_settings);
-        window.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&window));
-        QCOMPARE(window.geometry(), geometry);
-        QCOMPARE(window.toolBarArea(window.findChild<QToolBar *>()), Qt::BottomToolBarArea);
-        const QAction *panel = window.m_windowMenu->actions().constLast();
-        QVERIFY(!window.m_left->isVisible() && !panel->isChecked());
-        window.m_left->show();
-        QVERIFY(panel->isChecked());
-        QTRY_COMPARE(window.m_splitter->sizes(), sizes);
-    }
-
-    void returnsFocusToDocument()
-    {
-        FakeWindow window(*m_settings);
-        window.show();
-        QApplication::setActiveWindow(&window);
-        QVERIFY(QTest::qWaitForWindowActive(&window));
-        window.m_line->setFocus();
-        auto *button = qobject_cast<QToolButton *>(window.findChild<QToolBar *>()->widgetForAction(
-            window.findChild<QAction *>("plain"_s)));
-        QVERIFY(button);
-        QTest::mouseClick(button, Qt::LeftButton);
-        QCOMPARE(QApplication::focusWidget(), window.m_line);
-        QCOMPARE(button->focusPolicy(), Qt::TabFocus);
-        window.m_line->clearFocus();
-        QTRY_COMPARE(QApplication::focusWidget(), window.m_splitter);
-    }
-
-    void actionsTellTheirShortcuts()
-    {
-        GAction action("Add &sprites && more..."_s);
-        QCOMPARE(action.toolTip(), "Add sprites & more"_s);
-        action.setShortcut(QKeySequence("Ctrl+B"_s));
-        QCOMPARE(action.toolTip(), "Add sprites & more (Ctrl+B)"_s);
-        action.setText("Add"_s);
-        QCOMPARE(action.toolTip(), "Add (Ctrl+B)"_s);
-    }
-
-    void helpsOnce()
-    {
-        FakeWindow window(*m_settings);
-        window.show();
-        const auto open = [&window](const QString &name) {
-            for (QAction *action : window.findChildren<GAction *>()) {
-                if (plainActionText(action->text()) == name)
-                    action->trigger();
-            }
-        };
-        open("Keyboard Shortcuts"_s);
-        open("Keyboard Shortcuts"_s);
-        const auto dialogs = window.findChildren<QDialog *>();
-        QCOMPARE(dialogs.size(), 1);
-        auto *list = dialogs.constFirst()->findChild<QTreeWidget *>();
-        const auto shown = [list] {
-            QStringList rows;
-            for (QTreeWidgetItemIterator row(list, QTreeWidgetItemIterator::NotHidden); *row; ++row)
-                rows.append(((*row)->text(0) + QLatin1Char(' ') + (*row)->text(1)).trimmed());
-            return rows.join(QLatin1Char('|'));
-        };
-        QVERIFY(shown().contains("|View|Zoom Wheel"_s));
-        QTest::keyClicks(dialogs.constFirst()->findChild<QLineEdit *>(), "ctrl+"_s);
-        QCOMPARE(shown(),
-                 "File|New Ctrl+N|Open Ctrl+O|Save Ctrl+S|Save As Ctrl+Shift+S|"
-                 "Close Ctrl+W|Quit Ctrl+Q|Window|Minimise Ctrl+M"_s);
-        QTest::keyClick(dialogs.constFirst(), Qt::Key_Escape);
-        QTRY_VERIFY(window.findChildren<QDialog *>().isEmpty());
-
-        open("System Information"_s);
-        for (QPushButton *button : window.findChildren<QPushButton *>()) {
-            if (button->text() == QLatin1String("Copy"))
-                button->click();
-        }
-        const QString text = QGuiApplication::clipboard()->text();
-        QVERIFY(text.contains(QLatin1String(qVersion())) &&
-                text.contains(QLatin1String("Graphics: none")));
     }
 
 private:

@@ -1,5 +1,4 @@
 #include "imaging/AngleImage.h"
-#include "imaging/FloatImage.h"
 #include "support/Pictures.h"
 
 #include <QTest>
@@ -42,20 +41,6 @@ private Q_SLOTS:
         QVERIFY(!image.sharesCellsWith(copy) && !AngleImage().sharesCellsWith(AngleImage()));
     }
 
-    void impossibleSizesAreNull()
-    {
-        for (const QSize size :
-             {QSize(-1, 4), QSize(4, -1), QSize(32769, 1), QSize(32768, 32768)}) {
-            QCOMPARE(AngleImage(size.width(), size.height()).size(), QSize(0, 0));
-            const QSize larger = size + QSize(2, 2);
-            QCOMPARE(FloatImage(larger.width(), larger.height()).size(),
-                     size.isValid() ? QSize(0, 0) : larger);
-        }
-        QCOMPARE(AngleImage(32768, 1).size(), QSize(32768, 1));
-        QCOMPARE(FloatImage(32770, 3).size(), QSize(32770, 3));
-        QCOMPARE(FloatImage(-1, 3).size(), QSize(0, 0));
-    }
-
     void damagedBytesAreRefused()
     {
         const auto isRefused = [](const char *header, int cellBytes) {
@@ -72,14 +57,6 @@ private Q_SLOTS:
         QVERIFY2(isRefused("00000000 01800000", 0), "side too long, empty");
         QVERIFY2(isRefused("00800000 00800000", 0), "cells wrap to none");
         QVERIFY2(isRefused("ffffff7f ffffff7f", 4), "cells wrap to one");
-    }
-
-    void equalityIsOfSizeAndCells()
-    {
-        QVERIFY(AngleImage() == AngleImage(0, 0) && angles({{1, 2}}) == angles({{1, 2}}));
-        QVERIFY(!(AngleImage(0, 5) == AngleImage(5, 0)));
-        QVERIFY(!(angles({{1, 2, 3, 4}}) == angles({{1, 2}, {3, 4}})));
-        QVERIFY(!(angles({{1, 2}}) == angles({{1, 3}})));
     }
 
     // Every half and its neighbours, beyond the clamps too.

@@ -51,7 +51,6 @@ struct Run
             if (!isInTime || thread->finishedParams() != thread->result())
                 qFatal("delivered from elsewhere, too early or for another request");
             results.append(thread->result());
-            whenDelivered();
         });
     }
     void request(const Numbers &numbers) const
@@ -63,7 +62,6 @@ struct Run
     Gated algorithm;
     std::unique_ptr<AsyncUpdateThread<Numbers, Numbers>> thread;
     Results results;
-    std::function<void()> whenDelivered = [] {};
 };
 
 } // namespace
@@ -117,35 +115,6 @@ private Q_SLOTS:
         QVERIFY(run.thread->isBusy() && run.results.size() == 1);
         run.algorithm.gate.release();
         QTRY_COMPARE(run.results, (Results{{1}, {2}}));
-    }
-
-    // Of two requests the first one joins what waits and starts; the second one waits again.
-    void requestingAndWaitingInAResult()
-    {
-        Run run(9, true, true);
-        run.whenDelivered = [&] {
-            if (run.results.size() == 1)
-                run.request({3, 4});
-            run.thread->waitForIdle();
-            run.results.append(Numbers{});
-        };
-        run.request({1, 2});
-        run.thread->waitForIdle();
-        QCOMPARE(run.results, (Results{{1}, {2, 3}, {4}, {}, {}, {}}));
-        QVERIFY(!run.thread->isBusy());
-    }
-
-    void destroyedInAResult()
-    {
-        for (const bool waits : {true, false}) {
-            Run run(9);
-            run.whenDelivered = [&] { run.thread.reset(); };
-            run.request({1, 2});
-            if (waits)
-                run.thread->waitForIdle();
-            QTRY_VERIFY(!run.thread);
-            QCOMPARE(run.algorithm.computed.load(), 1);
-        }
     }
 
     void destroyedWhileRunning()

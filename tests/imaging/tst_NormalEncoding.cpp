@@ -31,13 +31,6 @@ QImage pixels(std::initializer_list<QRgb> row, QImage::Format format = QImage::F
     return image.convertToFormat(format);
 }
 
-QRgb colourOf(int sx, int sy, bool flipY = false)
-{
-    QImage image = flatNormalMap({1, 1});
-    toNormalMap(angles({{{sx, sy}}}), image, flipY);
-    return image.pixel(0, 0);
-}
-
 AngleImage slopesOf(const QImage &image)
 {
     AngleImage surface(3, 2, 5);
@@ -52,14 +45,6 @@ class TestNormalEncoding : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void colours()
-    {
-        QCOMPARE(colourOf(0, 0), qRgb(127, 127, 255));
-        QCOMPARE(colourOf(256, 0), qRgb(217, 127, 180));
-        QCOMPARE(colourOf(0, 256), qRgb(127, 37, 180));
-        QCOMPARE(colourOf(0, 256, true), qRgb(127, 217, 180));
-    }
-
     void everyLoopGivesTheFormulasPixels()
     {
         std::mt19937 random(1);
@@ -104,20 +89,6 @@ private Q_SLOTS:
             QCOMPARE(toNormalMap(surface, image, rect, round % 2 == 1), area);
             QCOMPARE(image, expected);
         }
-    }
-
-    void unsuitableImagesStayAlone()
-    {
-        const AngleImage surface(4, 4, 256);
-        const QImage alpha = flatNormalMap({4, 4}).convertToFormat(QImage::Format_ARGB32);
-        for (QImage image : {QImage(), flatNormalMap({4, 3}), alpha}) {
-            const QImage before = image.copy();
-            QVERIFY(toNormalMap(surface, image).isEmpty());
-            QCOMPARE(image, before);
-        }
-        QImage none = flatNormalMap({0, 4});
-        QVERIFY(none.isNull() && toNormalMap({}, none).isEmpty());
-        QCOMPARE(slopesOf({}), AngleImage(3, 2, 5));
     }
 
     void slopesOfColours()

@@ -6,22 +6,10 @@
 #include <QTest>
 
 #include <deque>
-#include <set>
-#include <sys/resource.h>
 
 using Result = QPair<AngleImage, QImage>;
 
 namespace {
-
-NormalMapUpdateParams full(const AngleImage &image)
-{
-    return {image, {}, {}, {}};
-}
-
-NormalMapUpdateParams painted(const QRect &rect)
-{
-    return {{}, {AngleImage(rect.width(), rect.height(), 5)}, {rect}, {}};
-}
 
 // What a document sends whole: something new, what is shown (a commit), what it held before (pieces
 // are dropped), or that with few cells changed (an undo).
@@ -57,21 +45,6 @@ class TestNormalMapUpdateAlgorithm : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void coveredPiecesAreDropped()
-    {
-        const QRect incoming(10, 10, 20, 20);
-        const auto merged = [&](const QVector<QRect> &pending) {
-            const QVector<AngleImage> pieces(pending.size(), AngleImage(2, 2));
-            const NormalMapUpdateParams waiting{{}, pieces, pending, {}};
-            return NormalMapUpdateAlgorithm().merge(waiting, painted(incoming)).rects;
-        };
-        using Rects = QVector<QRect>;
-        const Rects covered{incoming, {10, 10, 20, 5}, {25, 25, 5, 5}};
-        QCOMPARE(merged(covered), Rects{incoming});
-        const Rects beyond{{9, 10, 20, 20}, {10, 10, 21, 20}, {10, 9, 1, 1}, {30, 29, 1, 1}};
-        QCOMPARE(merged(beyond + covered), beyond + Rects{incoming});
-    }
-
     // Merged requests against the same ones in their turn. Somebody keeps results past their time.
     void sequences()
     {
@@ -115,58 +88,6 @@ private Q_SLOTS:
                 mask = random() % 2 == 0 ? FloatImage() : randomMask(size, random);
             }
         }
-    }
-
-    void nothingToPaintInto()
-    {
-        NormalMapUpdateAlgorithm algorithm;
-        const auto gives = [&](const NormalMapUpdateParams &params) {
-            const Result result = algorithm.compute(params);
-            return !result.first.isNull() || !result.second.isNull();
-        };
-        auto piece = painted({0, 0, 2, 2});
-        piece.mask = FloatImage(2, 2, 1.0F);
-        QVERIFY(!gives(piece) && !gives(full({})) && !gives(full(AngleImage(0, 5))));
-        QVERIFY(gives(full(AngleImage(3, 3))) && !gives(full({})) && !gives(piece));
-
-        // No cell is touched by what lies beside, and rectangles without a piece are passed over.
-        const Result before = algorithm.compute(full(AngleImage(3, 3, 1)));
-        for (const QRect &rect :
-             {QRect(3, 0, 2, 2), QRect(-2, 0, 2, 2), QRect(1, 1, 0, 2), QRect()})
-            QCOMPARE(algorithm.compute({{}, {AngleImage(2, 2, 5)}, {rect}, {}}), before);
-        QCOMPARE(algorithm.compute({{}, {}, {{0, 0, 2, 2}}, {}}), before);
-    }
-
-    // Neither does a commit, after which the document holds the cells of a published surface.
-    void aStepCopiesNoImage()
-    {
-        const auto touchedPages = [] {
-            rusage usage{};
-            getrusage(RUSAGE_SELF, &usage);
-            return usage.ru_minflt;
-        };
-        // 4096 pages of memory in each image.
-        NormalMapUpdateParams document = full(AngleImage(4096, 1024, 3));
-        NormalMapUpdateAlgorithm algorithm;
-        // A surface that nobody paints on has no cells of its own.
-        Result result = algorithm.compute(document);
-        QVERIFY(result.first.sharesCellsWith(document.image));
-        document.expectsPieces = true;
-        result = algorithm.compute(document);
-        std::set<const void *> images;
-        for (int step = 0; step < 20; ++step) {
-            const QRect dab(4 * step, 500 + step, 16, 16);
-            const bool isCommit = step % 7 == 6;
-            if (isCommit)
-                document.image = result.first;
-            const long pages = touchedPages();
-            result = algorithm.compute(isCommit ? document : painted(dab));
-            QVERIFY2(touchedPages() - pages < 1000, qPrintable(QString::number(step)));
-            QCOMPARE(algorithm.changedArea(), isCommit ? QRect() : dab);
-            QVERIFY(!result.first.sharesCellsWith(document.image));
-            images.insert({std::as_const(result.first).row(0), result.second.constBits()});
-        }
-        QCOMPARE(images.size(), std::size_t(5));
     }
 };
 

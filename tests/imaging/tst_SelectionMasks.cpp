@@ -1,14 +1,11 @@
 #include "imaging/FloatPainter.h"
-#include "imaging/PixelLoops.h"
 #include "imaging/SelectionMasks.h"
 #include "support/Pictures.h"
 
 #include <QImage>
 #include <QTest>
 
-#include <array>
-#include <cmath>
-#include <numeric>
+#include <cstdlib>
 
 namespace {
 
@@ -44,16 +41,6 @@ FloatImage plainFill(const QImage &image, const QPoint &seed, int tolerance)
             waiting.append(at + step);
     }
     return image.valid(seed) ? mask : FloatImage();
-}
-
-// Nothing for points on the edge, or almost.
-std::optional<bool> isInside(const QPolygonF &polygon, const QPointF &at)
-{
-    const bool inside = polygon.containsPoint(at, Qt::OddEvenFill);
-    for (const QPointF step : {QPointF(1, 1), QPointF(-1, 1), QPointF(1, -1), QPointF(-1, -1)})
-        if (polygon.containsPoint(at + step * 0.03, Qt::OddEvenFill) != inside)
-            return std::nullopt;
-    return inside;
 }
 
 // Cell by cell over the whole target.
@@ -114,16 +101,6 @@ private Q_SLOTS:
         QCOMPARE(shifted, floats({{1, 1, 2}}));
     }
 
-    void weightZeroTouchesNothing()
-    {
-        FloatImage cells = floats({{INFINITY, 1, NAN}});
-        FloatPainter painter(cells);
-        painter.setMask(floats({{0, 0, 0}}));
-        painter.paste({}, floats({{1, NAN, 2}}));
-        painter.fill(INFINITY);
-        QVERIFY(cells.row(0)[0] == INFINITY && cells.row(0)[1] == 1 && std::isnan(cells.row(0)[2]));
-    }
-
     void fillReachesSimilarColours()
     {
         std::mt19937 random(2);
@@ -138,27 +115,6 @@ private Q_SLOTS:
             QCOMPARE(colorFill(texture, seed, -1), colorFill(texture, seed, 0));
         }
         QVERIFY(colorFill({}, {0, 0}, 20).isNull());
-    }
-
-    void loopsOfEveryProcessor()
-    {
-        std::mt19937 random(4);
-        const QImage texture =
-            randomTexture({300, 1}, random).convertToFormat(QImage::Format_RGB32);
-        const auto *pixels = reinterpret_cast<const QRgb *>(texture.constScanLine(0));
-        FloatImage weights = randomFloats({300, 1}, -0.5F, 1.5F, random);
-        std::iota(weights.row(0), weights.row(0) + 256, 0.0F);
-        for (int i = 0; i < 256; ++i)
-            weights.row(0)[i] /= 255.0F;
-        for (const PixelLoops &loops : pixelLoops()) {
-            std::array<uchar, 300> bytes{};
-            loops.toAlphas(weights.row(0), bytes.data(), 300);
-            for (int i = 0; i < 300; ++i)
-                QCOMPARE(bytes.at(i), uchar(qBound(0.0F, weights.row(0)[i], 1.0F) * 255.0F));
-            loops.compareColors(pixels, bytes.data(), 300, pixels[7], 40);
-            for (int i = 0; i < 300; ++i)
-                QCOMPARE(int(bytes.at(i)), int(isSimilar(pixels[i], pixels[7], 40)));
-        }
     }
 
     void combine()
@@ -178,31 +134,6 @@ private Q_SLOTS:
             QCOMPARE(combined(selection, {}, mode), mode == Replace ? FloatImage() : selection);
             QCOMPARE(combined(floats({{0, 0}}), floats({{0, 0}}), mode), FloatImage());
         }
-    }
-
-    void polygonCoversItsInside()
-    {
-        std::mt19937 random(3);
-        int decided = 0;
-        for (int round = 0; round < 1000; ++round) {
-            const QSize size = randomSize(14, 9, random);
-            QPolygon polygon;
-            for (int i = randomInt(2, 7, random); i > 0; --i)
-                polygon << QPoint(randomInt(-5, 19, random), randomInt(-5, 14, random));
-            const FloatImage before = randomFloats(size, 0.1F, 0.9F, random);
-            const bool subtract = round % 2 == 0;
-            const FloatImage after = combinedWithPolygon(before, polygon, size, subtract);
-            for (int i = 0; i < size.width() * size.height(); ++i) {
-                const QPoint at(i % size.width(), i / size.width());
-                const auto inside = isInside(polygon, QPointF(at) + QPointF(0.5, 0.5));
-                if (!inside)
-                    continue;
-                const float expected = *inside ? float(!subtract) : before.row(0)[i];
-                QCOMPARE(after.isNull() ? 0.0F : after.row(0)[i], expected);
-                ++decided;
-            }
-        }
-        QVERIFY(decided > 20000);
     }
 
     void polygonEnds()

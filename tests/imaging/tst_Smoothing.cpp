@@ -44,25 +44,6 @@ private Q_SLOTS:
             }
         }
     }
-
-    void whatIsEvenStaysEven()
-    {
-        const AngleImage even(90, 70, 0xFF000123);
-        QCOMPARE(smoothened(even, 7.0), even);
-        std::mt19937 random(22);
-        const AngleImage surface = randomAngles(9, 9, random);
-        QVERIFY(smoothened(surface, 0.0).sharesCellsWith(surface));
-        FloatImage heights(3, 3, 2.5F);
-        smoothen(heights, 2.0);
-        for (int i = 0; i < 9; ++i)
-            QVERIFY(std::abs(heights.row(0)[i] - 2.5F) < 1e-5F);
-        heights = floats({{0, 0, 8, 0, 0}});
-        smoothen(heights, 0.0);
-        QCOMPARE(heights, floats({{0, 0, 8, 0, 0}}));
-        smoothen(heights, 1.0);
-        QVERIFY(heights.row(0)[1] > 0.0F && heights.row(0)[0] == 0.0F); // three wide
-        QVERIFY(smoothened({}, 3.0).isNull());
-    }
 };
 
 QTEST_GUILESS_MAIN(TestSmoothing)

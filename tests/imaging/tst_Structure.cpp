@@ -2,20 +2,15 @@
 #include "imaging/LitImage.h"
 #include "imaging/NormalEncoding.h"
 #include "imaging/PaintToolStructureJob.h"
-#include "imaging/PaintToolStructurePreviewJob.h"
 #include "imaging/PatternTiling.h"
 #include "imaging/Patterns.h"
-#include "imaging/StructureSurface.h"
-#include "support/Documents.h"
 #include "support/Pictures.h"
 
-#include <QDir>
 #include <QPainter>
 #include <QTest>
 
 #include <algorithm>
 #include <cmath>
-#include <sys/resource.h>
 
 namespace {
 
@@ -127,17 +122,6 @@ private Q_SLOTS:
         }
     }
 
-    // The turned square itself leaves corners of the smallest bodies out.
-    void everyCornerIsCovered()
-    {
-        for (int i = 0; i < 400; ++i) {
-            const QSize size(1 + i % 20, 1 + i / 20);
-            for (const double rotation : {7.0, 45.0, 120.0})
-                QCOMPARE(tiledPattern(uniform({3, 2}, 0x00C89632U), 1.0, rotation, size),
-                         uniform(size, 0xFFC89632U).convertToFormat(QImage::Format_RGB32));
-        }
-    }
-
     // A low limit sends small images the way of huge ones, in many blocks.
     void blocksGiveWhatTheWholeGives()
     {
@@ -161,33 +145,6 @@ private Q_SLOTS:
         }
     }
 
-    void hugeImagesNeedNoHugeMemory()
-    {
-        const QImage pattern = uniform({6000, 6000}, 0xFF123456U);
-        const auto peakMegabytes = [] {
-            rusage usage{};
-            getrusage(RUSAGE_SELF, &usage);
-            return usage.ru_maxrss / 1024;
-        };
-        const auto before = peakMegabytes();
-        for (const double scale : {0.1, 4.0})
-            QCOMPARE(tiledPattern(pattern, scale, 45.0, {6000, 16}).size(), QSize(6000, 16));
-        [[maybe_unused]] const auto needed = peakMegabytes() - before;
-#if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
-        QVERIFY2(needed < 150, qPrintable(QString::number(needed)));
-#endif
-    }
-
-    void nothingComesOfNothing()
-    {
-        QVERIFY(tiledPattern({}, 1.0, 0.0, {4, 4}).isNull());
-        for (const QSize size : {QSize(), QSize(0, 4), QSize(4, -1), QSize(32769, 1)})
-            QVERIFY(tiledPattern(uniform({4, 4}, 0), 1.0, 30.0, size).isNull());
-        QVERIFY(PaintToolStructurePreviewJob().compute({}).isNull());
-        QVERIFY(litImage({}, {}, {}).isNull());
-        QVERIFY(litImage(uniform({2, 1}, 0), flatNormalMap({1, 2}), {}).isNull());
-    }
-
     // A body sees the pattern from its third column on, and its first two again.
     void slopesOfLightAndDark()
     {
@@ -200,58 +157,6 @@ private Q_SLOTS:
                 pattern.setPixel(4 + i % 4, i / 4, colour);
             const auto expected = angles({{0, -slope, -slope, 0, 0, slope, slope, 0}});
             QCOMPARE(PaintToolStructureJob().compute({pattern, intensity, 1, 0, {8, 1}}), expected);
-            // Lit from the left: what rises to the right is lighter than what is flat.
-            const QImage lit = PaintToolStructurePreviewJob().compute({pattern, 1, 1, 0, {8, 8}});
-            const auto grey = [&lit](int x) { return qRed(lit.pixel(x, 4)); };
-            QVERIFY(std::abs(grey(4) - 128) < 10);
-            QVERIFY(grey(1) > grey(4) + 10 && grey(5) < grey(4) - 10);
-        }
-    }
-
-    void patternsOfFolders()
-    {
-        const Folder folder;
-        const auto paths = [&folder](const char *names) {
-            QStringList all = QString::fromLatin1(names).split(QLatin1Char(' '));
-            for (QString &name : all)
-                name = folder.path(name);
-            return all;
-        };
-        const auto names =
-            "b/1.png a/p10.png a/P2.PNG a/c.jpeg a/d.Jpg a/e.gif a/f.png.txt a/g.png/h";
-        for (const QByteArray &name : QByteArray(names).split(' '))
-            folder.write(QLatin1String(name), {});
-        QVERIFY(QDir::setCurrent(folder.path(QStringLiteral("a"))));
-        QCOMPARE(findPatterns(QStringList(QString()) + paths("b none a")),
-                 paths("b/1.png a/c.jpeg a/d.Jpg a/P2.PNG a/p10.png"));
-        const QStringList builtIn = findPatterns({builtInPatterns()});
-        QCOMPARE(builtIn.size(), 12);
-        for (const QString &file : builtIn)
-            QCOMPARE(QImage(file).size(), QSize(256, 256));
-    }
-
-    // Light and ambience are halved by their alpha: 0.25, 0.125 and 0.5 come from around.
-    void litColours()
-    {
-        const QRgb colour = qRgb(200, 100, 50);
-        const QRgb ambientOnly = qRgb(50, 13, 25);
-        const QRgb fullyLit = qRgb(151, 63, 50);
-        const QRgb translucent = colour & 0x80FFFFFFU;
-        const QVector3D above(0, 0, 7);
-        const QVector3D aside(0.866025F, 0, -0.5F); // an angle of 60 degrees with what faces back
-        for (const auto &[name, texture, normal, direction, brightness, expected] :
-             {std::tuple("from above", colour, flatNormal, above, 100.0, fullyLit),
-              {"aslant", colour, 0xFF808000U, aside, 200, fullyLit},
-              {"facing away", colour, 0xFF7F7F00U, above, 100, ambientOnly},
-              {"no direction", colour, flatNormal, {}, 9, ambientOnly},
-              {"green is up", colour, 0xFF80FF80U, {0, -1, 0}, 100, fullyLit},
-              {"through alpha", translucent, flatNormal, above, 100, qRgba(76, 32, 25, 128)},
-              {"cut at alpha", 0x80FFFFFFU, flatNormal, above, 900, qRgba(128, 128, 128, 128)}}) {
-            Light light{{128, 64, 255, 128}, {255, 255, 255, 128}, brightness};
-            light.place = direction;
-            const QImage lit = litImage(uniform({1, 1}, texture), uniform({1, 1}, normal), light);
-            QCOMPARE(lit.format(), QImage::Format_ARGB32_Premultiplied);
-            QVERIFY2(*reinterpret_cast<const QRgb *>(lit.constBits()) == expected, name);
         }
     }
 
@@ -281,16 +186,6 @@ private Q_SLOTS:
                 }
             }
         }
-    }
-
-    // 45 degrees beside the lamp, grey 0.5 has the root of a half of its light.
-    void aLampShinesOnWhatIsBelow()
-    {
-        const Light lamp{.kind = Light::Kind::Position, .place = {2.5F, 0.5F, 2.0F}};
-        const QImage lit = litImage({}, flatNormalMap({5, 3}), lamp);
-        QVERIFY(std::abs(qBlue(lit.pixel(2, 0)) - 127) <= 1);
-        for (const QPoint &beside : {QPoint(0, 0), QPoint(4, 0), QPoint(2, 2)})
-            QVERIFY(std::abs(qBlue(lit.pixel(beside)) - 90) <= 1);
     }
 };
 

@@ -49,18 +49,13 @@ private Q_SLOTS:
         const auto one = [&](const char *name, auto header, int entry, int at, const char *hex) {
             QVERIFY2(verdict(changed(sound, header, entry, at, hex)) == "refused", name);
         };
-        one("second disk", end, 0, 4, "01");
         one("more entries than there are", end, 0, 8, "04000400");
-        one("fewer entries than there are", end, 0, 8, "02000200");
         one("directory of another size", end, 0, 12, "01");
-        one("comment cut off", end, 0, 20, "01");
-        one("entry on a second disk", directory, 1, 34, "01");
         one("link", directory, 2, 41, "a1");
         one("entry is outside", directory, 1, 42, "f0ffffff");
         one("checksums differ", local, 1, 14, "00");
         one("sizes differ", local, 1, 22, "89");
         one("names differ", local, 1, 30, "50");
-        one("numbers missing without a descriptor", local, 1, 14, "000000000000000000000000");
         // Bytes before the end.
         QCOMPARE(verdict(QByteArray(sound).insert(sound.indexOf(end), 'x')), "refused");
 
@@ -70,8 +65,6 @@ private Q_SLOTS:
             QVERIFY2(verdict(changed(first, directory, entry, at + 2, hex)) == expected, name);
         };
         both("encrypted", 1, 6, "01");
-        both("masked headers", 1, 7, "20");
-        both("unknown method", 1, 8, "0c");
         both("claims what can't be", 1, 22, "00c2eb0b");
         both("stored with two sizes", 2, 22, "06");
         both("data reaches into the directory", 2, 18, "3c0000003c000000");
@@ -80,42 +73,7 @@ private Q_SLOTS:
         both("wrong checksum, deflated", 1, 14, "00");
         both("wrong checksum, stored", 2, 14, "00");
         both("claims less than it unfolds to", 1, 22, "87");
-        both("claims nothing", 1, 22, "0000");
         both("claims more than it unfolds to", 1, 22, "89");
-    }
-
-    void findsFalseEntries()
-    {
-        const auto with = [](const BuiltEntry &entry) {
-            return verdict(soundArchive().add(entry).bytes());
-        };
-        QCOMPARE(with(storedEntry("folder/", "with content")), "refused");
-        BuiltEntry streamed = streamedEntry("gold", "gold", true);
-        const QByteArray descriptor = streamed.descriptor;
-        for (const int at : {5, 9, 13}) {
-            streamed.descriptor = descriptor;
-            streamed.descriptor[at] = static_cast<char>(descriptor.at(at) ^ 1);
-            QCOMPARE(with(streamed), "refused");
-        }
-        streamed.descriptor.clear();
-        QCOMPARE(with(streamed), "refused");
-        // The packed size says the same.
-        const auto packedAs = [&](const char *data) {
-            BuiltEntry entry = deflatedEntry("gold", "gold");
-            entry.data = QByteArray::fromHex(data);
-            entry.numbers[4] = static_cast<char>(entry.data.size());
-            return with(entry);
-        };
-        QCOMPARE(packedAs("4bcfcf490100"), "0 damaged");
-        // It ends early, goes on, or is no deflated stream.
-        for (const char *bad : {"4bcfcf4901", "4bcfcf49010000", "ffffffffffff"})
-            QCOMPARE(packedAs(bad), "1 damaged");
-
-        // All of it is sound but for the place of the second entry, inside the first one's data.
-        const BuiltEntry inner = storedEntry("inner", "x");
-        BuiltEntry outer = storedEntry("outer", BuiltArchive().add(inner).bytes().left(36));
-        outer.data.clear();
-        QCOMPARE(verdict(soundArchive().add(outer).add(inner).bytes()), "refused");
     }
 
     void refusesNames()

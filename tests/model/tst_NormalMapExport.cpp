@@ -10,7 +10,6 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QImageReader>
 #include <QTest>
 
 class TestNormalMapExport : public QObject
@@ -20,12 +19,8 @@ class TestNormalMapExport : public QObject
 private Q_SLOTS:
     void mapsMatchThePlainWay();
     void transparentPixelsAreFlat();
-    void paths_data();
-    void paths();
     void clashesAreRefusedBeforeWriting();
     void failures();
-    void cancelling();
-    void writesImagesByExtension();
 };
 
 namespace {
@@ -97,43 +92,6 @@ void TestNormalMapExport::transparentPixelsAreFlat()
     QCOMPARE(map.pixel(2, 0), qRgb(217, 127, 180));
 }
 
-void TestNormalMapExport::paths_data()
-{
-    QTest::addColumn<QString>("sprite");
-    QTest::addColumn<QString>("directory");
-    QTest::addColumn<QString>("suffix");
-    QTest::addColumn<QString>("path");
-
-    QTest::newRow("beside") << "/s/a.png"
-                            << ""
-                            << "_n"
-                            << "/s/a_n.png";
-    QTest::newRow("points") << "/s/a.b.c.png"
-                            << ""
-                            << "_n"
-                            << "/s/a.b.c_n.png";
-    QTest::newRow("jpeg keeps its extension") << "/s/a.JPG"
-                                              << "/o"
-                                              << ""
-                                              << "/o/a.JPG";
-    QTest::newRow("placeholders") << "/s/%1.png"
-                                  << "/o/%2"
-                                  << "%3"
-                                  << "/o/%2/%1%3.png";
-}
-
-void TestNormalMapExport::paths()
-{
-    QFETCH(QString, sprite);
-    QFETCH(QString, directory);
-    QFETCH(QString, suffix);
-    QFETCH(QString, path);
-    Project project;
-    auto &body = addBody(project, QString());
-    body.sprite().filename().setValue(GFileName(sprite));
-    QCOMPARE(normalMapPath(body, into(directory, suffix)), path);
-}
-
 void TestNormalMapExport::clashesAreRefusedBeforeWriting()
 {
     const Folder folder;
@@ -181,34 +139,6 @@ void TestNormalMapExport::failures()
     // Neither a sprite nor a surface: there is nothing to write.
     addBody(project, QString(), folder.path(QStringLiteral("gone.png")));
     QCOMPARE(exportAll(project, into(folder.path(QStringLiteral("new")))).failures.size(), 1);
-}
-
-void TestNormalMapExport::cancelling()
-{
-    const Folder folder;
-    Project project;
-    for (int i = 0; i < 5; ++i)
-        addBody(project, QString(), folder.writeSprite(QStringLiteral("%1.png").arg(i), {1, 1}));
-    auto settings = into(folder.path(QStringLiteral("out")));
-    settings.progress = [](int done) { return done < 2; };
-    QVERIFY(exportAll(project, settings).cancelled);
-    QCOMPARE(QDir(folder.path(QStringLiteral("out"))).entryList(QDir::Files).size(), 2);
-}
-
-void TestNormalMapExport::writesImagesByExtension()
-{
-    const Folder folder;
-    QImage image(2, 2, QImage::Format_ARGB32);
-    image.fill(Qt::green);
-    QVERIFY(writeImageFile(image, folder.path(QStringLiteral("a.PNG"))));
-    QVERIFY(writeImageFile(image, folder.path(QStringLiteral("a.jpg"))));
-    QCOMPARE(QImageReader::imageFormat(folder.path(QStringLiteral("a.PNG"))), QByteArray("png"));
-    QCOMPARE(QImageReader::imageFormat(folder.path(QStringLiteral("a.jpg"))), QByteArray("jpeg"));
-    const QByteArray old = contentOf(folder.path(QStringLiteral("a.PNG")));
-    QVERIFY(!writeImageFile(QImage(), folder.path(QStringLiteral("a.PNG"))));
-    QCOMPARE(contentOf(folder.path(QStringLiteral("a.PNG"))), old);
-    QVERIFY(!writeImageFile(image, folder.path(QStringLiteral("a.unknown"))));
-    QVERIFY(!writeImageFile(image, folder.path(QStringLiteral("absent/a.png"))));
 }
 
 QTEST_GUILESS_MAIN(TestNormalMapExport)

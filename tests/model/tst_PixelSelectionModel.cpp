@@ -28,8 +28,6 @@ class TestPixelSelectionModel : public QObject
     std::unique_ptr<PixelSelectionModel> m_model;
     QList<Body *> m_bodies;
     Changes m_seen;
-    const FloatImage m_left = floats({{1, 0}});
-    const FloatImage m_right = floats({{0, 1}});
 
 private Q_SLOTS:
     void init()
@@ -52,59 +50,6 @@ private Q_SLOTS:
                 });
     }
 
-    void undoRestoresTheMaskOfAnotherBody()
-    {
-        const Seen former(m_bodies[1], m_left);
-        const Seen latter(m_bodies[0], floats({{0.5F}}));
-        select(former.first, former.second);
-        select(latter.first, latter.second);
-        stack().undo();
-        stack().redo();
-        QCOMPARE(takeSeen(), Changes({former, latter, former, latter}));
-        QCOMPARE(Seen(m_model->body(), m_model->selection()), latter);
-        QVERIFY(!stack().isModified());
-        QCOMPARE(stack().undoText(), QStringLiteral("drag"));
-        m_model->setBody(m_bodies[2]);
-        m_model->setProject(m_project.get());
-        QCOMPARE(takeSeen(), Changes({{m_bodies[2], {}}, {nullptr, {}}}));
-        QCOMPARE(stack().count(), 2);
-    }
-
-    void aDragIsOneStep()
-    {
-        for (const FloatImage &mask : {m_left, m_right, fullSelection({2, 1})})
-            select(m_bodies[1], mask, true);
-        QCOMPARE(stack().count(), 1);
-        // Another body became current in between: what follows does not go on from the last step.
-        m_model->setBody(m_bodies[0]);
-        m_model->setBody(m_bodies[1]);
-        select(m_bodies[1], m_right, true);
-        QCOMPARE(stack().count(), 2);
-        select(m_bodies[1], m_left, false);
-        QCOMPARE(stack().count(), 3);
-        while (stack().canUndo())
-            stack().undo();
-        QCOMPARE(m_seen.last(), Seen(m_bodies[1], {}));
-    }
-
-    void whatChangesNothing()
-    {
-        select(m_bodies[1], floats({{0, 0}}));
-        m_model->clear(m_bodies);
-        m_model->invert(m_bodies);
-        m_model->selectAll({});
-        QCOMPARE(stack().count(), 0);
-        select(m_bodies[1], m_left);
-        select(m_bodies[1], floats({{1, 0}}));
-        m_model->setBody(m_bodies[1]);
-        QCOMPARE(stack().count(), 1);
-        QCOMPARE(m_seen.size(), 1);
-        m_model->setProject(nullptr);
-        select(m_bodies[1], m_right);
-        m_model->selectAll(m_bodies);
-        QCOMPARE(m_seen.last(), Seen());
-    }
-
     // Each a macro whose steps chain, but are steps of their own.
     void currentBodyLast()
     {
@@ -114,19 +59,16 @@ private Q_SLOTS:
         QCOMPARE(
             takeSeen(),
             Changes({{m_bodies[2], {}}, {m_bodies[0], {}}, {m_bodies[1], floats({{0.75F, 0}})}}));
-        QCOMPARE(stack().undoText(), QStringLiteral("invert pixel selection"));
         m_model->selectAll(m_bodies);
         QCOMPARE(takeSeen(),
                  Changes({{m_bodies[0], fullSelection({1, 1})},
                           {m_bodies[2], fullSelection({3, 1})},
                           {m_bodies[1], fullSelection({2, 1})}}));
-        QCOMPARE(stack().undoText(), QStringLiteral("select all pixels"));
         QCOMPARE(stack().command(2)->childCount(), 3);
         stack().undo();
         QCOMPARE(m_seen.last(), Seen(m_bodies[1], floats({{0.75F, 0}})));
         m_model->clear(m_bodies);
         QCOMPARE(m_seen.last(), Seen(m_bodies[1], {}));
-        QCOMPARE(stack().undoText(), QStringLiteral("clear pixel selection"));
         QVERIFY(!stack().isModified());
     }
 
@@ -179,14 +121,6 @@ private Q_SLOTS:
             QCOMPARE(stack().count(), steps.size());
             QCOMPARE(stack().index(), now);
         }
-    }
-
-    void anUnpaintedBodyHasTheSizeOfItsSprite()
-    {
-        const Folder folder;
-        const QString sprite = folder.writeSprite(QStringLiteral("a.png"), {4, 2});
-        m_model->selectAll({&addBody(*m_project, QStringLiteral("sprite"), sprite)});
-        QCOMPARE(m_model->selection(), fullSelection({4, 2}));
     }
 };
 

@@ -1,16 +1,12 @@
 #include "model/Inflation.h"
 #include "model/ProjectArchive.h"
 #include "support/ArchiveBuilder.h"
-#include "support/Documents.h"
 
 #include <QBuffer>
 #include <QElapsedTimer>
-#include <QFile>
 #include <QTest>
 
 #include <random>
-
-#include <sys/stat.h>
 
 namespace {
 
@@ -103,111 +99,6 @@ private Q_SLOTS:
         entry.extra = QByteArray::fromHex("5554010000");
         entry.descriptor = "a gap";
         reads(entry);
-    }
-
-    void manyEntries()
-    {
-        Written written;
-        QMap<QString, QByteArray> contents;
-        for (int i = 0; i < 65535; ++i) {
-            contents.insert(QString::number(i), QByteArray::number(i));
-            QVERIFY(written.add(QString::number(i), QByteArray::number(i)));
-        }
-        QVERIFY(!written.add(QStringLiteral("one more")) && !written.writer.close());
-        // What was refused is not in the archive; all the others are.
-        QElapsedTimer timer;
-        timer.start();
-        QVERIFY(contentsOf(written.buffer.data()) == contents);
-        QVERIFY(timer.elapsed() < 20000);
-    }
-
-    void writerRefusesNames()
-    {
-        QStringList names{QChar(0xD800), QString(65536, QLatin1Char('a'))};
-        for (const char *name : {"", "../a", "a\\b", "a\nb", ".a", "a/", "twin"})
-            names << QLatin1String(name);
-        for (const QString &name : names) {
-            Written written;
-            QVERIFY(written.add(QStringLiteral("twin"), "x"));
-            const qint64 size = written.buffer.size();
-            QVERIFY2(!written.add(name, "x"), qPrintable(name));
-            QVERIFY(!written.add(QStringLiteral("later"), "x") && written.buffer.size() == size);
-            QVERIFY(!written.writer.close() && !written.writer.reason().isEmpty());
-        }
-    }
-
-    void writerStopsAtFourGigabytes()
-    {
-        QFile device(QStringLiteral("/dev/null"));
-        QVERIFY(device.open(QIODevice::WriteOnly));
-        ProjectArchiveWriter writer(device);
-        const QByteArray part(1 << 28, 'x');
-        for (int i = 10; i < 25; ++i)
-            QVERIFY(writer.addFile(QString::number(i), part));
-        // What is left for names and headers is known beforehand, to the byte.
-        constexpr qint64 headers = 15 * (30 + 46 + 2 * 2) + (30 + 46 + 2 * 4) + 22;
-        constexpr auto last = static_cast<int>(0xffffffff - (15LL << 28) - headers);
-        QVERIFY(writer.addFile(QStringLiteral("last"), part.left(last)));
-        QVERIFY(!writer.addFile(QStringLiteral("more"), {}));
-        QVERIFY(writer.reason().contains(QLatin1String("4 GiB")));
-    }
-
-    void readsRegularFilesOnly()
-    {
-        const Folder folder;
-        QCOMPARE(mkfifo(qPrintable(folder.path(QStringLiteral("pipe"))), 0600), 0);
-        folder.write(QStringLiteral("empty"), {});
-        for (const char *name : {"pipe", "", "missing", "empty"}) {
-            ProjectArchiveReader reader;
-            QString reason;
-            QVERIFY2(!reader.open(folder.path(QLatin1String(name)), &reason), name);
-            QVERIFY(!reason.isEmpty());
-        }
-    }
-
-    void fileChangedAfterTheCheck()
-    {
-        const Folder folder;
-        BuiltArchive archive;
-        archive.add(deflatedEntry("a", QByteArray(5000, 'x')));
-        // Larger than what the reader might have in memory from the check.
-        archive.add(storedEntry("b", QByteArray(500'000, 'x')));
-        QFile file(folder.write(QStringLiteral("a.vep"), archive.bytes()));
-        QVERIFY(file.open(QIODevice::ReadWrite | QIODevice::Unbuffered));
-        ProjectArchiveReader reader;
-        QString reason;
-        QVERIFY(reader.open(file.fileName(), &reason));
-        QVERIFY(file.seek(35) && file.write("changed") == 7);
-        QVERIFY(!reader.content(QStringLiteral("a")));
-        QVERIFY(reader.content(QStringLiteral("b")));
-        QVERIFY(file.resize(100'000));
-        QVERIFY(!reader.content(QStringLiteral("b")));
-    }
-
-    void unpacking()
-    {
-        const QByteArray text = "slopes slopes slopes";
-        const QByteArray stream = qCompress(text).mid(4);
-        const QByteArray zeros(5'000'000, '\0');
-        const auto unpacks =
-            [](const char *claim, const QByteArray &bytes, qint64 maximum = 1LL << 40) {
-                return unpackBytes(QByteArray::fromHex(claim) + bytes, maximum).value_or("refused");
-            };
-        QCOMPARE(unpacks("00000014", stream, 20), text);
-        for (const char *empty : {"00000000", "00000000789c030000000001"})
-            QCOMPARE(unpacks(empty, {}, 0), QByteArray());
-        QCOMPARE(unpacks("", qCompress(zeros, 9), zeros.size()), zeros); // the best ratio
-
-        const QByteArray refused = "refused";
-        QCOMPARE(unpacks("00000014", stream, 19), refused);
-        for (const char *claim : {"00000013", "00000015", "00000000", "7fffffff", "ffffffff"})
-            QCOMPARE(unpacks(claim, stream), refused);
-        QByteArray damaged = stream;
-        damaged.back() = static_cast<char>(damaged.back() ^ 1);
-        for (const QByteArray &bad : {QByteArray(), stream.chopped(1), stream + 'x', damaged})
-            QCOMPARE(unpacks("00000014", bad), refused);
-        for (const char *cut : {"", "000000"})
-            QCOMPARE(unpacks(cut, {}), refused);
     }
 
     // Whatever becomes of the file on its way: what is still read is what was saved.

@@ -3,7 +3,6 @@
 #include "model/DataModelWriter.h"
 #include "model/Project.h"
 #include "model/ProjectArchive.h"
-#include "model/ProjectBundle.h"
 #include "model/PropertyAngleImage.h"
 #include "model/Sprite.h"
 #include "support/ArchiveBuilder.h"
@@ -13,26 +12,16 @@
 #include <QDir>
 #include <QTest>
 
-#include <zip.h>
-
 class TestProjectFile : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
     void savedProjectComesBack();
-    void archiveReadsElsewhere();
     void idsAndPackedBytesAreKept();
     void olderFormsAreRead();
-    void unknownElementsAndMissingFields();
-    void refusals_data();
-    void refusals();
     void damageCostsOneBody();
-    void missingDataFileStaysMissing();
-    void sharedDataFileIsSavedTwice();
     void failedSaveKeepsTheOldFile();
-    void flippedBitsCostOneBody();
-    void linksLeadToTheFilesOwnFolder();
     void mutatedContentIsReadOrRefused();
 };
 
@@ -116,31 +105,6 @@ void TestProjectFile::savedProjectComesBack()
     QCOMPARE(contentOf(folder.path(QStringLiteral("a.vep"))).size(), first.size());
 }
 
-void TestProjectFile::archiveReadsElsewhere()
-{
-    const Folder folder;
-    Project project;
-    const AngleImage surface = angles({{1, 2}});
-    addBody(project, QStringLiteral("a")).paintedNormalMap().setAngleImage(surface, QString());
-    const QString path = folder.path(QStringLiteral("a.vep"));
-    save(project, path);
-    const QString id = project.bodies().at(0).paintedNormalMap().dataFileId();
-
-    zip_t *archive =
-        zip_open(QFile::encodeName(path).constData(), ZIP_RDONLY | ZIP_CHECKCONS, nullptr);
-    QVERIFY(archive);
-    QCOMPARE(zip_get_num_entries(archive, 0), zip_int64_t(3));
-    QCOMPARE(zip_get_name(archive, 0, 0), "datafiles/");
-    QCOMPARE(zip_get_name(archive, 1, 0), "project.vexml");
-    QCOMPARE(QString::fromUtf8(zip_get_name(archive, 2, 0)), QStringLiteral("datafiles/") + id);
-    QByteArray packed(1000, '\0');
-    zip_file_t *file = zip_fopen_index(archive, 2, 0);
-    packed.truncate(int(zip_fread(file, packed.data(), zip_uint64_t(packed.size()))));
-    zip_fclose(file);
-    zip_discard(archive);
-    QCOMPARE(qUncompress(packed), encode(surface));
-}
-
 void TestProjectFile::idsAndPackedBytesAreKept()
 {
     const Folder folder;
@@ -185,86 +149,6 @@ void TestProjectFile::olderFormsAreRead()
                  .arg(folder.path(QStringLiteral("old.vex"))));
 }
 
-void TestProjectFile::unknownElementsAndMissingFields()
-{
-    const Folder folder;
-    const auto project = load(folder.write(
-        QStringLiteral("a.vep"),
-        bundle(projectXml("<preset_collections/><filename></filename><mood>calm</mood>"
-                          "<publish_directory>.</publish_directory><light_brightness>dim"
-                          "</light_brightness><light_color>dim</light_color>"))));
-    QCOMPARE(project->lightHeight().value(), 32);
-    QCOMPARE(project->lightBrightness().value(), 0); // what is no number counts as 0
-    QCOMPARE(project->lightColor().value(), QColor(Qt::white));
-    QCOMPARE(project->publishDirectory().value().path(), QDir(folder.path(QString())).path());
-}
-
-void TestProjectFile::refusals_data()
-{
-    QTest::addColumn<QString>("fileName");
-    QTest::addColumn<QByteArray>("content");
-    QTest::addColumn<QString>("message");
-
-    const auto row =
-        [](const char *name, const char *file, const QByteArray &content, const char *message) {
-            QTest::newRow(name) << QString::fromLatin1(file) << content
-                                << QString::fromLatin1(message);
-        };
-    const QByteArray sound = bundle(projectXml({}));
-    row("other extension", "a.zip", sound, "File type of '%1' not supported");
-    row("upper case", "a.VEP", sound, "File type of '%1' not supported");
-    row("absent", "a.vep", {}, "Failed to load '%1'");
-    row("no archive", "a.vep", "vesperine", "Failed to load '%1'");
-    row("cut", "a.vep", sound.left(sound.size() - 1), "Failed to load '%1'");
-    row("absent text", "a.vex", {}, "Failed to open file '%1'");
-    row("no project in it",
-        "a.vep",
-        BuiltArchive().add(storedEntry("a", "b")).bytes(),
-        "Project file 'project.vexml' not found in '%1'");
-    row("empty project", "a.vep", bundle({}), "Project file 'project.vexml' not found in '%1'");
-    row("broken text",
-        "a.vex",
-        "<vesperine_project>\n<bodies>",
-        "XML parser error: Premature end of document. (line 2)");
-    row("other root", "a.vex", "<project/>", "'%1' is not a Vesperine project file");
-    row("unknown entry",
-        "a.vex",
-        projectXml("<bodies><dress/></bodies>"),
-        "Unknown list element 'dress'");
-    row("entry of another list",
-        "a.vex",
-        projectXml("<bodies><sprite/></bodies>"),
-        "cannot add 'sprite' to list 'bodies', wrong type");
-    row("preset collection",
-        "a.vex",
-        projectXml("<preset_collections><brush_list/></preset_collections>"),
-        "Preset collections not supported (brush_list)");
-    row("entities",
-        "a.vex",
-        "<!DOCTYPE a [<!ENTITY b \"c\">]>" + projectXml({}),
-        "XML parser error: entities are not supported (line 1)");
-    row("deep",
-        "a.vex",
-        projectXml(QByteArray("<a>").repeated(30000)),
-        "XML parser error: elements are nested too deeply (line 1)");
-    row("long",
-        "a.vex",
-        projectXml(QByteArray(66 << 20, ' ')),
-        "XML parser error: the text is longer than 64 MiB (line 1)");
-}
-
-void TestProjectFile::refusals()
-{
-    QFETCH(QString, fileName);
-    QFETCH(QByteArray, content);
-    QFETCH(QString, message);
-    const Folder folder;
-    const QString path =
-        content.isEmpty() ? folder.path(fileName) : folder.write(fileName, content);
-    const QString expected = message.contains(QLatin1String("%1")) ? message.arg(path) : message;
-    QCOMPARE(errorOf([&path] { load(path); }), expected);
-}
-
 void TestProjectFile::damageCostsOneBody()
 {
     const Folder folder;
@@ -300,55 +184,10 @@ void TestProjectFile::damageCostsOneBody()
     QCOMPARE(damaged, QStringList(QStringLiteral("broken")));
 }
 
-void TestProjectFile::missingDataFileStaysMissing()
-{
-    const Folder folder;
-    const QString path =
-        folder.write(QStringLiteral("a.vep"),
-                     bundle(projectXml("<bodies>" + bodyXml("a", "gone") + "</bodies>")));
-    QStringList damaged;
-    auto project = load(path, &damaged);
-    QCOMPARE(damaged.size(), 1);
-    save(*project, path);
-    project = load(path, &damaged);
-    QCOMPARE(damaged.size(), 1);
-    project->bodies().at(0).paintedNormalMap().setAngleImage(angles({{8}}),
-                                                             QStringLiteral("paint"));
-    save(*project, path);
-    load(path, &damaged);
-    QVERIFY(damaged.isEmpty());
-}
-
-void TestProjectFile::sharedDataFileIsSavedTwice()
-{
-    const Folder folder;
-    const QString path = folder.write(
-        QStringLiteral("a.vep"),
-        bundle(projectXml("<bodies>" + bodyXml("a", "1") + bodyXml("b", "1") + "</bodies>"),
-               {{"1", qCompress(encode(angles({{5}})))}}));
-    const auto project = load(path);
-    save(*project, path);
-    const auto again = load(path);
-    QCOMPARE(again->bodies().at(0).paintedNormalMap().angleImage(), angles({{5}}));
-    QCOMPARE(again->bodies().at(1).paintedNormalMap().angleImage(), angles({{5}}));
-
-    ProjectBundle taken(QStringLiteral("vep"), QStringLiteral("vexml"));
-    taken.setFileName(path);
-    taken.add(QStringLiteral("id"), std::make_shared<DataFile>());
-    QCOMPARE(errorOf([&] { taken.add(QStringLiteral("id"), std::make_shared<DataFile>()); }),
-             QStringLiteral("Data file 'id' already exists in bundle '%1'").arg(path));
-}
-
 void TestProjectFile::failedSaveKeepsTheOldFile()
 {
     const Folder folder;
     Project project;
-    QCOMPARE(errorOf([&] { DataModelWriter(project).write(); }),
-             QStringLiteral("No filename set on project"));
-    const QString inNoFolder = folder.path(QStringLiteral("absent/a.vep"));
-    QCOMPARE(errorOf([&] { save(project, inNoFolder); }),
-             QStringLiteral("File location '%1' not writable").arg(inNoFolder));
-
     const QString path = folder.path(QStringLiteral("a.vep"));
     save(project, path);
     const QByteArray old = contentOf(path);
@@ -356,49 +195,6 @@ void TestProjectFile::failedSaveKeepsTheOldFile()
     addBody(project, QString(QChar(1)));
     QVERIFY(errorOf([&] { save(project, path); }).startsWith(QLatin1String("Failed to save '")));
     QCOMPARE(contentOf(path), old);
-}
-
-void TestProjectFile::flippedBitsCostOneBody()
-{
-    const Folder folder;
-    const QByteArray packed = qCompress(encode(angles({{1, 2}, {3, 4}})));
-    const QByteArray sound =
-        bundle(projectXml("<bodies>" + bodyXml("a", "1") + bodyXml("b", "2") + "</bodies>"),
-               {{"1", packed}, {"2", packed}});
-    const int start = sound.indexOf(packed);
-    for (int i = start; i < start + packed.size(); ++i) {
-        QByteArray flipped = sound;
-        flipped[i] = char(flipped[i] ^ 4);
-        QStringList damaged;
-        const QString path = folder.write(QStringLiteral("a.vep"), flipped);
-        const auto project = load(path, &damaged);
-        QCOMPARE(damaged, QStringList(QStringLiteral("a")));
-        QCOMPARE(project->bodies().at(1).paintedNormalMap().angleImage(), angles({{1, 2}, {3, 4}}));
-        save(*project, path);
-        QVERIFY(contentOf(path).contains(flipped.mid(start, packed.size())));
-    }
-    QByteArray flipped = sound;
-    flipped.replace("<name>", "<Name>");
-    const QString path = folder.write(QStringLiteral("b.vep"), flipped);
-    QCOMPARE(errorOf([&path] { load(path); }), QStringLiteral("Failed to load '%1'").arg(path));
-}
-
-void TestProjectFile::linksLeadToTheFilesOwnFolder()
-{
-    const Folder folder;
-    Project project;
-    addBody(project, QString(), folder.writeSprite(QStringLiteral("a.png"), {1, 1}));
-    QVERIFY(QDir().mkpath(folder.path(QStringLiteral("real"))) &&
-            QDir().mkpath(folder.path(QStringLiteral("far/away"))));
-    const QString real = folder.path(QStringLiteral("real/a.vep"));
-    const QString link = folder.path(QStringLiteral("far/away/a.vep"));
-    save(project, real);
-    QVERIFY(QFile::link(QStringLiteral("../../real/a.vep"), link));
-    save(*load(link), link);
-    QVERIFY(QFileInfo(link).isSymLink());
-    for (const QString &path : {real, link})
-        QCOMPARE(load(path)->bodies().at(0).sprite().filename().value().path(),
-                 folder.path(QStringLiteral("a.png")));
 }
 
 // Right checksums lead the faults past the archive, into the text and the surfaces.

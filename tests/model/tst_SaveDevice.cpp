@@ -87,29 +87,6 @@ class TestSaveDevice : public QObject
 private Q_SLOTS:
     void init() { m_folder = {}; }
 
-    void writesAnywhereAndReplaces()
-    {
-        for (const SaveDevice::Sync sync : {SaveDevice::Sync::Now, SaveDevice::Sync::Later}) {
-            SaveDevice device(path("a"), sync);
-            QVERIFY(!device.open(QIODevice::ReadWrite) && device.open(QIODevice::WriteOnly));
-            QCOMPARE(device.write("0123456789"), 10);
-            QVERIFY(device.seek(2) && device.write("ab") == 2);
-            QVERIFY(device.pos() == 4 && device.size() == 10);
-            // Archive writers close their device, more than once.
-            device.close();
-            device.close();
-            QCOMPARE(device.write("lost"), -1);
-            QVERIFY(device.commit() && !device.commit());
-            QCOMPARE(contentOf(path("a")), QByteArray("01ab456789"));
-        }
-        {
-            SaveDevice dropped(path("b"));
-            QVERIFY(dropped.open(QIODevice::WriteOnly) && dropped.write("half") == 4);
-        }
-        QCOMPARE(files(), QStringLiteral("a"));
-        QVERIFY(syncFolders({path(""), path("")}) && !syncFolders({path(""), path("missing")}));
-    }
-
     void everyFailureKeepsTheOldFile()
     {
         for (const int kind : {0, 1, 2, 3}) {
@@ -169,26 +146,6 @@ private Q_SLOTS:
         QCOMPARE(int(info.st_mode & 07777U), 0640);
         QVERIFY(QFileInfo(path("outer")).isSymLink() && QFileInfo(path("links/inner")).isSymLink());
         QVERIFY(!save(path("round"), "x"));
-    }
-
-    void refusesWhatIsNoFile()
-    {
-        for (const char *name : {"/", "/dev/full", "/dev/null/a", "/nowhere/a", "/proc/a", ""}) {
-            SaveDevice device(QString::fromLatin1(name));
-            QVERIFY2(!device.open(QIODevice::WriteOnly), name);
-            QVERIFY(!device.errorString().isEmpty() && !device.commit());
-        }
-    }
-
-    void removesWhatAKilledSaverLeft()
-    {
-        for (const char *name : {".a.saving", ".a.saving2", ".b.saving"})
-            m_folder.write(QLatin1String(name), "half");
-        QVERIFY(save(path("a"), "new"));
-        QCOMPARE(files(), QStringLiteral(".b.saving a"));
-        // Names may be as long as they can be.
-        const QString longest = m_folder.path(QString(255, QLatin1Char('x')));
-        QVERIFY(save(longest, "first") && save(longest, "new") && contentOf(longest) == "new");
     }
 
     void killedAtAnyMoment()

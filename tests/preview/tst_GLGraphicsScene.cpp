@@ -2,27 +2,17 @@
 
 #include "base/Resources.h"
 #include "imaging/LitImage.h"
-#include "model/Body.h"
-#include "model/ImageReading.h"
-#include "model/NormalMapProcessor.h"
-#include "model/Project.h"
-#include "model/PropertyAngleImage.h"
-#include "model/Sprite.h"
 #include "preview/GLGraphicsLight.h"
+#include "preview/GLGraphicsSprite.h"
 #include "preview/GraphicsCheck.h"
-#include "preview/SpriteItem.h"
 #include "support/PaintCounter.h"
 
 #include <QApplication>
 #include <QGraphicsView>
-#include <QOffscreenSurface>
 #include <QOpenGLContext>
-#include <QOpenGLFramebufferObject>
-#include <QOpenGLPaintDevice>
 #include <QOpenGLWidget>
 #include <QPainter>
 #include <QProcess>
-#include <QSignalSpy>
 #include <QTest>
 
 namespace {
@@ -116,28 +106,6 @@ int difference(const QImage &one, const QImage &other)
     return most;
 }
 
-// Four times as large as on the screen.
-QImage iconOf(GLGraphicsLight &light)
-{
-    QImage image = filled({200, 200}, Qt::transparent);
-    QPainter painter(&image);
-    painter.translate(100, 100);
-    painter.scale(4, 4);
-    light.paint(&painter, nullptr, nullptr);
-    return image;
-}
-
-// Up to what is blended at its edges.
-bool contains(const QImage &image, const QColor &color)
-{
-    for (int i = 0; i < image.width() * image.height(); ++i) {
-        const QColor found = image.pixelColor(i % image.width(), i / image.width());
-        if (found.alpha() > 200 && difference(found, color) < 7)
-            return true;
-    }
-    return false;
-}
-
 } // namespace
 
 class TestGLGraphicsScene : public QObject
@@ -180,49 +148,6 @@ private Q_SLOTS:
         QVERIFY(difference(shown.shot(), shown.expectedSprite().scaled(80, 60)) <= 2);
     }
 
-    // Two device pixels a pixel, on a device that is no view.
-    void paintsOnFineDevices()
-    {
-        ShownScene shown;
-        QOffscreenSurface surface;
-        surface.create();
-        QOpenGLContext context;
-        QVERIFY(context.create() && context.makeCurrent(&surface));
-        QOpenGLFramebufferObject buffer(80, 60, QOpenGLFramebufferObject::CombinedDepthStencil);
-        buffer.bind();
-        QOpenGLPaintDevice device(80, 60);
-        device.setDevicePixelRatio(2.0);
-        QPainter painter(&device);
-        shown.scene.setDisplayMode(DisplayMode::Texture);
-        shown.scene.render(&painter, {0, 0, 40, 30}, {20, 10, 40, 30});
-        painter.end();
-        QCOMPARE(difference(buffer.toImage(), filled({80, 60}, QColor(200, 120, 60))), 0);
-    }
-
-    void lightKeepsItsSizeOnTheScreen()
-    {
-        GLGraphicsScene scene;
-        const double width = scene.light().boundingRect().width();
-        scene.setDisplayScaleFactor(4.0F);
-        QCOMPARE(scene.light().boundingRect().width(), width / 4.0);
-        QCOMPARE(scene.light().boundingRect().center(), QPointF(0, 0));
-    }
-
-    void lightIconTakesTheColour()
-    {
-        GLGraphicsLight light;
-        light.setColor(Qt::red);
-        QVERIFY(contains(iconOf(light), Qt::red) && contains(iconOf(light), Qt::white));
-        // The border is dark round bright colours, white round dark ones.
-        for (const QColor &color : {QColor(Qt::white), QColor(255, 255, 0), QColor(0, 0, 120)}) {
-            light.setColor(color);
-            const QImage icon = iconOf(light);
-            QVERIFY(contains(icon, color) && !contains(icon, Qt::red));
-            QCOMPARE(contains(icon, Qt::black), color.red() == 255);
-            QVERIFY(color.red() == 255 || contains(icon, Qt::white));
-        }
-    }
-
     void onlyWhatChangedIsUploaded()
     {
         ShownScene shown;
@@ -237,36 +162,6 @@ private Q_SLOTS:
         QCOMPARE(difference(shown.shot().copy(sprite), expected), 0);
         shown.sprite->setNormalImage(next);
         QCOMPARE(difference(shown.shot().copy(sprite), next), 0);
-    }
-
-    // Alpha alone goes to the graphics card as it is, in rows of any length.
-    void selectionOfAlphaAlone()
-    {
-        ShownScene shown;
-        shown.sprite->setColorImage(filled({37, 29}, QColor(200, 120, 60)));
-        shown.sprite->setNormalImage(bumps({37, 29}));
-        const QImage before = shown.shot();
-        QImage alpha({37, 29}, QImage::Format_Alpha8);
-        for (int i = 0; i < 37 * 29; ++i)
-            alpha.scanLine(i / 37)[i % 37] = uchar(i / 37 * 9 + i % 37 * 5);
-        // Its dashes wander: what counts is where they are.
-        const auto outline = [&](const QImage &selection) {
-            shown.sprite->setSelectionImage(selection);
-            const QImage image = shown.shot();
-            QVector<QPoint> places;
-            for (int i = 0; i < image.width() * image.height(); ++i) {
-                const QPoint at(i % image.width(), i / image.width());
-                if (image.pixel(at) != before.pixel(at))
-                    places.append(at);
-            }
-            return places;
-        };
-        for (int round = 0; round < 3; ++round) {
-            const auto expected = outline(alpha.convertToFormat(QImage::Format_RGBA8888));
-            QVERIFY(expected.size() > 50 && outline({}).isEmpty());
-            QCOMPARE(outline(alpha), expected);
-            alpha.scanLine(7)[36 - round] = 255;
-        }
     }
 
     void texturesAreMadeAnewWhereTheyAreLost()
@@ -288,55 +183,6 @@ private Q_SLOTS:
         QVERIFY(difference(shown.shot(), before) > 0);
         shown.scene.addItem(shown.sprite);
         QCOMPARE(difference(shown.shot(), before), 0);
-    }
-
-    void tooLargeSpritesAreDrawnSmallerAndNamedOnce()
-    {
-        ShownScene shown;
-        auto *large = new GLGraphicsSprite;
-        large->setColorImage(filled({40000, 2}, Qt::blue));
-        large->setNormalImage(filled({40000, 2}, QColor(128, 128, 255)));
-        QVector<GLGraphicsSprite *> named;
-        connect(&shown.scene,
-                &GLGraphicsScene::spriteScaledDown,
-                this,
-                [&named](GLGraphicsSprite *sprite) { named.append(sprite); });
-        shown.scene.addItem(large);
-        shown.scene.setDisplayMode(DisplayMode::Texture);
-        QCOMPARE(shown.shot().pixelColor(70, 1), QColor(Qt::blue));
-        shown.shot();
-        QCOMPARE(named, QVector<GLGraphicsSprite *>{large});
-    }
-
-    void otherViewportsAreRefused()
-    {
-        GLGraphicsScene scene;
-        QImage image = filled({4, 4}, Qt::red);
-        QPainter painter(&image);
-        QTest::ignoreMessage(QtWarningMsg,
-                             "OpenGLScene: drawBackground needs a QGLWidget to be set as viewport "
-                             "on the graphics view");
-        scene.render(&painter, {}, {100, 100, 4, 4});
-        QCOMPARE(image, filled({4, 4}, Qt::red));
-    }
-
-    void spriteItemFollowsItsBody()
-    {
-        Project project;
-        Body body(project);
-        body.sprite().load(ReadImage{true, {}, filled({4, 3}, Qt::blue), {}}, {}, false);
-        SpriteItem item(body);
-        const QSignalSpy changes(&item, &SpriteItem::contentChanged);
-        const QSignalSpy sizes(&item, &SpriteItem::sizeChanged);
-        body.paintedNormalMap().setAngleImage(AngleImage(4, 3, 300), QStringLiteral("paint"));
-        item.processor().waitForIdle();
-        // The same image and no copy of it.
-        QCOMPARE(item.normalImage().cacheKey(), item.processor().normalMap().cacheKey());
-        QVERIFY(!changes.isEmpty() && sizes.isEmpty());
-        body.sprite().load(ReadImage{true, {}, filled({5, 3}, Qt::red), {}}, {}, false);
-        QCOMPARE(item.boundingRect(), QRectF(0, 0, 5, 3));
-        QCOMPARE(item.colorImage().cacheKey(), body.sprite().image().cacheKey());
-        QCOMPARE(sizes.size(), 1);
     }
 
     void graphicsAreChecked()

@@ -6,16 +6,12 @@
 #include "model/PropertyAngleImage.h"
 #include "model/properties/PropertyListT.h"
 #include "model/properties/PropertyT.h"
-#include "preview/GLGraphicsLight.h"
 #include "preview/GraphicsCheck.h"
 #include "preview/SpriteItem.h"
 #include "support/Gestures.h"
 #include "support/ToolEditor.h"
-#include "tools/PaintToolMove.h"
 
 #include <QApplication>
-#include <QGraphicsRectItem>
-#include <QSignalSpy>
 #include <QTabletEvent>
 #include <QTest>
 #include <QWindow>
@@ -49,26 +45,9 @@ void sendPen(const ShownEditor &editor,
                        isDown ? Qt::MouseButtons(button) : Qt::NoButton);
     QCoreApplication::sendEvent(editor.window.windowHandle(), &event);
 }
-
-/// As many systems do for a pen, too.
-void clickForPen(QWidget &widget, const QPoint &place)
-{
-    for (const QEvent::Type type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
-        const bool isPress = type == QEvent::MouseButtonPress;
-        QMouseEvent event(type,
-                          place,
-                          place,
-                          widget.mapToGlobal(place),
-                          Qt::LeftButton,
-                          isPress ? Qt::LeftButton : Qt::NoButton,
-                          Qt::NoModifier,
-                          Qt::MouseEventSynthesizedBySystem);
-        QCoreApplication::sendEvent(&widget, &event);
-    }
-}
 } // namespace
 
-// Tools that work in the editor's scene: what they hear, what they paint, and how they show.
+// Tools that work in the editor's scene: what they hear and what they paint.
 class tst_SceneTools : public QObject
 {
     Q_OBJECT
@@ -109,20 +88,6 @@ private Q_SLOTS:
         QTest::keyClick(&editor.edit, Qt::Key_Meta);
         QCOMPARE(tool.takeLog(),
                  QByteArray("key 1000000|key up 1000000|key 1000020|key up 1000020"));
-
-        // Only looking: neither the tool nor the selection hears of a click.
-        editor.scene.setViewOnly(true);
-        drag(editor.viewport, editor.besideAll(), editor.on(a));
-        QCOMPARE(tool.takeLog(), QByteArray());
-        QCOMPARE(editor.selected(), QByteArray("a"));
-        editor.scene.setViewOnly(false);
-
-        // A move tool's clicks select and drag again.
-        tool.mode = InteractionMode::MoveSprites;
-        Q_EMIT tool.interactionModeChanged(tool.mode);
-        editor.click(editor.besideAll());
-        QCOMPARE(editor.selected(), QByteArray());
-        QCOMPARE(tool.takeLog(), QByteArray("deactivate"));
     }
 
     void toolFollowsCurrentBody()
@@ -130,10 +95,7 @@ private Q_SLOTS:
         ToolEditor editor({64, 64});
         Body &a = editor.a;
         Body &b = editor.add(QStringLiteral("b"), {40, 30});
-        QGraphicsRectItem overlay(0, 0, 5, 5);
-        PaintToolMove move;
         FakeTool &tool = editor.tool;
-        tool.overlay = &overlay;
         editor.pixels.setSelection(&a, FloatImage(64, 64, 1.0F), QStringLiteral("mask"));
         QCOMPARE(tool.takeLog(), QByteArray("selection 64x64"));
         QVERIFY(editor.scene.spriteItem(&a)->hasSelection());
@@ -142,7 +104,6 @@ private Q_SLOTS:
         editor.bodies.setSelection({&b});
         QCOMPARE(tool.takeLog(), startsOver);
         QVERIFY(!editor.scene.spriteItem(&a)->hasSelection());
-        QCOMPARE(overlay.pos(), editor.scene.spriteItem(&b)->pos());
 
         // What changes elsewhere, with the same size and with another one.
         const QString text = QStringLiteral("change");
@@ -156,13 +117,6 @@ private Q_SLOTS:
         editor.project.undoStack().undo();
         tool.takeLog();
 
-        editor.scene.setTool(&move);
-        QCOMPARE(tool.takeLog(), QByteArray("deactivate"));
-        QVERIFY(!overlay.scene());
-        QCOMPARE(editor.scene.interactionMode(), InteractionMode::MoveSprites);
-        editor.scene.setTool(&tool);
-        QCOMPARE(editor.scene.interactionMode(), InteractionMode::Tool);
-        tool.takeLog();
         editor.bodies.setSelection({&a, &b});
         QCOMPARE(tool.takeLog(), QByteArray("deactivate"));
         QVERIFY(!editor.pixels.body());
@@ -194,15 +148,6 @@ private Q_SLOTS:
         QVERIFY(editor.a.surface() == expected);
         QVERIFY(editor.tool.surface == expected);
         QCOMPARE(editor.tool.takeLog(), QByteArray("surface 8x8"));
-
-        QSignalSpy pointed(&editor.scene, &NormalMapEditorScene::pointedPixelChanged);
-        processor.waitForIdle();
-        dragTo(editor.viewport, editor.on(editor.a, {3, 2}), Qt::NoButton);
-        const auto pixel = pointed.last().first().value<PointedPixel>();
-        QCOMPARE(pixel.body, &editor.a);
-        QCOMPARE(pixel.pixel, QPoint(3, 2));
-        QCOMPARE(pixel.slope, QPointF(2, 0));
-        QCOMPARE(pixel.normal, QColor(241, 127, 114));
 
         stack.undo();
         QVERIFY(editor.tool.surface == AngleImage(8, 8));
@@ -251,11 +196,10 @@ private Q_SLOTS:
         QCOMPARE(tool.lastEvent.buttons, Qt::LeftButton);
         tool.takeLog();
         sendPen(editor, QEvent::TabletRelease, start, 0.0);
-        clickForPen(editor.viewport, start.toPoint() + QPoint(9, 9));
         QCOMPARE(tool.takeLog(), QByteArray("release 10,10"));
         QCOMPARE(tool.lastEvent.pressure, 0.0);
 
-        // The other end, a double click, the button that pans, and a mouse after all that.
+        // The other end, a double click, and a mouse after all that.
         const QPointF far = start + QPointF(50, 0);
         for (int i = 0; i < 2; ++i) {
             sendPen(editor, QEvent::TabletPress, far, 1.0, Qt::LeftButton, QTabletEvent::Eraser);
@@ -264,11 +208,6 @@ private Q_SLOTS:
         }
         QCOMPARE(tool.takeLog(),
                  QByteArray("press 60,10|release 60,10|double 60,10|release 60,10"));
-        sendPen(editor, QEvent::TabletPress, far, 1.0, Qt::MiddleButton);
-        sendPen(editor, QEvent::TabletMove, far + QPointF(30, 9), 1.0, Qt::MiddleButton);
-        sendPen(editor, QEvent::TabletRelease, far + QPointF(30, 9), 0.0, Qt::MiddleButton);
-        QCOMPARE(editor.on(a, {60, 10}), (far + QPointF(30, 9)).toPoint());
-        tool.takeLog();
         editor.click(editor.on(a, {5, 6}));
         QCOMPARE(tool.takeLog(), QByteArray("press 5,6|release 5,6"));
         QCOMPARE(tool.lastEvent.pressure, 1.0);
@@ -282,83 +221,6 @@ private Q_SLOTS:
         QCOMPARE(tool.takeLog(), QByteArray("release 20,20"));
         editor.click(editor.on(a, {5, 6}));
         QCOMPARE(tool.takeLog(), QByteArray("press 5,6|release 5,6"));
-    }
-
-    void wheelAndRightButtonReachTheTool()
-    {
-        ToolEditor editor({64, 64});
-        FakeTool &tool = editor.tool;
-        tool.usesWheel = true;
-        const QPoint place = editor.on(editor.a);
-        const double zoom = editor.view.zoom();
-        turnWheel(editor.viewport, place, {0, 30}, Qt::ControlModifier);
-        const Qt::KeyboardModifiers turningTheAxis = Qt::ControlModifier | Qt::ShiftModifier;
-        turnWheel(editor.viewport, place, {-240, 0}, turningTheAxis);
-        turnWheel(editor.viewport, place, {}, Qt::ControlModifier);
-        QCOMPARE(tool.takeLog(), QByteArray("wheel 0.25 4000000|wheel -2 6000000"));
-        QCOMPARE(editor.view.zoom(), zoom);
-
-        QContextMenuEvent menu(QContextMenuEvent::Mouse, place);
-        QCoreApplication::sendEvent(&editor.viewport, &menu);
-        QVERIFY(menu.isAccepted());
-        const QPoint end = editor.on(editor.a, {24, 24});
-        drag(editor.viewport, place, end, Qt::RightButton);
-        QCOMPARE(tool.takeLog(), QByteArray("press 20,20|move 22,22|move 24,24|release 24,24"));
-    }
-
-    void strokesStayWhileTheViewMoves()
-    {
-        ToolEditor editor({200, 200});
-        QVERIFY(QTest::qWaitForWindowExposed(&editor.window));
-        editor.view.setZoom(2.0);
-        editor.press(editor.a, {50, 50});
-        const QPoint pointer = editor.on(editor.a, {60, 60});
-        dragTo(editor.viewport, pointer);
-        editor.tool.takeLog();
-        turnWheel(editor.viewport, pointer, {0, 240}, Qt::AltModifier, Qt::LeftButton);
-        QVERIFY(editor.view.zoom() > 2.5);
-        QCOMPARE(editor.tool.takeLog(), QByteArray("move 60,60"));
-
-        // Without a stroke the middle button pans, and the pixel under the pointer stays the same.
-        QTest::mouseRelease(&editor.viewport, Qt::LeftButton, {}, pointer);
-        const QSignalSpy pointed(&editor.scene, &NormalMapEditorScene::pointedPixelChanged);
-        drag(editor.viewport, pointer, pointer + QPoint(30, 9), Qt::MiddleButton);
-        QCOMPARE(editor.on(editor.a, {60, 60}), pointer + QPoint(30, 9));
-        QVERIFY(pointed.isEmpty());
-    }
-
-    void pointerShowsWhatItDoes()
-    {
-        ShownEditor editor;
-        Body &a = editor.add(QStringLiteral("a"), {200, 200});
-        const auto shapeAt = [&editor](const QPoint &place) {
-            dragTo(editor.viewport, place, Qt::NoButton);
-            return editor.viewport.cursor().shape();
-        };
-        QCOMPARE(shapeAt(editor.on(a, {150, 150})), Qt::SizeAllCursor);
-        QCOMPARE(shapeAt(editor.besideAll()), Qt::ArrowCursor);
-        QCOMPARE(shapeAt(editor.at(editor.scene.light().pos())), Qt::OpenHandCursor);
-
-        FakeTool tool;
-        editor.scene.setTool(&tool);
-        editor.bodies.setSelection({&a});
-        const auto outline = [&editor]() -> QGraphicsItem * {
-            for (QGraphicsItem *item : editor.scene.items()) {
-                if (item->toGraphicsObject() && item->zValue() > editor.scene.light().zValue())
-                    return item;
-            }
-            return nullptr;
-        };
-        QVERIFY(outline() && !outline()->isVisible());
-        QCOMPARE(shapeAt(editor.on(a, {150, 150})), Qt::BitmapCursor);
-        QVERIFY(outline()->isVisible());
-        QCOMPARE(editor.at(outline()->pos()), editor.on(a, {150, 150}));
-        editor.scene.setViewOnly(true);
-        QVERIFY(!outline()->isVisible());
-        editor.scene.setViewOnly(false);
-        Q_EMIT tool.cursorChanged(ScalableToolCursor(QCursor(Qt::CrossCursor)));
-        QVERIFY(!outline());
-        QCOMPARE(editor.viewport.cursor().shape(), Qt::CrossCursor);
     }
 };
 

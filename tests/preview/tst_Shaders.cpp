@@ -1,11 +1,9 @@
-#include "base/Error.h"
 #include "base/Resources.h"
 #include "imaging/LitImage.h"
 #include "preview/GLGraphicsSprite.h"
 #include "preview/GraphicsCheck.h"
 #include "preview/LitSprite.h"
 #include "preview/SceneRenderer.h"
-#include "support/Documents.h"
 #include "support/Pictures.h"
 #include "support/ShadedPicture.h"
 
@@ -162,9 +160,6 @@ private Q_SLOTS:
             }
         }
         row("no brightness", [](ShadedPicture &picture) { picture.light.brightness = 0.0F; });
-        row("light of no intensity",
-            [](ShadedPicture &picture) { picture.light.color.setAlpha(0); });
-        row("lamp below all", [](ShadedPicture &picture) { picture.place.setZ(-300.0F); });
         row("lamp far at the side", [](ShadedPicture &picture) { picture.place = {-90, 300, 20}; });
         row("y pointing down",
             [](ShadedPicture &picture) { picture.frame.isYAxisInverted = true; });
@@ -174,12 +169,6 @@ private Q_SLOTS:
                 picture.frame.textureOverlayFactor = factor;
             });
         }
-        row("all selected on a fine screen", [](ShadedPicture &picture) {
-            picture.selection = QImage(picture.colors.size(), QImage::Format_Alpha8);
-            picture.selection.fill(255);
-            picture.zoom = 6;
-            picture.frame.pixelRatio = 2.0F;
-        });
     }
     void formulas()
     {
@@ -195,50 +184,6 @@ private Q_SLOTS:
         for (picture.antStep = 1; picture.antStep < 8; ++picture.antStep)
             least = std::min(least, difference(drawn, picture));
         QVERIFY2(least <= 1.01F, qPrintable(QString::number(double(least))));
-    }
-
-    // Where sprite pixels and device pixels do not meet, lines have no gap and no double width.
-    void outlinesAtEveryZoom()
-    {
-        ShadedPicture picture;
-        picture.colors = QImage(24, 24, QImage::Format_ARGB32);
-        picture.colors.fill(Qt::red);
-        picture.normals = picture.colors;
-        picture.selection = QImage(24, 24, QImage::Format_Alpha8);
-        picture.selection.fill(Qt::transparent);
-        for (int y = 3; y < 20; ++y)
-            std::fill_n(picture.selection.scanLine(y) + 4, 15, uchar(255));
-        picture.frame.displayMode = DisplayMode::Texture;
-        for (const double zoom : {0.5, 0.77, 1.5, 2.3, 3.7, 10.0}) {
-            const QImage drawn = m_canvas.draw(picture, zoom);
-            const auto isLine = [&drawn](int x, int y) {
-                return drawn.pixelColor(x, y) != QColor(Qt::red);
-            };
-            QPoint lines;
-            for (int i = 0; i < drawn.width(); ++i)
-                lines += QPoint(isLine(i, drawn.height() / 2), isLine(drawn.width() / 2, i));
-            QCOMPARE(lines, QPoint(2, 2));
-        }
-    }
-
-    void checkerboardInTheAmbientLight()
-    {
-        SceneLight light;
-        light.ambient = QColor(255, 102, 51, 204);
-        light.color = Qt::green;
-        const QImage drawn = m_canvas.draw({43, 38}, [&light](SceneRenderer &renderer) {
-            renderer.setFrame({});
-            renderer.setLight(light, {1, 2, 3}, {});
-            renderer.drawBackground(QPolygonF(QRectF(-1, -1, 2, 2)));
-        });
-        for (int y = 0; y < drawn.height(); ++y) {
-            for (int x = 0; x < drawn.width(); ++x) {
-                const int up = drawn.height() - 1 - y;
-                const double grey = (x / 10 + up / 10) % 2 ? 96 : 128;
-                const QColor expected(qRound(grey * 0.8), qRound(grey * 0.32), qRound(grey * 0.16));
-                QCOMPARE(drawn.pixelColor(x, y), expected);
-            }
-        }
     }
 
     // One of a single piece, and some that are wider or higher than a piece or a texture.
@@ -270,42 +215,6 @@ private Q_SLOTS:
                         most, std::abs(actual.constScanLine(y)[i] - expected.constScanLine(y)[i]));
             }
             QVERIFY2(most <= 2, qPrintable(QString::number(most)));
-        }
-    }
-
-    void buildFailuresAreNamed()
-    {
-        struct Failure
-        {
-            QByteArray vertex;
-            QByteArray fragment;
-            QString message;
-        };
-        const QByteArray vertex = "attribute vec3 p; void main() { gl_Position = vec4(p, 1.0); }";
-        const QByteArray broken = "void main() { nothing; }";
-        const QVector<Failure> failures = {
-            {broken, "void main() {}", QStringLiteral("Failed to compile vertex shader: ")},
-            {vertex, broken, QStringLiteral("Failed to compile fragment shader: ")},
-            {vertex, "void f(); void main() { f(); }", QStringLiteral("Failed to link shader: ")}};
-        for (const Failure &failure : failures) {
-            const Folder folder;
-            GLSpriteShader shader(folder.write(QStringLiteral("v"), failure.vertex),
-                                  folder.write(QStringLiteral("f"), failure.fragment));
-            const QString error = errorOf([&shader] { shader.build(); });
-            QVERIFY2(error.startsWith(failure.message) && error.size() > failure.message.size(),
-                     qPrintable(error));
-        }
-    }
-
-    void sourcesHaveTheirLineEndsAndBuild()
-    {
-        for (const char *name : {"", "-light", "-spot-light", "-bglight"}) {
-            const QString path = QStringLiteral(":/fshader%1.glsl").arg(QLatin1String(name));
-            const QByteArray content = contentOf(path);
-            QVERIFY(content.count('\n') > 5);
-            QCOMPARE(content.count("\r\n"), content.count('\n'));
-            GLSpriteShader shader(QStringLiteral(":/vshader.glsl"), path);
-            QCOMPARE(errorOf([&shader] { shader.build(); }), QString());
         }
     }
 

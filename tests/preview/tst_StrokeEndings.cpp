@@ -12,7 +12,6 @@
 
 #include <QApplication>
 #include <QDialog>
-#include <QMenu>
 
 // Strokes in the editor's scene that end otherwise than by a release.
 class tst_StrokeEndings : public QObject
@@ -34,8 +33,6 @@ private Q_SLOTS:
         tool.paints = true;
         QDialog dialog;
         dialog.setModal(true);
-        QMenu menu;
-        menu.addAction(QStringLiteral("action"));
         QEvent ungrab(QEvent::UngrabMouse);
         const auto setTool = [&](bool commitsLate) {
             tool.commitsLate = commitsLate;
@@ -50,11 +47,9 @@ private Q_SLOTS:
         const QVector<Ending> endings = {
             {"release", [&] { QTest::mouseRelease(&editor.viewport, Qt::LeftButton); }},
             {"modal dialog", [&] { dialog.show(); }},
-            {"popup", [&] { menu.popup(editor.window.pos()); }},
             {"grab", [&] { QCoreApplication::sendEvent(&editor.viewport, &ungrab); }},
             {"focus", [&] { editor.edit.setFocus(); }},
             {"hidden", [&] { editor.view.hide(); }},
-            {"scene", [&] { editor.scene.finishGesture(); }},
             {"tool", [&] { setTool(false); }},
             {"late tool", [&] { setTool(true); }},
             {"body", [&] { editor.bodies.setSelection({&b}); }, 2},
@@ -87,7 +82,6 @@ private Q_SLOTS:
             // Nothing comes after it.
             editor.scene.setProject(&editor.project);
             dialog.close();
-            menu.close();
             editor.view.show();
             editor.window.activateWindow();
             editor.view.setFocus();
@@ -136,23 +130,6 @@ private Q_SLOTS:
                 QVERIFY(b.paintedNormalMap().angleImage().isNull());
             }
         }
-
-        // The same surface: the stroke goes on from the one undone to.
-        tool.commitsLate = false;
-        b.paintedNormalMap().setAngleImage(AngleImage(8, 8, 7), text);
-        editor.press(b, {1, 2});
-        stack.undo();
-        dragTo(editor.viewport, editor.on(b, {3, 2}));
-        editor.release(b, {3, 2});
-        AngleImage expected(8, 8);
-        expected.row(2)[3] = {256, 0};
-        QVERIFY(b.surface() == expected);
-
-        // One that paints nothing leaves no step and an unpainted body as it is.
-        stack.undo();
-        Q_EMIT tool.temporaryNormalMapChanged(AngleImage(1, 1), QRect(2, 2, 1, 1));
-        Q_EMIT tool.commitNormalMap(text);
-        QVERIFY(stack.canRedo());
     }
 };
 

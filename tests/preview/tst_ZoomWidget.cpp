@@ -1,6 +1,5 @@
 #include "preview/ZoomWidget.h"
 
-#include "framework/GAction.h"
 #include "preview/EditorGraphicsViewVesperine.h"
 #include "preview/EditorScene.h"
 #include "support/Gestures.h"
@@ -8,7 +7,6 @@
 #include <QApplication>
 #include <QLineEdit>
 #include <QListWidget>
-#include <QSignalSpy>
 #include <QTest>
 #include <QVBoxLayout>
 
@@ -35,10 +33,6 @@ struct ZoomWindow
         list.addItems({QStringLiteral("one"), QStringLiteral("two")});
         scene.setSceneRect(-200, -100, 400, 200);
         view.setEditorScene(&scene);
-        for (GAction *action : widget.zoomActions())
-            window.addAction(action);
-        QObject::connect(&widget, &ZoomWidget::zoomRequested, &view, &EditorGraphicsView::setZoom);
-        QObject::connect(&view, &EditorGraphicsView::zoomChanged, &widget, &ZoomWidget::setZoom);
         window.resize(603, 500);
         window.show();
         window.activateWindow();
@@ -65,72 +59,6 @@ class tst_ZoomWidget : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void stepsSnapToLevels()
-    {
-        struct Steps
-        {
-            double zoom;
-            double in; ///< 0 for no step
-            double out;
-        };
-        const QVector<Steps> steps = {{0.05, 0.1, 0.0},
-                                      {0.1, 0.2, 0.0},
-                                      {0.11, 0.2, 0.1},
-                                      {0.3349, 0.5, 0.25}, // shown as 33 %
-                                      {0.336, 0.5, 0.33},
-                                      {1.0, 1.5, 0.75},
-                                      {2.7, 3.0, 2.0},
-                                      {10.0, 0.0, 9.0},
-                                      {12.0, 0.0, 10.0}};
-        for (const auto &[zoom, in, out] : steps) {
-            ZoomWidget widget;
-            widget.setZoom(zoom);
-            QSignalSpy requested(&widget, &ZoomWidget::zoomRequested);
-            const auto stepOf = [&](int action) {
-                requested.clear();
-                widget.zoomActions().at(action)->trigger();
-                return requested.isEmpty() ? 0.0 : requested.first().first().toDouble();
-            };
-            QCOMPARE(stepOf(0), in);
-            QCOMPARE(stepOf(1), out);
-            QCOMPARE(stepOf(2), 1.0);
-        }
-    }
-
-    void typedTextIsTaken_data()
-    {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<Qt::Key>("key");
-        QTest::addColumn<double>("zoom");
-        QTest::newRow("percentage") << QStringLiteral("250%") << Qt::Key_Return << 2.5;
-        QTest::newRow("bare number") << QStringLiteral("40") << Qt::Key_Enter << 0.4;
-        QTest::newRow("too much") << QStringLiteral("99999999999%") << Qt::Key_Return << 64.0;
-        QTest::newRow("too little") << QStringLiteral("0%") << Qt::Key_Return << 0.05;
-        QTest::newRow("given up") << QStringLiteral("250%") << Qt::Key_Escape << 1.234;
-        QTest::newRow("left") << QStringLiteral("250%") << Qt::Key_Tab << 2.5;
-        QTest::newRow("left with no number") << QStringLiteral("x") << Qt::Key_Tab << 1.234;
-    }
-    void typedTextIsTaken()
-    {
-        QFETCH(QString, text);
-        QFETCH(Qt::Key, key);
-        QFETCH(double, zoom);
-        ZoomWindow window;
-        QVERIFY(QTest::qWaitForWindowActive(&window.window));
-        window.view.setZoom(1.234);
-        QCOMPARE(window.edit().text(), QStringLiteral("123%"));
-
-        window.edit().setFocus();
-        window.edit().selectAll();
-        QTest::keyClick(&window.edit(), Qt::Key_Delete);
-        QTest::keyClicks(&window.edit(), text);
-        QTest::keyClick(&window.edit(), key);
-        QVERIFY(!window.edit().hasFocus());
-        QCOMPARE(window.view.zoom(), zoom);
-        QCOMPARE(window.widget.zoom(), zoom);
-        QCOMPARE(window.scene.displayScaleFactor(), float(zoom));
-        QCOMPARE(window.edit().text(), QStringLiteral("%1%").arg(qRound(zoom * 100)));
-    }
 
     void zoomKeepsThePointUnderThePointer()
     {
@@ -154,56 +82,6 @@ private Q_SLOTS:
         QCOMPARE(turn({0, 12000}, Qt::AltModifier), 64.0);
         QCOMPARE(turn({0, -24000}, Qt::AltModifier), 0.05);
         QCOMPARE(turn({0, 120}, Qt::ControlModifier), 0.05);
-    }
-
-    void resizeKeepsTheCentre()
-    {
-        ZoomWindow window;
-        QVERIFY(QTest::qWaitForWindowExposed(&window.window));
-        window.view.setZoom(8.0);
-        turnWheel(window.viewport, {50, 50}, {170, 90});
-        const auto centre = [&] { return window.sceneAt(QRectF(window.viewport.rect()).center()); };
-        const QPointF before = centre();
-        for (const QSize size : {QSize(604, 501), QSize(901, 402), QSize(640, 481)}) {
-            window.window.resize(size);
-            QTest::qWait(20);
-            QVERIFY((centre() - before).manhattanLength() <= 0.25);
-        }
-    }
-
-    void fitWaitsForTheWindow()
-    {
-        ZoomWindow window;
-        window.window.hide();
-        window.view.zoomToFit({100, 50, 10, 40});
-        window.window.resize(700, 640);
-        window.window.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&window.window));
-        const QRectF area = window.viewport.rect();
-        QVERIFY(std::abs(window.view.zoom() - area.height() * 0.9 / 40) < 1e-9);
-        const QPointF off = window.view.viewportTransform().map(QPointF(105, 70)) - area.center();
-        QVERIFY(off.manhattanLength() <= 1.0);
-        window.view.zoomToFit({0, 0, 1, 1});
-        QCOMPARE(window.view.zoom(), 16.0);
-    }
-
-    void viewIsPanned()
-    {
-        ZoomWindow window;
-        QVERIFY(QTest::qWaitForWindowExposed(&window.window));
-        const auto origin = [&window] { return window.view.viewportTransform().map(QPointF()); };
-        const QPointF before = origin();
-        turnWheel(window.viewport, 1);
-        QCOMPARE(origin() - before, QPointF(0, 60));
-        turnWheel(window.viewport, {9, 9}, {0, -120}, Qt::ShiftModifier);
-        QCOMPARE(origin() - before, QPointF(-60, 60));
-        drag(window.viewport, {100, 80}, {130, 68}, Qt::MiddleButton);
-        QCOMPARE(origin() - before, QPointF(-30, 48));
-        drag(window.viewport, {100, 80}, {130, 68});
-        QCOMPARE(origin() - before, QPointF(-30, 48));
-        // Until all of the content has just left.
-        drag(window.viewport, {100, 80}, {5100, 80}, Qt::MiddleButton);
-        QVERIFY(window.sceneAt({double(window.viewport.width()), 0}).x() <= -199.0);
     }
 
     void spacePansWhereverTheFocusIs()

@@ -30,7 +30,7 @@ void FakeTool::mouseRelease(const ToolPointerEvent &event)
 bool FakeTool::turnWheel(double notches, Qt::KeyboardModifiers modifiers)
 {
     log(QStringLiteral("wheel %1 %2").arg(notches).arg(int(modifiers), 0, 16));
-    return usesWheel;
+    return false;
 }
 
 void FakeTool::keyPress(int key, Qt::KeyboardModifiers)

@@ -39,7 +39,6 @@ public:
     InteractionMode mode = InteractionMode::Tool;
     bool paints = false;      ///< a step slope of 1 where it is pressed and moved, until released
     bool commitsLate = false; ///< what it has painted, when it is deactivated
-    bool usesWheel = false;
     QGraphicsItem *overlay = nullptr;
     ToolPointerEvent lastEvent;
     QVector<double> pressures;

@@ -1,21 +1,15 @@
 #include "base/Resources.h"
 #include "framework/GIntEdit.h"
-#include "imaging/AngleGlobe.h"
 #include "imaging/CircularBrush.h"
 #include "imaging/SlopeArithmetic.h"
 #include "imaging/StrokePainting.h"
-#include "support/Gestures.h"
 #include "support/PaintedSurface.h"
 #include "support/Pictures.h"
 #include "support/Widgets.h"
-#include "tools/AnglePicker.h"
 #include "tools/PaintToolAngleBrush.h"
 #include "tools/PaintToolEraser.h"
 
-#include <QCheckBox>
-#include <QLabel>
 #include <QPushButton>
-#include <QSignalSpy>
 #include <QTest>
 #include <QVector2D>
 
@@ -135,102 +129,6 @@ private Q_SLOTS:
         check(brush, "Fill"_s, steep);
         check(eraser, "Erase"_s, {});
         eraser.eraseAll(); // of nothing
-    }
-
-    void picks()
-    {
-        PaintToolAngleBrush tool;
-        const PaintedSurface surface(tool, someSurface());
-        surface.paint({{30, 30}, {5.9, 6.9}, {-1.5, 9}}, Qt::AltModifier); // last on the sprite
-        QCOMPARE(control<QLabel>(*tool.settingsPanel(), "Slope").text(), "x 2.73  y -1.17"_s);
-        QVERIFY(surface.areas.isEmpty() && surface.commits.isEmpty());
-        // With another key held, too, it is a stroke.
-        surface.paint({{31, 31}}, Qt::AltModifier | Qt::ShiftModifier);
-        QCOMPARE(surface.commits.size(), 1);
-    }
-
-    void pickCursor()
-    {
-        PaintToolAngleBrush tool;
-        QCursor pointer;
-        connect(&tool, &PaintTool::cursorChanged, this, [&](const ScalableToolCursor &cursor) {
-            pointer = cursor.pointer();
-        });
-        const auto shows = [&] { return pointer.shape() == Qt::BitmapCursor; };
-        const auto hover = [&](Qt::KeyboardModifiers modifiers) {
-            tool.mouseMove({{20, 20}, 1.0, false, {}, {}, modifiers});
-        };
-        const PaintedSurface surface(tool, someSurface());
-        for (const Qt::KeyboardModifiers own : {Qt::NoModifier, Qt::AltModifier}) {
-            tool.keyPress(Qt::Key_Alt, own);
-            QVERIFY(shows());
-            surface.paint({{5, 6}}, Qt::AltModifier);
-            hover(Qt::AltModifier);
-            tool.keyRelease(Qt::Key_Control, Qt::AltModifier);
-            QVERIFY(shows());
-            tool.keyRelease(Qt::Key_Alt, own);
-            QVERIFY(!shows());
-        }
-        // Let go in another window.
-        tool.keyPress(Qt::Key_Alt, Qt::AltModifier);
-        hover({});
-        QVERIFY(!shows());
-    }
-
-    void globe()
-    {
-        AnglePicker picker;
-        showActive(picker);
-        auto &ball = control<QWidget>(picker, "AngleGlobe");
-        const QSignalSpy changed(&picker, &AnglePicker::pixelValueChanged);
-        const auto last = [&] { return changed.last().first().value<AngleImage::Pixel>(); };
-        picker.setPixelValue(steep);
-        QVERIFY(changed.isEmpty());
-        QTest::mousePress(&ball, Qt::LeftButton, {}, {94, 64});
-        QCOMPARE(last(), globeSlopes(128, false).row(54)[84]);
-        dragTo(ball, {900, 74});
-        QCOMPARE(ball.cursor().shape(), Qt::BlankCursor);
-        // 90 % of 64 pixels is 58 when rounded.
-        QCOMPARE(last(), (AngleImage::Pixel{549, 0}));
-        QTest::mouseRelease(&ball, Qt::LeftButton, {}, {900, 74});
-        QVERIFY(ball.cursor().shape() != Qt::BlankCursor);
-        QTest::mouseClick(&control<QPushButton>(picker, "ResetAngle"), Qt::LeftButton);
-        QCOMPARE(last(), AngleImage::Pixel());
-        QTest::keyClick(&ball, Qt::Key_Right);
-        QTest::keyClick(&ball, Qt::Key_Down, Qt::ShiftModifier);
-        QCOMPARE(last(), globeSlopes(128, false).row(72)[65]);
-        QTest::keyClick(&ball, Qt::Key_Home);
-        QCOMPARE(last(), AngleImage::Pixel());
-        control<QCheckBox>(picker, "Discrete").click();
-        const int events = changed.size();
-        QTest::mouseClick(&ball, Qt::LeftButton, {}, {94, 76});
-        QCOMPARE(last(), globeSlopes(128, false).row(64)[80]);
-        QCOMPARE(changed.size(), events + 1);
-    }
-
-    // Out and round by keys leads to each place that the pointer can snap to, and to no other.
-    void discreteKeys()
-    {
-        AnglePicker picker;
-        showActive(picker);
-        auto &ball = control<QWidget>(picker, "AngleGlobe");
-        control<QCheckBox>(picker, "Discrete").click();
-        const AngleImage lookup = globeSlopes(128, true);
-        QSignalSpy changed(&picker, &AnglePicker::pixelValueChanged);
-        for (int ring = 1; ring <= 4; ++ring) {
-            QTest::keyClick(&ball, Qt::Key_Up);
-            for (int direction = 5; direction > -7; --direction) {
-                QTest::keyClick(&ball, Qt::Key_Right);
-                const double radius = (std::min(ring, 3) + 0.5) * 16;
-                const double angle = direction * M_PI / 6;
-                const QPointF place(std::sin(angle) * radius, std::cos(angle) * radius);
-                const QPoint at = globePixel(place, 128);
-                QCOMPARE(changed.last().first().value<AngleImage::Pixel>(),
-                         lookup.row(at.y())[at.x()]);
-            }
-        }
-        QTest::keyClick(&ball, Qt::Key_Down, Qt::ShiftModifier);
-        QCOMPARE(changed.last().first().value<AngleImage::Pixel>(), AngleImage::Pixel());
     }
 };
 

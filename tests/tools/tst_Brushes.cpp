@@ -10,10 +10,8 @@
 #include "support/Widgets.h"
 #include "tools/PaintToolHeightBrush.h"
 
-#include <QAction>
 #include <QComboBox>
 #include <QRadioButton>
-#include <QShortcut>
 #include <QTest>
 #include <QToolButton>
 #include <QVector2D>
@@ -125,17 +123,6 @@ private Q_SLOTS:
         QCOMPARE(surface.areas.size(), announced);
     }
 
-    void aStepCostsItsRectangle()
-    {
-        PaintToolHeightBrush tool;
-        set(tool, "BrushSize", 20);
-        PaintedSurface surface(tool, AngleImage(400, 300));
-        surface.paint({{100, 100}, {110, 100}, {300, 200}});
-        QCOMPARE(surface.areas[0], QRect(QPoint(88, 88), QPoint(112, 112)));
-        QCOMPARE(surface.areas[1], QRect(QPoint(88, 88), QPoint(122, 112)));
-        QCOMPARE(surface.areas[2], QRect(QPoint(98, 88), QPoint(312, 212)));
-    }
-
     void endsOfAStroke()
     {
         PaintToolHeightBrush tool;
@@ -161,13 +148,6 @@ private Q_SLOTS:
         surface.replace(flat);
         surface.paint({{20, 20}, {25, 20}});
         QCOMPARE(undone, surface.stored);
-
-        surface.press({50, 50});
-        tool.mouseDoubleClick(
-            {{50, 50}, 1.0, false, Qt::LeftButton, Qt::LeftButton, Qt::NoModifier});
-        tool.deactivate();
-        QCOMPARE(surface.commits.size(), 3);
-        QVERIFY(!(surface.stored == undone));
     }
 
     void linesByShift()
@@ -234,85 +214,6 @@ private Q_SLOTS:
         const AngleImage erased = dab(1.0, true);
         QCOMPARE(erased.row(30)[40], AngleImage::Pixel());
         QCOMPARE(erased.row(30)[51], someSurface().row(30)[51]);
-    }
-
-    void adjustedByWheelAndDrag()
-    {
-        PaintToolHeightBrush tool;
-        const PaintedSurface surface(tool, AngleImage(90, 70));
-        const auto &size = edit<GIntEdit>(tool, "BrushSize");
-        const auto &hardness = edit<GIntEdit>(tool, "Hardness");
-        set(tool, "BrushSize", 4);
-        tool.turnWheel(1, Qt::ControlModifier);
-        QCOMPARE(size.value(), 5);
-        tool.turnWheel(-9, Qt::ControlModifier);
-        QVERIFY(size.value() < 4);
-        tool.turnWheel(2, Qt::ControlModifier | Qt::ShiftModifier);
-        QCOMPARE(hardness.value(), 10);
-        set(tool, "BrushSize", 50);
-        const Qt::KeyboardModifiers held = Qt::ControlModifier | Qt::AltModifier;
-        tool.mousePress({{20, 20}, 1.0, false, Qt::RightButton, Qt::RightButton, held});
-        tool.mouseMove({{30, 0}, 1.0, false, Qt::RightButton, Qt::NoButton, held});
-        tool.mouseRelease({{30, 0}, 1.0, false, Qt::NoButton, Qt::RightButton, held});
-        tool.mouseMove({{50, 0}, 1.0, false, Qt::NoButton, Qt::NoButton, held});
-        QCOMPARE(size.value(), 70);
-        QCOMPARE(hardness.value(), 50);
-        QVERIFY(surface.commits.isEmpty());
-    }
-
-    void keysOnlyWhileActive()
-    {
-        QWidget window;
-        PaintToolHeightBrush tool;
-        QWidget &panel = *tool.settingsPanel();
-        panel.setParent(&window);
-        showActive(window);
-        const auto &down = edit<QRadioButton>(tool, "DirectionDown");
-        const auto &size = edit<GIntEdit>(tool, "BrushSize");
-        const auto pressAll = [&] {
-            QTest::keyClick(&window, Qt::Key_X);
-            QTest::keyClick(&window, Qt::Key_BracketRight);
-            QTest::keyClick(&window, Qt::Key_BraceRight, Qt::ShiftModifier);
-        };
-        pressAll();
-        QVERIFY(!down.isChecked() && size.value() == 30);
-        {
-            const PaintedSurface surface(tool, AngleImage(9, 7));
-            pressAll();
-            QVERIFY(down.isChecked());
-            QCOMPARE(size.value(), 33);
-            QCOMPARE(edit<GIntEdit>(tool, "Hardness").value(), 5);
-            // A real key may mean several ways to write it.
-            for (QShortcut *shortcut : tool.settingsPanel()->findChildren<QShortcut *>()) {
-                if (shortcut->key() == QKeySequence(QStringLiteral("}")))
-                    Q_EMIT shortcut->activatedAmbiguously();
-            }
-            QCOMPARE(edit<GIntEdit>(tool, "Hardness").value(), 10);
-        }
-        pressAll();
-        QVERIFY(down.isChecked());
-        QCOMPARE(size.value(), 33);
-        panel.setParent(nullptr);
-    }
-
-    void outlines()
-    {
-        PaintToolHeightBrush tool;
-        ScalableToolCursor cursor;
-        connect(&tool, &PaintTool::cursorChanged, this, [&](const ScalableToolCursor &changed) {
-            cursor = changed;
-        });
-        const PaintedSurface surface(tool, AngleImage(90, 70));
-        QCOMPARE(cursor.extent(), 30.0);
-        QCOMPARE(cursor.shapes().size(), 2);
-        tool.keyPress(Qt::Key_Shift, Qt::ShiftModifier);
-        QCOMPARE(cursor.shapes().size(), 2);
-        surface.paint({{20, 20}});
-        tool.mouseMove({{80, 20}, 1.0, false, {}, {}, Qt::ShiftModifier});
-        QCOMPARE(cursor.shapes().size(), 3);
-        QCOMPARE(cursor.extent(), 149.0); // from the middle of the pixel
-        tool.keyRelease(Qt::Key_Shift, Qt::ShiftModifier);
-        QCOMPARE(cursor.shapes().size(), 2);
     }
 };
 

@@ -4,9 +4,7 @@
 #include "tools/PaintToolSelectByColor.h"
 #include "tools/PaintToolSelectWithPolygon.h"
 
-#include <QBrush>
-#include <QGraphicsPathItem>
-#include <QPixmap>
+#include <QGraphicsItem>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -53,10 +51,6 @@ void perform(PaintToolSelectWithPolygon &tool, const QString &step, int held)
         tool.mousePress(pointer(QPointF(corners(step).first()) + QPointF(0.9, 0.9), held));
     else if (step == QLatin1String("double"))
         tool.mouseDoubleClick(pointer({20, 20}));
-    else if (step == QLatin1String("size"))
-        tool.updateTexture(QImage(9, 9, QImage::Format_ARGB32));
-    else if (step == QLatin1String("leave"))
-        tool.deactivate();
     else
         tool.keyPress(QKeySequence(step)[0], {});
 }
@@ -82,16 +76,13 @@ private Q_SLOTS:
         };
         add("plain", 0, 1.9, "0110", "1100 pixel selection changed, merged");
         add("plain outside", 0, -0.1, "0110", " pixel selection cleared");
-        add("keypad", Qt::KeypadModifier, 0, "", "1100 pixel selection changed, merged");
         add("union", Qt::SHIFT, 0, "0110", "1110 pixel selection changed");
         add("union with nothing", Qt::SHIFT, 0, "", "1100 pixel selection changed");
-        add("union outside", Qt::SHIFT, 4, "0110", "");
         add("difference", Qt::ALT, 0, "0110", "0010 pixel selection changed");
         add("difference leaves nothing", Qt::ALT, 0, "1000", " pixel selection cleared");
         add("difference from nothing", Qt::ALT, 0, "", "");
         add("difference outside", Qt::ALT, -1, "0110", "");
         add("Shift and Alt", Qt::SHIFT | Qt::ALT, 0, "0110", "");
-        add("Control outside", Qt::CTRL, -1, "0110", "");
     }
 
     void wandClicks()
@@ -142,43 +133,6 @@ private Q_SLOTS:
             }
             wand.deactivate();
         }
-        // What is filled already is not announced again.
-        QImage even(9, 9, QImage::Format_RGB32);
-        even.fill(Qt::gray);
-        wand.activate({even, {}}, {});
-        spy.clear();
-        wand.mousePress(pointer({1, 1}));
-        wand.mouseMove(pointer({7, 7}));
-        QCOMPARE(spy.count(), 1);
-    }
-
-    // Before or after the key itself counts among the modifiers.
-    void cursorFollowsModifiers()
-    {
-        const auto picture = [](const char *name) {
-            return QPixmap(QStringLiteral(":/cursors/%1.png").arg(QLatin1String(name))).toImage();
-        };
-        PaintToolSelectByColor wand;
-        QImage shown;
-        connect(&wand, &PaintTool::cursorChanged, this, [&](const ScalableToolCursor &changed) {
-            shown = changed.pointer().pixmap().toImage();
-        });
-        const auto check = [&](bool isPress, int key, int modifiers, const char *name) {
-            wand.activate({}, {});
-            QCOMPARE(shown, picture("cross"));
-            isPress ? wand.keyPress(key, Qt::KeyboardModifiers(modifiers))
-                    : wand.keyRelease(key, Qt::KeyboardModifiers(modifiers));
-            QCOMPARE(shown, picture(name));
-            wand.mouseMove(pointer({}, 0, Qt::NoButton));
-            QCOMPARE(shown, picture("cross"));
-        };
-        check(true, Qt::Key_Shift, 0, "cross-add");
-        check(true, Qt::Key_Shift, Qt::SHIFT, "cross-add");
-        check(true, Qt::Key_Alt, 0, "cross-subtract");
-        check(true, Qt::Key_Meta, Qt::SHIFT, "cross");
-        check(false, Qt::Key_Meta, Qt::SHIFT | Qt::ALT, "cross-add");
-        check(false, Qt::Key_Shift, Qt::SHIFT | Qt::ALT, "cross-subtract");
-        check(false, Qt::Key_Shift, Qt::SHIFT, "cross");
     }
 
     void lasso_data()
@@ -198,17 +152,12 @@ private Q_SLOTS:
         add("added", Qt::SHIFT, "2,2 20,2 20,20 2,2", triangle);
         add("subtracted", Qt::ALT, "2,2 20,2 20,20 2,2", triangle);
         add("all subtracted", Qt::ALT, "-1,-1 40,-1 40,40 -1,40 Return", all);
-        add("with Control", Qt::CTRL, "2,2 20,2 20,20 Enter", triangle);
         add("double click", 0, "2,2 20,2 20,20 double", triangle);
         add("double click at two corners", 0, "2,2 20,20 double Return", "", true);
-        add("double click after closing", 0, "2,2 20,2 20,20 2,2 double", triangle);
         add("two corners", 0, "2,2 20,2 2,2", "2,2 20,2");
         add("crossing itself", 0, "2,2 20,20 20,2 2,20 Return", "2,2 20,20 20,2 2,20");
         add("corner removed", 0, "2,2 20,2 9,30 Backspace 20,20 2,2", triangle);
-        add("every corner removed", 0, "2,2 20,2 Backspace Backspace", "");
         add("cancelled", 0, "2,2 20,2 20,20 Esc Return", "");
-        add("tool left", 0, "2,2 20,2 20,20 leave Return", "");
-        add("sprite of another size", 0, "2,2 20,2 20,20 size Return", "");
     }
 
     void lasso()
@@ -235,26 +184,6 @@ private Q_SLOTS:
             QVERIFY(described(spy[0]).endsWith(" pixel selection changed"));
         }
         QTEST(!tool.overlayItem()->childItems().isEmpty(), "isOpen");
-    }
-
-    void lassoPreview()
-    {
-        PaintToolSelectWithPolygon tool;
-        for (const int modifier : {0, int(Qt::ALT)}) {
-            tool.activate({QImage(32, 32, QImage::Format_ARGB32), {}}, {});
-            tool.mousePress(pointer({4, 5}, modifier));
-            tool.mousePress(pointer({20, 6}));
-            tool.mouseMove(pointer({15.5, 25.5}, 0, Qt::NoButton));
-            const auto items = tool.overlayItem()->childItems();
-            const auto *area = qgraphicsitem_cast<QGraphicsPathItem *>(items.first());
-            QCOMPARE(area->brush().color().alpha(), modifier == 0 ? 64 : 0);
-            QCOMPARE(area->path().boundingRect(), QRectF(4, 5, 16, 20));
-            // The first corner grows where a click closes.
-            const double width = items.last()->boundingRect().width();
-            tool.mouseMove(pointer({6, 8}, 0, Qt::NoButton));
-            QVERIFY(items.last()->boundingRect().width() > width);
-            tool.deactivate();
-        }
     }
 };
 

@@ -4,8 +4,6 @@
 #include "framework/GIntEdit.h"
 #include "imaging/CircularBrush.h"
 #include "imaging/MaskedPaste.h"
-#include "imaging/PaintToolStructurePreviewJob.h"
-#include "imaging/Patterns.h"
 #include "imaging/SlopeArithmetic.h"
 #include "imaging/Smoothing.h"
 #include "imaging/StrokePainting.h"
@@ -17,15 +15,11 @@
 #include "tools/PaintToolBlurBrush.h"
 #include "tools/PaintToolStructure.h"
 #include "tools/PatternBox.h"
-#include "tools/StructurePreview.h"
 #include "tools/ToolPanel.h"
 
-#include <QDesktopServices>
-#include <QLabel>
 #include <QPushButton>
 #include <QTest>
 #include <QThreadPool>
-#include <QUrl>
 #include <QVector2D>
 
 namespace {
@@ -155,14 +149,11 @@ private Q_SLOTS:
     void smoothenAll()
     {
         PaintToolBlurBrush tool;
-        const auto &button = control<QPushButton>(tool, "SmoothenAll");
         auto &radius = control<GDoubleEdit>(tool, "Smoothness");
         tool.blurAll(); // of nothing
         const AngleImage start = someSurface(1);
         PaintedSurface surface(tool, start, FloatImage(size.width(), size.height(), 1.0F));
-        QCOMPARE(button.text(), "Smoothen selection"_s);
         tool.updateSelection({});
-        QCOMPARE(button.text(), "Smoothen all"_s);
         control<GIntEdit>(tool, "Opacity").setValue(20);
         settle();
         // A result of the former surface and the former radius are still to come.
@@ -233,80 +224,6 @@ private Q_SLOTS:
         QCOMPARE(surface.commits.last(), "Add structure"_s);
     }
 
-    void patternsComeAndGo()
-    {
-        PatternFolder patterns{{"brick.jpg", somePattern(1)}, {"own.v2.png", somePattern(2)}};
-        patterns.folder.write("patterns/broken.png"_s, "no picture");
-        patterns.folder.writeSprite("patterns/long.png"_s, {8193, 1});
-        patterns.folder.write("patterns/notes.txt"_s, "no picture");
-        PaintToolStructure tool(patterns.settings);
-        auto &box = control<PatternBox>(tool, "Pattern");
-        const int builtIn = findPatterns({builtInPatterns()}).size();
-        QCOMPARE(box.count(), builtIn + 4);
-        QCOMPARE(box.currentIndex(), 0);
-        QVERIFY(box.findText("brick"_s, Qt::MatchExactly) < builtIn);
-        QCOMPARE(box.itemText(builtIn), "brick"_s);
-
-        // The chosen one moves down, then it is gone.
-        box.setCurrentIndex(builtIn + 3);
-        QCOMPARE(box.currentText(), "own.v2"_s);
-        const AngleImage flat(size.width(), size.height());
-        PaintedSurface surface(tool, flat);
-        patterns.add("another.png", somePattern(3));
-        tool.reload();
-        QCOMPARE(box.currentIndex(), builtIn + 4);
-        QVERIFY(QFile::remove(patterns.path("own.v2.png")));
-        tool.reload();
-        QCOMPARE(box.currentIndex(), 0);
-        tool.addStructure();
-        const QImage first(findPatterns({builtInPatterns()}).first());
-        QCOMPARE(surface.stored, structureSurface({first, 4.0, 1.0, 0.0, size}));
-
-        for (const char *unreadable : {"broken.png", "long.png"}) {
-            surface.replace(flat);
-            box.choose(patterns.path(unreadable));
-            settle();
-            surface.paint(scribble);
-            tool.addStructure();
-            QCOMPARE(surface.stored, flat);
-        }
-        box.showPopup();
-        const auto tip = [&box](int row) { return box.itemData(row, Qt::ToolTipRole).toString(); };
-        QTRY_VERIFY(tip(builtIn + 3).endsWith("larger than 8192 pixels a side."_s));
-        QVERIFY(tip(builtIn + 2).contains("can't be read"_s));
-        box.hidePopup();
-    }
-
-    void structurePanel()
-    {
-        const GSettings settings;
-        PaintToolStructure tool(settings);
-        QWidget &panel = *tool.settingsPanel();
-        showActive(panel);
-        auto &preview = *panel.findChild<StructurePreview *>();
-        QTRY_VERIFY(!preview.picture().isNull());
-        control<GIntEdit>(tool, "Scale").setValue(60);
-        panel.resize(panel.width() + 50, panel.height());
-        const QImage first(findPatterns({builtInPatterns()}).first());
-        PaintToolStructurePreviewJob job;
-        const auto expected = [&] {
-            return job.compute({first, 4.0, 0.6, 0.0, preview.size() * preview.devicePixelRatio()});
-        };
-        QTRY_COMPARE(preview.picture(), expected());
-        const QPoint middle = preview.rect().center();
-        QCOMPARE(preview.grab().toImage().pixel(middle), expected().pixel(middle));
-
-        QDesktopServices::setUrlHandler("ve"_s, this, "open");
-        auto &link = shownChild<QLabel>(panel, "Open Preferences to add your own patterns"_s);
-        QTest::keyClick(&link, Qt::Key_Tab); // to the link in the text
-        QTest::keyClick(&link, Qt::Key_Return);
-        QDesktopServices::unsetUrlHandler("ve"_s);
-        QCOMPARE(m_opened, QUrl("ve://preferences"_s));
-    }
-
-public Q_SLOTS:
-    void open(const QUrl &url) { m_opened = url; }
-
 private:
     /// The user's folder of patterns.
     struct PatternFolder
@@ -327,8 +244,6 @@ private:
         Folder folder;
         GSettings settings;
     };
-
-    QUrl m_opened;
 };
 
 QTEST_MAIN(TestSurfaceTools)

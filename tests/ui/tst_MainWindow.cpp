@@ -1,33 +1,25 @@
 #include "base/GSettings.h"
 #include "base/Resources.h"
 #include "framework/GApplication.h"
-#include "framework/GIntEdit.h"
 #include "model/Body.h"
 #include "model/Project.h"
 #include "model/PropertyAngleImage.h"
 #include "model/properties/PropertyT.h"
-#include "preview/EditorGraphicsViewVesperine.h"
 #include "preview/GLGraphicsLight.h"
 #include "preview/NormalMapEditorScene.h"
 #include "support/DialogScript.h"
 #include "support/Documents.h"
 #include "support/EditorUser.h"
-#include "support/FakeTool.h"
-#include "support/Readability.h"
 #include "support/Widgets.h"
-#include "tools/PaintTool.h"
 #include "ui/MainWindow.h"
 #include "ui/NormalMapEditor.h"
 #include "ui/ShapeTreeView.h"
-#include "ui/ToolsSidebar.h"
 
 #include <QAction>
-#include <QComboBox>
 #include <QDropEvent>
 #include <QLineEdit>
 #include <QMimeData>
 #include <QSettings>
-#include <QShortcut>
 #include <QSlider>
 #include <QTest>
 #include <QUrl>
@@ -84,27 +76,6 @@ private Q_SLOTS:
         QVERIFY(!action("Export normals"_s).isEnabled());
     }
 
-    // Held for a tool or the wheel over the view, Alt is not for the menu bar.
-    void altStaysWithTheView()
-    {
-        addSprites({"a.png"_s});
-        const EditorUser user(*m_window);
-        user.view().setFocus();
-        QTest::mouseMove(&user.viewport(), user.at({3, 4}));
-        QTest::qWait(20);
-        FakeTool tool;
-        user.scene().setTool(&tool);
-        tool.takeLog();
-        for (const Qt::Key key : {Qt::Key_Alt, Qt::Key_Backspace, Qt::Key_Escape})
-            QTest::keyClick(m_window->windowHandle(), key);
-        QCOMPARE(tool.takeLog().replace("|key up", ""),
-                 QByteArray("key 1000023 1000023|key 1000003 1000003|key 1000000 1000000"));
-        user.scene().setTool(nullptr);
-        QTest::keyClick(m_window->windowHandle(), Qt::Key_F, Qt::AltModifier);
-        QTRY_VERIFY(QApplication::activePopupWidget());
-        QApplication::activePopupWidget()->close();
-    }
-
     void theSidebarReachesTheScene()
     {
         const NormalMapEditorScene &scene = EditorUser(*m_window).scene();
@@ -116,32 +87,6 @@ private Q_SLOTS:
         height.setFocus();
         QTest::keyClick(&height, Qt::Key_End);
         QCOMPARE(scene.light().position().z(), 1024.0F);
-    }
-
-    void keysOfToolsClashWithNothing()
-    {
-        addSprites({"a.png"_s});
-        const auto tools = m_window->findChild<ToolsSidebar *>()->actions();
-        const auto actions = tools + m_window->findChildren<QAction *>();
-        for (QAction *tool : tools) {
-            tool->trigger();
-            QList<QKeySequence> keys;
-            for (const QAction *each : actions)
-                keys += each->shortcuts();
-            for (const QShortcut *each : m_window->findChildren<QShortcut *>()) {
-                if (each->isEnabled())
-                    keys << each->key();
-            }
-            QVERIFY(keys.size() > 30);
-            for (const QKeySequence &key : keys)
-                QVERIFY2(keys.count(key) == 1, qPrintable(key.toString()));
-        }
-        // They work without their sidebar, too.
-        trigger("Tools"_s);
-        EditorUser(*m_window).key(Qt::Key_B);
-        EditorUser(*m_window).key(Qt::Key_BracketLeft);
-        const auto *size = m_window->findChild<GIntEdit *>("BrushSize"_s);
-        QVERIFY(!size->isVisible() && size->value() < 30);
     }
 
     // What is being typed, and the stroke that is still open.
@@ -246,54 +191,6 @@ private Q_SLOTS:
         const QString unknown = m_folder.path("lit.unknown"_s);
         trigger("Export lit sprite"_s, {choose(unknown), click("Close"_s)});
         QCOMPARE(m_script->seen().last(), "Error|Export to '%1' failed!|"_s.arg(unknown));
-    }
-
-    void preferencesAreKeptAndTakeEffectAtOnce()
-    {
-        const auto change = [this](QWidget &dialog) {
-            auto *patterns = dialog.findChild<QLineEdit *>();
-            patterns->setFocus();
-            QTest::keyClicks(patterns, m_folder.path(QString()));
-            auto *theme = dialog.findChild<QComboBox *>();
-            theme->setCurrentIndex(theme->findData(int(ThemeChoice::Light)));
-            click("OK"_s)(dialog);
-        };
-        trigger("Preferences..."_s, {change});
-        QCOMPARE(QDir(application().settings().value("patterns"_s).toString()),
-                 QDir(m_folder.path(QString())));
-        QCOMPARE(application().theme(), ThemeChoice::Light);
-    }
-
-    void tabFollowsTheEyeThroughPanelsMadeAnew()
-    {
-        addSprites({"a.png"_s, "b.png"_s});
-        clickRow(1);
-        QStringList names;
-        for (int i = 0; i < 12; ++i) {
-            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-            names.append(QApplication::focusWidget()->accessibleName());
-        }
-        QCOMPARE(names.join(QLatin1Char(',')),
-                 "Name,Image,Choose Image,Texture,Lit surface,Lit texture,Normal map,"
-                 "Z position,Brightness,Light color,Ambient light,"_s);
-    }
-
-    void everythingIsNamedAndReadable()
-    {
-        addSprites({"a.png"_s});
-        QStringList faults;
-        const auto look = [&faults](QWidget &dialog) {
-            faults += readingFaultsOf(dialog);
-            dialog.close();
-        };
-        for (const ThemeChoice theme : {ThemeChoice::Light, ThemeChoice::Dark}) {
-            application().setTheme(theme);
-            faults += readingFaultsOf(*m_window);
-            trigger("Preferences..."_s, {look});
-            trigger("Export normals as..."_s, {look});
-            trigger("Send feedback..."_s, {look});
-        }
-        QCOMPARE(faults.join(QLatin1Char('\n')), QString());
     }
 
 private:

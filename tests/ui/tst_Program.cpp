@@ -1,7 +1,6 @@
 #include "support/Documents.h"
 #include "support/Program.h"
 
-#include <QSettings>
 #include <QTest>
 
 /// The editor as a process, as far as it ends by itself.
@@ -31,16 +30,6 @@ private Q_SLOTS:
         QCOMPARE(program.output, QString());
         QCOMPARE(program.words.trimmed().count(QLatin1Char('\n')), 0);
         QVERIFY(program.says("There is no display to open a window on"));
-    }
-
-    void flushesTheSettings()
-    {
-        Program program(QStringLiteral(EDITOR_PROGRAM), m_folder.path(QString()));
-        const QString file = m_folder.write(QStringLiteral("config/Vesperine/Vesperine.conf"),
-                                            "[General]\ntheme=light\n");
-        QCOMPARE(program.run("-v --flushsettings"), 0);
-        QCOMPARE(program.output, QStringLiteral("Flushing all settings\n"));
-        QCOMPARE(QSettings(file, QSettings::NativeFormat).allKeys(), QStringList());
     }
 
 private:

@@ -1,21 +1,15 @@
 #include "base/Resources.h"
 #include "model/ItemSelectionModel.h"
 #include "model/Project.h"
-#include "model/PropertyAngleImage.h"
 #include "model/Sprite.h"
 #include "model/properties/PropertyT.h"
 #include "support/Documents.h"
 #include "support/Widgets.h"
 #include "ui/ShapeTreeView.h"
-#include "ui/SpriteListModel.h"
 
-#include <QDropEvent>
-#include <QFile>
 #include <QLineEdit>
-#include <QMimeData>
 #include <QSignalSpy>
 #include <QTest>
-#include <QUrl>
 
 #include <memory>
 
@@ -35,7 +29,6 @@ private Q_SLOTS:
 
     void init()
     {
-        m_folder = Folder();
         m_project = std::make_unique<Project>();
         m_selection.setProject(m_project.get());
         m_list = std::make_unique<ShapeTreeView>(m_selection);
@@ -50,22 +43,6 @@ private Q_SLOTS:
         m_list->setProject(nullptr);
         m_selection.setProject(nullptr);
         m_list.reset();
-    }
-
-    void clicksSelectInTheDocument()
-    {
-        addBodies("a b c d e");
-        click("b");
-        QCOMPARE(selected(), "b"_s);
-        click("d", Qt::ShiftModifier);
-        QCOMPARE(selected(), "b c d"_s);
-        click("c", Qt::ControlModifier);
-        click("a", Qt::ControlModifier);
-        QCOMPARE(selected(), "a b d"_s);
-        QTest::keyClick(m_list.get(), Qt::Key_Down);
-        QCOMPARE(selected(), "b"_s);
-        QTest::mouseClick(m_list->viewport(), Qt::LeftButton, {}, {20, 390});
-        QCOMPARE(selected(), QString());
     }
 
     void theDocumentsSelectionIsShown()
@@ -132,7 +109,6 @@ private Q_SLOTS:
         QTest::newRow("enter") << "new ü" << int(Qt::Key_Return) << "new ü";
         QTest::newRow("escape") << "new" << int(Qt::Key_Escape) << "body";
         QTest::newRow("blanks") << "   " << int(Qt::Key_Return) << "body";
-        QTest::newRow("control character") << "a\001b" << int(Qt::Key_Return) << "ab";
     }
 
     void renaming()
@@ -147,7 +123,6 @@ private Q_SLOTS:
         auto *editor = m_list->findChild<QLineEdit *>();
         QVERIFY(editor);
         QCOMPARE(editor->text(), "body"_s);
-        // Typing a control character does nothing; it may be pasted.
         editor->selectAll();
         editor->insert(typed);
         QTest::keyClick(editor, Qt::Key(end));
@@ -160,79 +135,6 @@ private Q_SLOTS:
         QCOMPARE(m_project->undoStack().undoText(), "rename body"_s);
         m_project->undoStack().undo();
         QCOMPARE(rows(), "body"_s);
-    }
-
-    void doubleClickRenamesOnTheName()
-    {
-        addBodies("body");
-        const QRect row = m_list->visualRect(m_list->model()->index(0, 0));
-        const auto doubleClick = [&](const QPoint &at) {
-            QTest::mouseClick(m_list->viewport(), Qt::LeftButton, {}, at);
-            QTest::mouseDClick(m_list->viewport(), Qt::LeftButton, {}, at);
-            return m_list->findChild<QLineEdit *>() != nullptr;
-        };
-        QVERIFY(!doubleClick(row.topLeft() + QPoint(20, 20)));
-        QVERIFY(doubleClick(row.center()));
-    }
-
-    void stateOfTheSprite()
-    {
-        const QString path = m_folder.writeSprite("s.png"_s, {3000, 1500});
-        const Body &body = addBody(*m_project, "s"_s, path);
-        const auto text = [&](int role) {
-            return m_list->model()->index(0, 0).data(role).toString();
-        };
-        QCOMPARE(text(SpriteListModel::detailRole), "3000 × 1500 px"_s);
-        QVERIFY(text(SpriteListModel::statusIconRole).isEmpty());
-        const auto thumbnail = [&] { return QColor(grab().pixel(32, 24)); };
-        QCOMPARE(thumbnail(), QColor(Qt::blue));
-        body.paintedNormalMap().setAngleImage(AngleImage(3000, 1500), "x"_s);
-        m_folder.writeSprite("s.png"_s, {3, 3});
-        body.loadSprite();
-        QCOMPARE(text(SpriteListModel::detailRole), "3 × 3 px · size changed"_s);
-        QVERIFY(text(Qt::ToolTipRole).contains("3000 × 1500 px"_s));
-        QVERIFY(QFile::remove(path));
-        body.loadSprite();
-        QCOMPARE(text(SpriteListModel::detailRole), "3000 × 1500 px · missing"_s);
-        QVERIFY(text(Qt::ToolTipRole).contains(path));
-        QCOMPARE(text(Qt::AccessibleTextRole), "s, 3000 × 1500 px · missing"_s);
-        QVERIFY(thumbnail() != QColor(Qt::blue) && thumbnail() != QColor(Qt::red));
-    }
-
-    void theEmptyListTellsWhatToDo()
-    {
-        const auto isPlain = [this] {
-            const QImage below = grab().copy(0, 60, 300, 300);
-            QImage plain(below.size(), below.format());
-            plain.fill(below.pixel(0, 0));
-            return below == plain;
-        };
-        QVERIFY(!isPlain());
-        addBodies("a");
-        QVERIFY(isPlain());
-        m_project->bodies().setEntries({});
-        QVERIFY(!isPlain());
-    }
-
-    void pathsCanBeDropped()
-    {
-        QSignalSpy dropped(m_list.get(), &ShapeTreeView::pathsDropped);
-        QMimeData files;
-        files.setUrls({QUrl::fromLocalFile("/s/a b.png"_s),
-                       QUrl("https://example.org/c.png"_s),
-                       QUrl::fromLocalFile("/s/folder"_s)});
-        QMimeData text;
-        text.setText("/s/a.png"_s);
-        const QImage idle = grab();
-        QVERIFY(send<QDragEnterEvent>(files));
-        QVERIFY(grab() != idle);
-        QVERIFY(send<QDropEvent>(files));
-        QCOMPARE(grab(), idle);
-        QCOMPARE(dropped.takeFirst().first().toStringList(),
-                 QStringList({"/s/a b.png"_s, "/s/folder"_s}));
-        QVERIFY(!send<QDragEnterEvent>(text));
-        QVERIFY(!send<QDropEvent>(text));
-        QVERIFY(dropped.isEmpty());
     }
 
 private:
@@ -286,18 +188,6 @@ private:
         return names.join(QLatin1Char(' '));
     }
 
-    QImage grab() const { return m_list->viewport()->grab().toImage(); }
-
-    template <class Event>
-    bool send(const QMimeData &data)
-    {
-        Event event(QPoint(50, 50), Qt::CopyAction, &data, Qt::LeftButton, {});
-        event.ignore();
-        QCoreApplication::sendEvent(m_list->viewport(), &event);
-        return event.isAccepted();
-    }
-
-    Folder m_folder;
     std::unique_ptr<Project> m_project;
     ItemSelectionModel m_selection;
     std::unique_ptr<ShapeTreeView> m_list;

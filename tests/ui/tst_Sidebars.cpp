@@ -40,10 +40,6 @@ bool shows(const QWidget &sidebar, const QString &text)
     });
 }
 
-void press(QWidget &window, const QString &key)
-{
-    QTest::keySequence(&window, QKeySequence(key));
-}
 } // namespace
 
 class TestSidebars : public QObject
@@ -66,75 +62,6 @@ private Q_SLOTS:
     {
         m_window.reset();
         m_selection.setProject(nullptr);
-    }
-
-    void displayModes()
-    {
-        auto &sidebar = show(std::make_unique<SpritesSidebar>(m_selection));
-        QVector<int> sent;
-        connect(&sidebar, &SpritesSidebar::displayModeChanged, this, [&](int i) { sent << i; });
-        QCOMPARE(sidebar.displayMode(), 2);
-        const QString buttons[] = {"Texture"_s, "Lit surface"_s, "Lit texture"_s, "Normal map"_s};
-        for (int mode = 0; mode < 4; ++mode) {
-            const std::function<void()> ways[] = {
-                [&] { press(sidebar, "Alt+%1"_s.arg(mode + 1)); },
-                [&] { click(sidebar, buttons[mode]); },
-                [&] { sidebar.setDisplayMode(mode); },
-            };
-            for (const auto &choose : ways) {
-                sidebar.setDisplayMode((mode + 2) % 4);
-                sent.clear();
-                choose();
-                sidebar.setDisplayMode(mode); // already so
-                QCOMPARE(sent, QVector<int>{mode});
-                QCOMPARE(shows(sidebar, "Global light"_s), mode == 1 || mode == 2);
-                QCOMPARE(shows(sidebar, "Normal map"_s), mode == 3);
-            }
-        }
-    }
-
-    void lightAndOverlay()
-    {
-        auto &sidebar = show(std::make_unique<SpritesSidebar>(m_selection));
-        QVector<bool> rotations;
-        connect(&sidebar, &SpritesSidebar::autoRotateLightToggled, this, [&](bool isOn) {
-            rotations << isOn;
-        });
-        auto *box = sidebar.findChild<QCheckBox *>();
-        QTest::mouseClick(box, Qt::LeftButton, {}, {8, box->height() / 2});
-        QVERIFY(box->isChecked());
-        sidebar.setDisplayMode(0);
-        press(sidebar, "R"_s);
-        QVERIFY(!box->isChecked());
-        QCOMPARE(rotations, QVector<bool>({true, false}));
-
-        QVector<double> factors;
-        connect(&sidebar, &SpritesSidebar::textureOverlayChanged, this, [&](double factor) {
-            factors << factor;
-        });
-        sidebar.setDisplayMode(3);
-        auto &slider = shownChild<QSlider>(sidebar, "Texture overlay"_s);
-        QCOMPARE(slider.value(), 0);
-        slider.setFocus();
-        QTest::keyClick(&slider, Qt::Key_Right);
-        QTest::keyClick(&slider, Qt::Key_End);
-        QCOMPARE(factors, QVector<double>({0.01, 1.0}));
-    }
-
-    void panelsMakeRoomForTheList()
-    {
-        auto &sidebar = show(std::make_unique<SpritesSidebar>(m_selection));
-        sidebar.setProject(m_project.get());
-        QVERIFY(!shows(sidebar, "Sprite"_s));
-        select(2);
-        QVERIFY(shows(sidebar, "Sprite"_s));
-        QTRY_VERIFY(sidebar.minimumHeight() < 320);
-        sidebar.resize(sidebar.width(), 320);
-        QTRY_COMPARE(sidebar.height(), 320);
-        QVERIFY(sidebar.list().height() >= sidebar.list().minimumSizeHint().height());
-        select(0);
-        QVERIFY(!shows(sidebar, "Sprite"_s));
-        sidebar.setProject(nullptr);
     }
 
     void toolsAreEnabledForWhatIsSelected()
@@ -214,30 +141,6 @@ private Q_SLOTS:
     }
 
     // Such as a hand or another version left in the file.
-    void oddSettingsDoNoHarm()
-    {
-        showEditorTools();
-        const QByteArray atFirst = toolSettings();
-        const auto showWith = [this](const QVariant &value) {
-            m_settings->setValue("activeTool"_s, value);
-            for (const PaintTool *tool : m_editorTools) {
-                const QString name = QLatin1String(tool->metaObject()->className());
-                for (const ToolSetting &setting : tool->settings())
-                    m_settings->setValue(name + QLatin1Char('/') + setting.key, value);
-            }
-            return showEditorTools().activeTool();
-        };
-        for (const QVariant &value : {QVariant("abc"_s), {"nan"_s}, {QString()}, {QStringList()}}) {
-            const PaintTool *active = showWith(value);
-            QCOMPARE(active, m_editorTools.first());
-            QCOMPARE(toolSettings(), atFirst);
-        }
-        for (const auto &[value, size] : {std::pair("-1000000"_s, 1), {"1000000"_s, 500}}) {
-            showWith(value);
-            QCOMPARE(m_window->findChild<GIntEdit *>("BrushSize"_s)->value(), size);
-        }
-    }
-
 private:
     template <class Sidebar>
     Sidebar &show(std::unique_ptr<Sidebar> sidebar)

@@ -12,9 +12,7 @@ class TestUndo : public QObject
 
 private Q_SLOTS:
     void continuousEditsMerge();
-    void equalValuesPushNothing();
     void emptyMacrosLeaveNothing();
-    void holdingMacroTellsOnce();
     void observersAndObservablesComeAndGo();
     void onlyDocumentStepsModify();
     void largeBytesComeBackExactly();
@@ -95,17 +93,6 @@ void TestUndo::continuousEditsMerge()
     QCOMPARE(stack.count(), 5);
 }
 
-void TestUndo::equalValuesPushNothing()
-{
-    Document document;
-    RecordingObserver observer(document.number);
-    document.number.setValue(0, text);
-    QCOMPARE(document.stack.count(), 0);
-    QCOMPARE(observer.calls, 0);
-    document.number.setValue(0); // the plain setter does not compare
-    QCOMPARE(observer.calls, 1);
-}
-
 void TestUndo::emptyMacrosLeaveNothing()
 {
     Document document;
@@ -127,24 +114,6 @@ void TestUndo::emptyMacrosLeaveNothing()
     QCOMPARE(stack.undoText(), text);
     stack.undo();
     QCOMPARE(document.number.value(), 0);
-}
-
-void TestUndo::holdingMacroTellsOnce()
-{
-    Document document;
-    RecordingObserver held(document.number);
-    RecordingObserver loose(document.other);
-    {
-        const UndoMacro macro(document.stack, text, {&document.number});
-        for (int i = 1; i <= 3; ++i)
-            document.number.setValue(i, text);
-        document.other.setValue(1, text);
-        QCOMPARE(held.calls, 0);
-        QCOMPARE(loose.calls, 1);
-    }
-    QCOMPARE(held.calls, 1);
-    document.number.setValue(9, text);
-    QCOMPARE(held.calls, 2);
 }
 
 void TestUndo::observersAndObservablesComeAndGo()
