@@ -1,6 +1,7 @@
 #include "tools/AngleImageTool.h"
 
 #include "framework/GAction.h"
+#include "tools/ToolPanel.h"
 
 #include <QKeySequence>
 
@@ -18,4 +19,9 @@ AngleImageTool::AngleImageTool(const QIcon &icon,
         m_action->setIconText(shortLabel);
     if (!shortcut.isEmpty())
         m_action->setShortcut(QKeySequence(shortcut));
+}
+
+QVector<ToolSetting> AngleImageTool::settings() const
+{
+    return {};
 }

@@ -3,8 +3,10 @@
 #include <QIcon>
 #include <QObject>
 #include <QString>
+#include <QVector>
 
 class GAction;
+struct ToolSetting;
 
 /// Whatever the user chooses to change a surface with, tool or effect: the holder of its action.
 class AngleImageTool : public QObject
@@ -26,6 +28,8 @@ public:
     bool hasShortLabel() const { return m_hasShortLabel; }
     /// Whether it can be used while several bodies are selected.
     virtual bool worksOnSeveralBodies() const { return false; }
+    /// What is kept between runs.
+    virtual QVector<ToolSetting> settings() const;
 
 private:
     GAction *m_action;

@@ -45,8 +45,7 @@ public:
     QWidget *settingsPanel() const { return m_settingsPanel.get(); }
     /// The shortcuts work while @p widget is to be seen, instead of the panel.
     void moveShortcuts(QWidget &widget);
-    /// What is kept between runs.
-    QVector<ToolSetting> settings() const;
+    QVector<ToolSetting> settings() const override;
     /// 0 for tools that paint nothing, 1 for brushes, 2 for the brush that sets an angle.
     virtual int kind() const { return 0; }
 

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QDialog>
+
+/// A small window for settings that stays above the window which it belongs to. It comes up below
+/// the pointer the first time, and where the user left it later.
+class PositionedDialog : public QDialog
+{
+    Q_OBJECT
+
+public:
+    explicit PositionedDialog(QWidget *parent = nullptr);
+
+    void done(int result) override;
+
+Q_SIGNALS:
+    /// Still to be seen; @p result is Accepted or Rejected.
+    void aboutToFinish(int result);
+
+protected:
+    void showEvent(QShowEvent *event) override;
+
+private:
+    void placeBelowPointer();
+
+    bool m_isPositioned = false;
+};
