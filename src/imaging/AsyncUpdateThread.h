@@ -58,6 +58,9 @@ public:
     bool isBusy() const { return m_busy; }
     /// Returns when no task runs and none is queued, having delivered each result as it came.
     void waitForIdle();
+    /// Waits at most @p patience for the running task, and delivers its result; false when it goes
+    /// on.
+    bool waitForResult(std::chrono::milliseconds patience);
 
     void updateTaskFinished() override;
 
@@ -126,4 +129,13 @@ void AsyncUpdateThread<Params, Result>::waitForIdle()
         m_task.wait();
         updateTaskFinished();
     }
+}
+
+template <class Params, class Result>
+bool AsyncUpdateThread<Params, Result>::waitForResult(std::chrono::milliseconds patience)
+{
+    if (m_busy && !m_task.waitFor(patience))
+        return false;
+    updateTaskFinished();
+    return true;
 }

@@ -3,6 +3,7 @@
 #include <QRunnable>
 #include <QThreadPool>
 
+#include <chrono>
 #include <condition_variable>
 #include <exception>
 #include <functional>
@@ -47,6 +48,13 @@ public:
     }
 
     void wait() const { m_slot->waitLocked(); }
+
+    /// Waits at most @p patience; false when the work goes on.
+    bool waitFor(std::chrono::milliseconds patience) const
+    {
+        std::unique_lock lock(m_slot->mutex);
+        return m_slot->condition.wait_for(lock, patience, [this] { return m_slot->isDone(); });
+    }
 
     /// Waits for the result and hands it over; once. Throws what the work threw.
     Result take()

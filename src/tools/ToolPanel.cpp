@@ -6,6 +6,7 @@
 #include "framework/KeysText.h"
 #include "framework/UiScale.h"
 
+#include <QCheckBox>
 #include <QComboBox>
 #include <QGridLayout>
 #include <QLabel>
@@ -85,6 +86,19 @@ ToolPanel::addChoiceRow(const QString &label, const QString &objectName, const Q
             box->setCurrentIndex(index);
     };
     keepSetting({objectName, [box] { return box->currentIndex(); }, choose});
+    return box;
+}
+
+QCheckBox *ToolPanel::addCheckRow(const QString &label, const QString &objectName)
+{
+    auto *box = new QCheckBox(&m_panel);
+    box->setObjectName(objectName);
+    box->setAccessibleName(label);
+    box->setMinimumHeight(scaled(controlHeight));
+    addRow(label, box);
+    keepSetting({objectName,
+                 [box] { return box->isChecked(); },
+                 [box](const QVariant &kept) { box->setChecked(kept.toBool()); }});
     return box;
 }
 

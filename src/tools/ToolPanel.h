@@ -12,6 +12,7 @@ class GIntEdit;
 class SliderScale;
 
 QT_BEGIN_NAMESPACE
+class QCheckBox;
 class QComboBox;
 class QGridLayout;
 class QLabel;
@@ -49,6 +50,8 @@ public:
     /// One of @p choices, the first at first.
     QComboBox *
     addChoiceRow(const QString &label, const QString &objectName, const QStringList &choices);
+    /// A box beside its label, not checked at first.
+    QCheckBox *addCheckRow(const QString &label, const QString &objectName);
     void addRow(const QString &label, QWidget *editor);
     /// A control over both columns.
     void addWide(QWidget *control);
