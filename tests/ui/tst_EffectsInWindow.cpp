@@ -15,7 +15,6 @@
 #include "preview/NormalMapEditorScene.h"
 #include "preview/SpriteItem.h"
 #include "support/Gestures.h"
-#include "support/Pictures.h"
 #include "support/Studio.h"
 #include "support/Widgets.h"
 #include "tools/effects/PositionedDialog.h"
@@ -23,8 +22,6 @@
 
 #include <QAction>
 #include <QDoubleSpinBox>
-#include <QFileInfo>
-#include <QPushButton>
 #include <QRadioButton>
 #include <QSettings>
 #include <QSlider>
@@ -32,41 +29,21 @@
 #include <QTest>
 
 namespace {
-enum class End { Number, Radio, Drag, Apply, Escape, EscapeTyping, Discard, Close, CloseWindow };
-
-bool inDisc(int x, int y, int radius)
-{
-    return (x - 30) * (x - 30) + (y - 20) * (y - 20) < radius * radius;
-}
-
-/// A disc, red at the left and blue at the right; all red when it is too large for the picture.
-QImage disc(int radius)
-{
-    QImage picture(60, 40, QImage::Format_ARGB32);
-    for (int y = 0; y < 40; ++y) {
-        for (int x = 0; x < 60; ++x)
-            picture.setPixel(
-                x,
-                y,
-                inDisc(x, y, radius) ? x < 30 || radius > 40 ? 0xffff0000U : 0xff0000ffU : 0U);
-    }
-    return picture;
-}
-
-/// Three discs, all selected, of which the second is painted and the first has no surface.
+/// Three discs, red at the left and blue at the right; all are selected. The first has no surface,
+/// the second is painted.
 class Easel : public Studio
 {
 public:
-    Easel()
+    explicit Easel(bool isBevel)
+        : m_isBevel(isBevel)
     {
-        const QString folder = QFileInfo(body(0).sprite().filename().value().path()).path();
-        disc(9).save(folder + "/c.png"_s);
-        window().openOrAdd({folder + "/c.png"_s});
+        const QString third = fileOf(0).replace("a.png"_s, "c.png"_s);
+        QImage(60, 40, QImage::Format_ARGB32).save(third);
+        window().openOrAdd({third});
         for (int index = 0; index < 3; ++index)
             draw(index, 9 + index);
-        std::mt19937 random(1);
-        body(1).paintedNormalMap().setAngleImage(randomAngles(60, 40, random), {});
         body(0).paintedNormalMap().setValue({}, {});
+        fillWith(300);
         key(Qt::Key_B);
         list().setFocus();
         QTest::keyClick(&list(), Qt::Key_A, Qt::ControlModifier);
@@ -75,133 +52,91 @@ public:
 
     MainWindow &window() const { return static_cast<MainWindow &>(*view().window()); }
     ShapeTreeView &list() const { return *window().findChild<ShapeTreeView *>(); }
+    QString fileOf(int index) const { return body(index).sprite().filename().value().path(); }
+    QVector<AngleImage> surfaces() const { return {surface(0), surface(1), surface(2)}; }
+    PositionedDialog *dialog() const { return window().findChild<PositionedDialog *>(); }
+    bool hasDialog() const { return dialog() && dialog()->isVisible(); }
+    GIntEdit *smoothness() const { return dialog()->findChild<GIntEdit *>("Smoothness"_s); }
 
-    void draw(int index, int radius) const
+    void draw(int index, double radius) const
     {
-        disc(radius).save(body(index).sprite().filename().value().path());
+        QImage picture(60, 40, QImage::Format_ARGB32);
+        for (int i = 0; i < 60 * 40; ++i) {
+            const QPoint pixel(i % 60, i / 60);
+            const bool isInside = std::hypot(pixel.x() - 30, pixel.y() - 20) < radius;
+            picture.setPixel(pixel, !isInside ? 0 : pixel.x() < 30 ? 0xffff0000 : 0xff0000ff);
+        }
+        picture.save(fileOf(index));
         body(index).loadSprite();
     }
 
-    QVector<AngleImage> surfaces() const { return {surface(0), surface(1), surface(2)}; }
+    void fillWith(int slope) const
+    {
+        body(1).paintedNormalMap().setAngleImage(AngleImage(60, 40, qint16(slope)), "import"_s);
+    }
 
     /// What the effect makes of a body, sinking.
-    AngleImage made(const QString &effect, int index, int smoothness, const FloatImage &mask) const
+    AngleImage made(int index, int smoothness, const FloatImage &mask = {}) const
     {
         const QImage sprite = body(index).sprite().image();
-        AngleImage result = surface(index);
-        if (effect == "Bevel"_s)
-            copyRegion(result,
-                       mask,
-                       FilterCreateRimAlgorithm().compute(
-                           {sprite, result, mask, 8, 100, smoothness, false, false}),
-                       {});
-        else
-            copyRegion(result,
-                       mask,
-                       FilterEmbossAlgorithm().compute({sprite, result, 1, false, smoothness}),
-                       {});
-        return result;
+        AngleImage below = surface(index);
+        const RimParams rim{sprite, below, mask, 8, 100, smoothness, false, false};
+        const EmbossParams emboss{sprite, below, 1, false, smoothness};
+        const AngleImage above = m_isBevel ? FilterCreateRimAlgorithm().compute(rim)
+                                           : FilterEmbossAlgorithm().compute(emboss);
+        copyRegion(below, mask, above, {});
+        return below;
     }
 
-    QVector<AngleImage> made(const QString &effect, int smoothness) const
+    void open() const
     {
-        return {made(effect, 0, smoothness, {}),
-                made(effect, 1, smoothness, {}),
-                made(effect, 2, smoothness, {})};
-    }
-
-    PositionedDialog *dialog() const
-    {
-        for (auto *each : window().findChildren<PositionedDialog *>()) {
-            if (each->isVisible())
-                return each;
-        }
-        return nullptr;
-    }
-
-    void open(const QString &effect) const
-    {
-        chooseTool(effect.toLatin1().constData());
+        chooseTool(m_isBevel ? "Bevel" : "Emboss");
         showActive(*dialog());
         dialog()->findChild<QRadioButton *>("DirectionDown"_s)->click();
-        typed("3"_s);
     }
 
-    /// In a field that is not left.
-    QWidget *typed(const QString &number) const
+    /// With another smoothness, typed or dragged and not left before the end.
+    void end(const QByteArray &how) const
     {
-        auto *box = dialog()->findChild<GIntEdit *>("Smoothness"_s)->findChild<QDoubleSpinBox *>();
-        box->setFocus();
-        box->selectAll();
-        QTest::keyClicks(box, number);
-        return box;
-    }
-
-    /// Returns the smoothness at the end.
-    int end(End how) const
-    {
-        auto *edit = dialog()->findChild<GIntEdit *>("Smoothness"_s);
-        auto *radio = dialog()->findChild<QRadioButton *>("DirectionDown"_s);
-        auto *slider = edit->findChild<QSlider *>();
-        int smoothness = 4;
-        if (how == End::Radio || how == End::Escape) {
-            radio->setFocus();
-            smoothness = edit->value();
-            QTest::keyClick(radio, how == End::Radio ? Qt::Key_Return : Qt::Key_Escape);
-        } else if (how == End::Number || how == End::EscapeTyping) {
-            QTest::keyClick(typed("4"_s), how == End::Number ? Qt::Key_Enter : Qt::Key_Escape);
-        } else if (how == End::Drag) {
-            QTest::mousePress(slider, Qt::LeftButton, {}, {slider->width() / 5, 5});
-            dragTo(*slider, {slider->width() / 3, 5});
-            dragTo(*slider, {slider->width() / 4, 5});
-            smoothness = edit->value();
-            QTest::keyClick(slider, Qt::Key_Return);
-        } else if (how == End::Close) {
-            dialog()->close();
-        } else if (how == End::CloseWindow) {
-            window().close();
-        } else {
-            typed("4"_s);
-            command(how == End::Apply ? "apply" : "discard");
+        QWidget *target = smoothness()->findChild<QDoubleSpinBox *>();
+        target->setFocus();
+        QTest::keyClick(target, Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClicks(target, "4"_s);
+        if (how.endsWith("drag")) {
+            target = smoothness()->findChild<QSlider *>();
+            QTest::mousePress(target, Qt::LeftButton, {}, {target->width() / 5, 5});
+            dragTo(*target, {target->width() / 4, 5});
+        } else if (how.endsWith("elsewhere")) {
+            target = dialog()->findChild<QRadioButton *>("DirectionDown"_s);
+            target->setFocus();
         }
-        return smoothness;
+        if (how == "dialog closed" || how == "window closed")
+            how == "dialog closed" ? dialog()->close() : window().close();
+        else if (how == "apply" || how == "discard")
+            command(how.constData());
+        else
+            QTest::keyClick(target, how.startsWith("enter") ? Qt::Key_Return : Qt::Key_Escape);
     }
 
-    /// The texts of the actions that can be chosen, among those that an open effect disables.
-    QByteArray enabled() const
+    /// Texts of what can be chosen in menus, toolbar and panels.
+    QSet<QString> enabled() const
     {
-        QStringList texts;
+        QSet<QString> texts;
         for (const QWidget *widget : window().findChildren<QWidget *>()) {
             for (const QAction *action : widget->actions()) {
                 if (action->isEnabled())
-                    texts.append(
-                        action->text().remove(QLatin1Char('&')).section(QLatin1Char(' '), 0, 0));
+                    texts.insert(action->text().remove(QLatin1Char('&')));
             }
         }
-        QStringList found;
-        for (const char *text : {"New",
-                                 "Open...",
-                                 "Add",
-                                 "Remove",
-                                 "Select",
-                                 "Deselect",
-                                 "Invert",
-                                 "Undo",
-                                 "Redo",
-                                 "Rename",
-                                 "Height",
-                                 "Move",
-                                 "Bevel...",
-                                 "Emboss..."}) {
-            if (texts.contains(QLatin1String(text)))
-                found.append(QLatin1String(text));
-        }
-        return found.join(QLatin1Char(' ')).toLatin1();
+        return texts;
     }
+
+private:
+    bool m_isBevel;
 };
 } // namespace
 
-class TestEffects : public QObject
+class TestEffectsInWindow : public QObject
 {
     Q_OBJECT
 
@@ -215,145 +150,108 @@ private Q_SLOTS:
 
     void anEffectEnds_data()
     {
-        QTest::addColumn<int>("how");
-        QTest::newRow("enter in a number") << int(End::Number);
-        QTest::newRow("enter elsewhere") << int(End::Radio);
-        QTest::newRow("enter in a drag") << int(End::Drag);
-        QTest::newRow("apply") << int(End::Apply);
-        QTest::newRow("escape") << int(End::Escape);
-        QTest::newRow("escape while typing") << int(End::EscapeTyping);
-        QTest::newRow("discard") << int(End::Discard);
-        QTest::newRow("close button") << int(End::Close);
-        QTest::newRow("window closed") << int(End::CloseWindow);
+        QTest::addColumn<bool>("applies");
+        for (const char *how : {"enter", "enter elsewhere", "enter in drag", "apply"})
+            QTest::newRow(how) << true;
+        for (const char *how :
+             {"escape", "escape elsewhere", "discard", "dialog closed", "window closed"})
+            QTest::newRow(how) << false;
     }
 
     void anEffectEnds()
     {
-        QFETCH(int, how);
-        for (const QString &effect : {"Bevel"_s, "Emboss"_s}) {
-            Easel easel;
+        QFETCH(bool, applies);
+        for (const bool isBevel : {true, false}) {
+            const Easel easel(isBevel);
             const QVector<AngleImage> before = easel.surfaces();
-            const QByteArray enabled = easel.enabled();
-            easel.open(effect);
+            const PaintTool *tool = easel.scene().tool();
+            easel.open();
             QTRY_VERIFY(!easel.showsWhatIsStored());
-            const int smoothness = easel.end(End(how));
-            QVERIFY(!easel.dialog());
-            QCOMPARE(easel.enabled().replace("Undo ", ""), enabled);
-            if (how > int(End::Apply)) {
-                QCOMPARE(easel.stack().count(), 0);
-                QCOMPARE(easel.surfaces(), before);
-                QVERIFY(easel.body(0).paintedNormalMap().value().isEmpty());
-                QVERIFY(easel.showsWhatIsStored());
-                continue;
-            }
+            const GIntEdit *smoothness = easel.smoothness();
+            easel.end(QTest::currentDataTag());
+            QVERIFY(tool && easel.scene().tool() == tool);
+            QVERIFY(!easel.hasDialog() && easel.showsWhatIsStored());
             const QVector<AngleImage> after = easel.surfaces();
-            QCOMPARE(easel.stack().undoText(),
-                     effect == "Bevel"_s ? "create rim"_s : "create embossing"_s);
-            QVERIFY(easel.showsWhatIsStored());
-            easel.key(Qt::Key_Z, Qt::ControlModifier);
+            QCOMPARE(easel.stack().count(), applies ? 1 : 0);
+            if (applies)
+                QCOMPARE(easel.stack().undoText(), isBevel ? "create rim"_s : "create embossing"_s);
+            easel.stack().undo();
             QCOMPARE(easel.surfaces(), before);
-            QCOMPARE(after, easel.made(effect, smoothness));
-            QVERIFY(easel.showsWhatIsStored());
-            easel.key(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
-            QCOMPARE(easel.surfaces(), after);
-            QCOMPARE(easel.stack().count(), 1);
-            // The tool of before is back.
-            easel.select(0);
-            easel.paint({{20, 20}, {30, 25}});
-            QCOMPARE(easel.stack().undoText(), "Height"_s);
-        }
-    }
-
-    void whatChangesNothingIsNoStep()
-    {
-        Easel easel;
-        easel.select(0);
-        easel.draw(0, 99);
-        easel.stack().clear();
-        for (const QString &effect : {"Bevel"_s, "Emboss"_s}) {
-            easel.open(effect);
-            easel.end(End::Radio);
-            QCOMPARE(easel.stack().count(), 0);
             QVERIFY(easel.body(0).paintedNormalMap().value().isEmpty());
+            for (int index = 0; index < 3 && applies; ++index)
+                QCOMPARE(after[index], easel.made(index, smoothness->value()));
+            easel.stack().redo();
+            QVERIFY(easel.surfaces() == after && easel.showsWhatIsStored());
         }
     }
 
     void whatAnOpenEffectLocks()
     {
-        Easel easel;
+        Easel easel(true);
+        auto &brightness = easel.window().project().lightBrightness();
+        brightness.setValue(0.5, "light"_s);
         const QVector<AngleImage> before = easel.surfaces();
-        const QByteArray enabled = easel.enabled();
-        const QPoint second = easel.view().mapFromScene(
-            easel.scene().spriteItem(&easel.body(1))->sceneBoundingRect().center());
-        easel.open("Bevel"_s);
-        easel.window().project().lightBrightness().setValue(0.5, "light"_s);
-        QCOMPARE(easel.enabled(), QByteArray("Bevel..."));
-        QTest::mouseClick(&easel.viewport(), Qt::LeftButton, {}, second);
-        drag(easel.viewport(), second, second + QPoint(30, 0));
+        const QSet<QString> enabled = easel.enabled();
+        const QPointF place = easel.scene().spriteItem(&easel.body(1))->pos();
+        const QPoint on = easel.view().mapFromScene(place + QPointF(30, 20));
+        easel.open();
+        brightness.setValue(0.7, "light"_s);
+        const QStringList locked =
+            "New|Open...|Undo|Undo light|Add sprites...|Remove sprites|"
+            "Select all|Deselect |Invert selection|Emboss..."_s.split(QLatin1Char('|'));
+        QCOMPARE(enabled - easel.enabled(), QSet<QString>(locked.begin(), locked.end()));
+        drag(easel.viewport(), on, on + QPoint(30, 0));
+        QTest::mouseClick(&easel.viewport(), Qt::LeftButton, {}, on);
+        QCOMPARE(easel.scene().spriteItem(&easel.body(1))->pos(), place);
         QCOMPARE(easel.list().selectionModel()->selectedRows().size(), 3);
-        QCOMPARE(easel.view().mapFromScene(
-                     easel.scene().spriteItem(&easel.body(1))->sceneBoundingRect().center()),
-                 second);
-        easel.window().openOrAdd({easel.body(0).sprite().filename().value().path()});
+        easel.window().openOrAdd({easel.fileOf(0)});
         QCOMPARE(easel.bodyCount(), 3);
         QCOMPARE(easel.window().statusBar()->currentMessage(),
                  "Apply or discard the effect first."_s);
-        easel.end(End::Escape);
-        QCOMPARE(easel.enabled().replace("Undo ", ""), enabled);
-        easel.stack().undo();
-        easel.open("Emboss"_s);
+        easel.end("discard");
+        QCOMPARE(easel.enabled(), enabled);
+        easel.open();
         QTRY_VERIFY(!easel.showsWhatIsStored());
-        QVERIFY(easel.openAgain()); // saved with the effect open, which ends with its project
-        QCOMPARE(easel.surfaces(), before);
-        QVERIFY(easel.showsWhatIsStored() && !easel.dialog());
-        easel.open("Emboss"_s); // until everything goes
+        QVERIFY(easel.openAgain()); // saved with the effect open
+        QVERIFY(easel.surfaces() == before && easel.showsWhatIsStored() && !easel.hasDialog());
+        easel.open(); // until everything goes
     }
 
     void whatChangesMeanwhileCounts()
     {
-        for (const QString &effect : {"Bevel"_s, "Emboss"_s}) {
-            Easel easel;
+        for (const bool isBevel : {true, false}) {
+            const Easel easel(isBevel);
             const auto gone = easel.window().project().bodies().entries().at(2);
-            const AngleImage flat = easel.surface(2);
-            easel.open(effect);
+            easel.open();
             easel.draw(0, 15);
-            std::mt19937 random(2);
-            easel.body(1).paintedNormalMap().setAngleImage(randomAngles(60, 40, random),
-                                                           "import"_s);
-            const AngleImage drawn = easel.made(effect, 0, 3, {});
-            const AngleImage imported = easel.made(effect, 1, 3, {});
+            easel.fillWith(-700);
+            const QVector<AngleImage> expected{easel.made(0, 4), easel.made(1, 4)};
             easel.window().project().bodies().remove(*gone, "remove"_s);
-            easel.end(End::Radio);
-            QCOMPARE(easel.surface(0), drawn);
-            QCOMPARE(easel.surface(1), imported);
-            QCOMPARE(static_cast<Body &>(*gone).surface(), flat);
+            easel.end("enter");
+            QCOMPARE(QVector<AngleImage>({easel.surface(0), easel.surface(1)}), expected);
             QVERIFY(easel.showsWhatIsStored());
         }
     }
 
     void selectedPixelsConfineEffects()
     {
-        for (const QString &effect : {"Bevel"_s, "Emboss"_s}) {
-            for (const bool isUndoneMeanwhile : {false, true}) {
-                Easel easel;
-                easel.select(1);
-                easel.key(Qt::Key_A);
-                easel.paint({{25, 20}});
-                FloatImage red(60, 40);
-                for (int y = 0; y < 40; ++y) {
-                    for (int x = 0; x < 30; ++x)
-                        red.row(y)[x] = inDisc(x, y, 10) ? 1 : 0;
-                }
-                const AngleImage confined = easel.made(effect, 1, 3, red);
-                const AngleImage everywhere = easel.made(effect, 1, 3, {});
-                QVERIFY(!(confined == everywhere));
-                easel.open(effect);
-                if (isUndoneMeanwhile)
-                    easel.stack().undo();
-                easel.end(End::Radio);
-                QCOMPARE(easel.surface(1), isUndoneMeanwhile ? everywhere : confined);
-                QVERIFY(easel.showsWhatIsStored());
-            }
+        for (const int variant : {0, 1, 2, 3}) {
+            Easel easel(variant % 2 == 0);
+            easel.select(1);
+            easel.key(Qt::Key_A);
+            easel.paint({{25, 20}});
+            FloatImage red(60, 40);
+            const QImage &sprite = easel.body(1).sprite().image();
+            for (int i = 0; i < 60 * 40; ++i)
+                red.row(i / 60)[i % 60] = sprite.pixel(i % 60, i / 60) == 0xffff0000 ? 1 : 0;
+            const AngleImage confined = easel.made(1, 4, red);
+            const AngleImage everywhere = easel.made(1, 4);
+            easel.open();
+            if (variant >= 2)
+                easel.stack().undo(); // the selection goes
+            easel.end("enter");
+            QCOMPARE(easel.surface(1), variant >= 2 ? everywhere : confined);
+            QVERIFY(!(confined == everywhere) && easel.showsWhatIsStored());
         }
     }
 };
@@ -364,7 +262,7 @@ int main(int argc, char **argv)
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, home.path());
     GApplication::prepare();
     GApplication application(argc, argv);
-    TestEffects test;
+    TestEffectsInWindow test;
     return QTest::qExec(&test, argc, argv);
 }
 
