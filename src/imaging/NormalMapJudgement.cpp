@@ -18,7 +18,7 @@ constexpr double mostPixels = 512.0 * 512.0;
 // than what 8 bits round away also where an image was drawn large.
 QImage gridOf(const QImage &image)
 {
-    const QImage colours = image.convertToFormat(QImage::Format_ARGB32);
+    QImage colours = image.convertToFormat(QImage::Format_ARGB32);
     const double pixels = double(colours.width()) * colours.height();
     const int step = std::max(1, int(std::ceil(std::sqrt(pixels / mostPixels))));
     if (step == 1)
@@ -30,7 +30,7 @@ QImage gridOf(const QImage &image)
         const auto *from = reinterpret_cast<const QRgb *>(colours.constScanLine(y * step));
         auto *to = reinterpret_cast<QRgb *>(grid.scanLine(y));
         for (int x = 0; x < grid.width(); ++x)
-            to[x] = from[x * step];
+            to[x] = from[std::ptrdiff_t(x) * step];
     }
     return grid;
 }

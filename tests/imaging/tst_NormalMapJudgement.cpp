@@ -19,7 +19,7 @@ QImage withGround(QRgb ground, const QImage &image)
 {
     QImage result = image.convertToFormat(QImage::Format_ARGB32);
     auto *pixels = reinterpret_cast<QRgb *>(result.bits());
-    std::replace(pixels, pixels + result.width() * result.height(), flatNormal, ground);
+    std::replace(pixels, pixels + result.sizeInBytes() / 4, flatNormal, ground);
     return result;
 }
 

@@ -119,7 +119,7 @@ QStringList doubtsAbout(const NormalMapJudgement &judgement)
 
 QString importFolder(const GSettings &settings, const Body &body)
 {
-    const QString kept = settings.value(folderKey()).toString();
+    QString kept = settings.value(folderKey()).toString();
     const GFileName &sprite = body.sprite().filename().value();
     if (QFileInfo(kept).isDir() || sprite.isEmpty())
         return kept;
