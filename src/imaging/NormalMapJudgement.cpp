@@ -116,7 +116,7 @@ int quadrantOf(AngleImage::Pixel slopes)
     return (slopes.sx > 0 ? 2 : 0) + (slopes.sy > 0 ? 1 : 0);
 }
 
-// Measured on maps of bevels, embossings and patterns over 18 sprites: 0.22 and more all in all,
+// Measured on maps of bevels, embossings and patterns over 18 sprites: 0.22 and more with relief,
 // and with green down that much below 0; JPEGs of these not below -0.11. A few strokes of a brush
 // may well agree or disagree, but hardly ever alike in all four directions, as a relief does.
 bool hasGreenDown(const QImage &grid)
