@@ -25,6 +25,8 @@ class PreviewedFilter : public Filter, public Observer
 public:
     ~PreviewedFilter() override;
 
+    bool needsSprites() const override { return true; }
+
     void observableChanged(Observable &observable) override;
 
 public Q_SLOTS:
