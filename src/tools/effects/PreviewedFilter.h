@@ -69,6 +69,6 @@ private:
     std::vector<WatchedBody> m_watched;
     QMetaObject::Connection m_selectionConnection;
     QTimer m_patience;
-    QTimer m_beat; ///< of the progress
+    QTimer m_beat;                     ///< of the progress
     QPointer<QProgressBar> m_progress; // of the dialog
 };
