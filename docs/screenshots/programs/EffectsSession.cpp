@@ -17,6 +17,7 @@
 #include "ui/MainWindow.h"
 #include "ui/NormalMapEditor.h"
 #include "ui/ShapeTreeView.h"
+#include "ui/ToolsSidebar.h"
 #include "ui/VesperineApplication.h"
 
 #include <QAction>
@@ -109,7 +110,7 @@ private:
 
     void trigger(const QString &text)
     {
-        for (QAction *action : m_window.findChildren<QAction *>()) {
+        for (QAction *action : m_window.findChild<ToolsSidebar *>()->actions()) {
             if (action->text() == text)
                 action->trigger();
         }

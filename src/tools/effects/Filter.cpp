@@ -5,6 +5,7 @@
 #include "tools/ToolPanel.h"
 #include "tools/effects/PositionedDialog.h"
 
+#include <QAbstractSpinBox>
 #include <QHBoxLayout>
 #include <QPushButton>
 
@@ -96,6 +97,9 @@ void Filter::showDialog()
     m_dialog->show();
     m_dialog->raise();
     m_dialog->activateWindow();
+    // What is typed replaces the first number.
+    if (auto *first = qobject_cast<QAbstractSpinBox *>(m_dialog->focusWidget()))
+        first->selectAll();
 }
 
 void Filter::close()
