@@ -88,16 +88,12 @@ void NormalMapUpdateAlgorithm::startAnew(const AngleImage &image)
         m_current.normals = flatNormalMap(image.size());
 }
 
-void NormalMapUpdateAlgorithm::makeOlder()
-{
-    m_older = {unsharedCopy(m_current.surface), m_current.normals.copy()};
-}
-
 // What is about to be written need not be brought up to date.
 void NormalMapUpdateAlgorithm::takeTurns(const QRegion &changing)
 {
+    // Who writes to the surface copies it; a piece that takes its place need not.
     if (m_older.normals.isNull())
-        makeOlder();
+        m_older = {m_current.surface, m_current.normals.copy()};
     for (const QRect &rect : m_behind - changing) {
         copyRegion(m_older.surface, {}, m_current.surface, rect);
         copyPixels(m_older.normals, m_current.normals, rect);
@@ -113,7 +109,7 @@ void NormalMapUpdateAlgorithm::leaveDocument()
         if (generation->surface.sharesCellsWith(m_stored))
             generation->surface = unsharedCopy(m_stored);
     if (m_older.normals.isNull())
-        makeOlder();
+        m_older = {unsharedCopy(m_current.surface), m_current.normals.copy()};
 }
 
 void NormalMapUpdateAlgorithm::paste(const NormalMapUpdateParams &params)
@@ -123,6 +119,11 @@ void NormalMapUpdateAlgorithm::paste(const NormalMapUpdateParams &params)
         const auto [source, target] = placeOf(piece, params.rects[i], m_current.surface.size());
         if (target.isEmpty())
             continue;
+        // An effect's piece is everything, and large.
+        if (params.mask.isNull() && target == m_current.surface.rect() && source == piece.rect()) {
+            m_current.surface = piece;
+            continue;
+        }
         if (!params.mask.isNull())
             copyRegion(m_current.surface, {}, m_stored, target);
         pasteMasked(m_current.surface, params.mask, target.topLeft(), piece, source);

@@ -46,12 +46,21 @@ void NormalMapProcessor::updateAll()
 {
     m_isScheduled = false;
     NormalMapUpdateParams params;
-    params.image = m_body.surface();
+    params.image = surface();
     // For the pieces that may be merged into this request while it waits.
     params.mask = m_mask;
     params.expectsPieces = m_expectsPieces;
     m_requestedSize = params.image.size();
     m_thread->requestUpdate(params);
+}
+
+// A flat surface is made once: a large one takes longer than there is time for an event.
+AngleImage NormalMapProcessor::surface()
+{
+    const bool isFlat = m_body.paintedSize().isEmpty();
+    if (!isFlat || m_flatSurface.size() != m_body.sprite().image().size())
+        m_flatSurface = isFlat ? m_body.surface() : AngleImage();
+    return isFlat ? m_flatSurface : m_body.surface();
 }
 
 void NormalMapProcessor::updateRect(const AngleImage &piece, const QRect &rect)

@@ -64,6 +64,7 @@ Q_SIGNALS:
 private:
     void scheduleUpdate();
     void updateScheduled();
+    AngleImage surface();
 
     Body &m_body;
     FloatImage m_mask;
@@ -71,6 +72,7 @@ private:
     AngleImage m_angleImage;
     QRect m_changedArea;
     QSize m_requestedSize;
+    AngleImage m_flatSurface; // of a body that is not painted
     bool m_expectsPieces = false;
     bool m_isScheduled = false;
     Observation m_surfaceObservation;
