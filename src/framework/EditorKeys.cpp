@@ -1,6 +1,7 @@
 #include "framework/EditorKeys.h"
 
 #include <QApplication>
+#include <QDialog>
 #include <QKeyEvent>
 #include <QWidget>
 
@@ -67,7 +68,8 @@ bool EditorKeys::pressed(QWidget &part, QKeyEvent &event)
         m_finish();
         event.ignore(); // a dialog's default button wants it too
     } else if (event.key() == Qt::Key_Escape) {
-        event.setAccepted(m_cancel());
+        const bool isInDialog = qobject_cast<QDialog *>(part.window());
+        event.setAccepted(m_cancel() && !isInDialog);
     } else {
         return false;
     }

@@ -19,7 +19,8 @@ class EditorKeys : public QObject
 
 public:
     /// @p finish is called at Enter and when the focus leaves. @p cancel is called at Escape and
-    /// tells whether it took something back; if not, Escape goes on to the dialog around.
+    /// tells whether it took something back; if not, Escape goes on to the widget around. A dialog
+    /// around gets Escape in any case.
     EditorKeys(QWidget &editor,
                std::function<void()> finish,
                std::function<bool()> cancel,

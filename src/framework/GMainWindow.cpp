@@ -247,6 +247,13 @@ void GMainWindow::updateTitle()
     setWindowModified(isDocumentModified());
 }
 
+void GMainWindow::setReplaceable(bool isReplaceable)
+{
+    m_new->setEnabled(isReplaceable);
+    m_open->setEnabled(isReplaceable);
+    m_recent->setLocked(!isReplaceable);
+}
+
 void GMainWindow::restoreLayout()
 {
     ::restoreLayout(*this, m_settings);

@@ -64,6 +64,8 @@ protected:
     /// Gets the focus when a widget gives it up, as editors do after Enter and Escape.
     virtual QWidget *documentWidget() const { return centralWidget(); }
 
+    /// Whether the user can take another document, new or opened, in place of the present one.
+    void setReplaceable(bool isReplaceable);
     /// To be called when the document or its modified state has become another.
     void updateTitle();
     /// Restores geometry, toolbars, shown panels and the splitters named by object name; called at

@@ -53,6 +53,12 @@ void RecentFiles::add(const QString &path)
     keep(paths.mid(0, limit));
 }
 
+void RecentFiles::setLocked(bool isLocked)
+{
+    m_isLocked = isLocked;
+    rebuild();
+}
+
 void RecentFiles::keep(const QStringList &paths)
 {
     m_settings.setValue(settingsKey(), paths);
@@ -74,5 +80,5 @@ void RecentFiles::rebuild()
     addSeparator();
     QAction *clearing = addAction(tr("Clear"));
     connect(clearing, &QAction::triggered, this, [this] { keep({}); });
-    menuAction()->setEnabled(!paths.isEmpty());
+    menuAction()->setEnabled(!m_isLocked && !paths.isEmpty());
 }

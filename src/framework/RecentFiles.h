@@ -18,6 +18,8 @@ public:
 
     QStringList paths() const;
     void add(const QString &path);
+    /// Nothing can be chosen while it is locked.
+    void setLocked(bool isLocked);
 
 Q_SIGNALS:
     void chosen(const QString &path);
@@ -27,4 +29,5 @@ private:
     void rebuild();
 
     GSettings &m_settings;
+    bool m_isLocked = false;
 };

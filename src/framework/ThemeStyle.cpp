@@ -8,6 +8,7 @@
 #include <QAbstractSpinBox>
 #include <QApplication>
 #include <QComboBox>
+#include <QDateTime>
 #include <QLineEdit>
 #include <QMenu>
 #include <QPainter>
@@ -76,12 +77,23 @@ void paintBar(QPainter &painter, const QStyleOption &option)
                      themeColors(option.palette).line);
 }
 
+/// What stands for a progress that nobody knows runs through the bar; who shows it repaints it.
+QRectF runningPart(const QRectF &bar)
+{
+    constexpr qint64 lap = 1200; // milliseconds
+    const double way = double(QDateTime::currentMSecsSinceEpoch() % lap) / lap;
+    const double width = bar.width() / 3.0;
+    return {bar.left() - width + way * (bar.width() + width), bar.top(), width, bar.height()};
+}
+
 void paintProgress(QPainter &painter, const QStyleOptionProgressBar &option)
 {
     const double range = static_cast<double>(option.maximum) - option.minimum;
     QRectF done = option.rect;
     if (range > 0)
         done.setWidth(done.width() * (option.progress - option.minimum) / range);
+    else
+        done &= runningPart(done);
     if (done.width() >= 1.0)
         paintBox(painter, done, themeColors(option.palette).accent);
 }

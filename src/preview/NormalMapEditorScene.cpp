@@ -251,6 +251,13 @@ void NormalMapEditorScene::setViewOnly(bool isViewOnly)
     updateHover();
 }
 
+void NormalMapEditorScene::setSelectionLocked(bool isLocked)
+{
+    finishGesture();
+    m_isSelectionLocked = isLocked;
+    updateHover();
+}
+
 InteractionMode NormalMapEditorScene::interactionMode() const
 {
     return m_isViewOnly ? InteractionMode::ViewOnly : m_routing->mode();
@@ -290,7 +297,7 @@ QCursor NormalMapEditorScene::pointerHere() const
     if (m_routing->takesEvents())
         return m_pointer->toolPointer();
     const auto here = m_pointer->position();
-    if (!here || !m_items->itemAt(*here))
+    if (!here || m_isSelectionLocked || !m_items->itemAt(*here))
         return Qt::ArrowCursor;
     const bool isMovable = m_routing->mode() == InteractionMode::MoveSprites;
     return isMovable ? Qt::SizeAllCursor : Qt::PointingHandCursor;
@@ -338,7 +345,7 @@ void NormalMapEditorScene::pressed(QGraphicsSceneMouseEvent &event, ToolOperatio
 {
     if (m_routing->takesEvents() && (!m_isViewOnly || m_routing->isPressed()))
         ((*m_routing).*operation)(event);
-    else if (!m_isViewOnly)
+    else if (!m_isViewOnly && !m_isSelectionLocked)
         m_selection->press(event, m_routing->mode() == InteractionMode::MoveSprites);
     // What is left for the view begins a rubber band.
     if (!m_selection->isPressed())

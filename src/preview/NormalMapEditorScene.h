@@ -56,6 +56,8 @@ public:
     void setTool(PaintTool *tool);
     /// Only looking, while Space is held: overrides what the tool asked for.
     void setViewOnly(bool isViewOnly) override;
+    /// Sprites are neither selected nor moved by the mouse while this is set.
+    void setSelectionLocked(bool isLocked);
     InteractionMode interactionMode() const;
     void setPen(const PenTouch &touch) override;
     /// A stroke becomes its undo step.
@@ -122,5 +124,6 @@ private:
 
     Body *m_currentBody = nullptr;
     bool m_isViewOnly = false;
+    bool m_isSelectionLocked = false;
     PointedPixel m_pointed;
 };

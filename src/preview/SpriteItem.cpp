@@ -3,6 +3,7 @@
 #include "imaging/PixelLoops.h"
 #include "model/Body.h"
 #include "model/NormalMapProcessor.h"
+#include "model/PropertyAngleImage.h"
 #include "model/Sprite.h"
 
 namespace {
@@ -32,6 +33,16 @@ SpriteItem::SpriteItem(Body &body)
 }
 
 SpriteItem::~SpriteItem() = default;
+
+void SpriteItem::storeShown(const QString &undoText) const
+{
+    m_processor->waitForIdle();
+    const AngleImage shown = m_processor->angleImage();
+    PropertyAngleImage &stored = m_body.paintedNormalMap();
+    // Without a surface the body counts as flat, and stays so when nothing was painted.
+    if (!stored.value().isEmpty() || !(shown == m_body.surface()))
+        stored.setAngleImage(shown, undoText);
+}
 
 void SpriteItem::setPixelSelection(const FloatImage &selection)
 {

@@ -24,6 +24,8 @@ public:
     Body &body() const { return m_body; }
     /// Computes the normal map shown; tools and effects show their pieces through it.
     NormalMapProcessor &processor() const { return *m_processor; }
+    /// What is shown becomes the body's surface by one undo step; none when nothing changes.
+    void storeShown(const QString &undoText) const;
     /// Outlines the pixels that @p selection takes and confines pieces to them; null for none.
     void setPixelSelection(const FloatImage &selection);
 

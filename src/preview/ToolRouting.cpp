@@ -14,6 +14,8 @@
 #include <QKeyEvent>
 #include <QScopedValueRollback>
 
+#include <utility>
+
 namespace {
 constexpr double overlayZ = 950.0; // above the sprites' frames, below the light
 
@@ -268,22 +270,11 @@ void ToolRouting::commit(const QString &undoText)
 {
     if (!mayPush())
         return dropPieces();
-    if (m_hasPieces)
-        storeShown(undoText);
+    if (std::exchange(m_hasPieces, false)) {
+        const QScopedValueRollback pushing(m_isPushing, true);
+        m_target->storeShown(undoText);
+    }
     m_tool->updateNormalMap(body().surface());
-}
-
-void ToolRouting::storeShown(const QString &undoText)
-{
-    m_hasPieces = false;
-    m_target->processor().waitForIdle();
-    const AngleImage shown = m_target->processor().angleImage();
-    PropertyAngleImage &stored = body().paintedNormalMap();
-    // Without a surface the body counts as flat, and stays so when nothing was painted.
-    if (stored.value().isEmpty() && shown == body().surface())
-        return;
-    const QScopedValueRollback pushing(m_isPushing, true);
-    stored.setAngleImage(shown, undoText);
 }
 
 void ToolRouting::select(const FloatImage &selection,

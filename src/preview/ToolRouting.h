@@ -85,7 +85,6 @@ private:
     void showPiece(const AngleImage &piece, const QRect &area);
     void dropPieces();
     void commit(const QString &undoText);
-    void storeShown(const QString &undoText);
     void select(const FloatImage &selection, const QString &undoText, bool mergeWithPrevious);
 
     QGraphicsScene &m_scene;

@@ -8,6 +8,8 @@
 #include "tools/PaintToolSelectByColor.h"
 #include "tools/PaintToolSelectWithPolygon.h"
 #include "tools/PaintToolStructure.h"
+#include "tools/effects/FilterCreateRim.h"
+#include "tools/effects/FilterEmboss.h"
 
 #include <QCoreApplication>
 
@@ -31,6 +33,14 @@ std::vector<std::unique_ptr<PaintTool>> makeTools(const GSettings &settings)
     tools.push_back(std::make_unique<PaintToolSelectByColor>());
     tools.push_back(std::make_unique<PaintToolSelectWithPolygon>());
     return tools;
+}
+
+std::vector<std::unique_ptr<Filter>> makeEffects(GSettings & /*settings*/)
+{
+    std::vector<std::unique_ptr<Filter>> effects;
+    effects.push_back(std::make_unique<FilterCreateRim>());
+    effects.push_back(std::make_unique<FilterEmboss>());
+    return effects;
 }
 
 QList<ShortcutGroup> toolGestures()

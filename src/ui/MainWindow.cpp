@@ -12,6 +12,7 @@
 #include "preview/NormalMapEditorScene.h"
 #include "preview/ZoomWidget.h"
 #include "tools/PaintTool.h"
+#include "tools/effects/Filter.h"
 #include "ui/DroppedPaths.h"
 #include "ui/EditorTools.h"
 #include "ui/ExportActions.h"
@@ -69,11 +70,11 @@ MainWindow::MainWindow(GApplication &application, QWidget *parent)
     , m_prompts(*this)
     , m_controller(application.settings(), m_prompts)
     , m_sprites(new SpritesSidebar(m_controller.selection(), this))
-    , m_editor(new NormalMapEditor(m_controller.selection(), this))
+    , m_editor(new NormalMapEditor(m_controller.selection(), m_prompts, this))
     , m_tools(new ToolsSidebar(m_controller.selection(),
                                application.settings(),
                                makeTools(application.settings()),
-                               {},
+                               makeEffects(application.settings()),
                                this))
     , m_zoom(new ZoomWidget(this))
     , m_pointed(new QLabel(this))
@@ -100,6 +101,7 @@ MainWindow::MainWindow(GApplication &application, QWidget *parent)
 
 MainWindow::~MainWindow()
 {
+    m_editor->discardEffect();
     // The panels borrow the controller's project and selection, which would go before them.
     m_controller.setInstalled({});
     disconnect(&project().undoStack(), nullptr, this, nullptr);
@@ -181,6 +183,8 @@ void MainWindow::createEditMenu()
     edit->addAction(&m_spriteActions->removeSprites());
     edit->addAction(&m_spriteActions->renameSprite());
     edit->addSeparator();
+    m_tools->addEditActions(*edit);
+    edit->addSeparator();
     edit->addAction(m_preferences);
     m_preferences->setShortcut(QKeySequence(QStringLiteral("Ctrl+,")));
     m_preferences->setMenuRole(QAction::PreferencesRole);
@@ -232,6 +236,7 @@ void MainWindow::connectPanels()
             &NormalMapEditor::setTextureOverlay);
     connect(&m_sprites->list(), &ShapeTreeView::pathsDropped, this, &MainWindow::openOrAdd);
     connect(m_editor, &NormalMapEditor::pathsDropped, this, &MainWindow::openOrAdd);
+    connect(m_editor, &NormalMapEditor::effectOpenChanged, this, &MainWindow::lockForEffect);
     connect(m_editor, &NormalMapEditor::pointedPixelChanged, this, &MainWindow::showPointedPixel);
     const auto show = [this](const QString &message) { statusBar()->showMessage(message); };
     connect(m_editor, &NormalMapEditor::noticed, this, show);
@@ -262,6 +267,15 @@ void MainWindow::updateActions()
     m_exportActions->update();
     m_spriteActions->update();
     m_tools->updateActions();
+}
+
+// What the effect works on stays as it is, and what it makes is the next undo step.
+void MainWindow::lockForEffect(bool isOpen)
+{
+    setReplaceable(!isOpen);
+    m_undoActions->setLocked(isOpen);
+    m_spriteActions->setLocked(isOpen);
+    m_sprites->setSpritesLocked(isOpen);
 }
 
 void MainWindow::finishEdits()
@@ -329,6 +343,10 @@ QWidget *MainWindow::documentWidget() const
 
 void MainWindow::openOrAdd(const QStringList &paths)
 {
+    if (m_editor->hasOpenEffect()) {
+        statusBar()->showMessage(tr("Apply or discard the effect first."));
+        return;
+    }
     for (const QString &path : paths) {
         if (isProjectFile(path)) {
             openPath(path);
@@ -337,6 +355,12 @@ void MainWindow::openOrAdd(const QStringList &paths)
     }
     if (!paths.isEmpty())
         m_spriteActions->add(paths);
+}
+
+void MainWindow::closeEvent(QCloseEvent *event)
+{
+    m_editor->discardEffect();
+    GMainWindow::closeEvent(event);
 }
 
 void MainWindow::dragEnterEvent(QDragEnterEvent *event)

@@ -44,6 +44,7 @@ protected:
     QString systemInformation() const override;
     QWidget *documentWidget() const override;
 
+    void closeEvent(QCloseEvent *event) override;
     void dragEnterEvent(QDragEnterEvent *event) override;
     void dropEvent(QDropEvent *event) override;
 
@@ -55,6 +56,7 @@ private:
     void createToolBar();
     void connectPanels();
     void installProject();
+    void lockForEffect(bool isOpen);
     void updateActions();
     void showPointedPixel(const PointedPixel &pixel);
     void showFeedback();

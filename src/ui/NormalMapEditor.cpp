@@ -6,12 +6,15 @@
 #include "model/ItemSelectionModel.h"
 #include "model/NormalMapProcessor.h"
 #include "model/Project.h"
+#include "model/properties/PropertyT.h"
 #include "preview/EditorGraphicsViewVesperine.h"
 #include "preview/NormalMapEditorScene.h"
 #include "preview/SpriteItem.h"
 #include "preview/ZoomWidget.h"
 #include "tools/PaintTool.h"
+#include "tools/effects/Filter.h"
 #include "ui/DroppedPaths.h"
+#include "ui/EffectRouting.h"
 #include "ui/ToolsSidebar.h"
 
 #include <QDragEnterEvent>
@@ -20,11 +23,14 @@
 #include <QShortcut>
 #include <QVBoxLayout>
 
-NormalMapEditor::NormalMapEditor(ItemSelectionModel &bodies, QWidget *parent)
+NormalMapEditor::NormalMapEditor(ItemSelectionModel &bodies,
+                                 WindowPrompts &prompts,
+                                 QWidget *parent)
     : QWidget(parent)
     , m_bodies(bodies)
     , m_scene(new NormalMapEditorScene(bodies, m_pixels, this))
     , m_view(new EditorGraphicsViewVesperine(this))
+    , m_effects(new EffectRouting(*m_scene, prompts, this))
     , m_deselect(
           new GAction(themedIcon(QStringLiteral(":/icons/deselect.svg")), tr("Deselect "), this))
     , m_invert(new GAction(
@@ -54,6 +60,8 @@ NormalMapEditor::NormalMapEditor(ItemSelectionModel &bodies, QWidget *parent)
             this,
             &NormalMapEditor::pointedPixelChanged);
     connect(m_scene, &NormalMapEditorScene::noticed, this, &NormalMapEditor::noticed);
+    connect(m_effects, &EffectRouting::noticed, this, &NormalMapEditor::noticed);
+    connect(m_effects, &EffectRouting::effectChanged, this, &NormalMapEditor::followEffect);
 }
 
 NormalMapEditor::~NormalMapEditor()
@@ -66,7 +74,9 @@ NormalMapEditor::~NormalMapEditor()
 
 void NormalMapEditor::setProject(Project *project)
 {
+    discardEffect();
     finishGesture();
+    m_project = project;
     m_pixels.setProject(project);
     m_scene->setProject(project);
     zoomToFit();
@@ -81,6 +91,36 @@ void NormalMapEditor::setToolsSidebar(ToolsSidebar &sidebar)
 {
     connect(&sidebar, &ToolsSidebar::activeToolChanged, m_scene, &NormalMapEditorScene::setTool);
     m_scene->setTool(sidebar.activeTool());
+    connect(&sidebar, &ToolsSidebar::effectRequested, this, &NormalMapEditor::openEffect);
+    connect(m_effects, &EffectRouting::effectChanged, &sidebar, &ToolsSidebar::setOpenEffect);
+}
+
+bool NormalMapEditor::hasOpenEffect() const
+{
+    return m_effects->effect();
+}
+
+void NormalMapEditor::discardEffect()
+{
+    m_effects->discard();
+}
+
+void NormalMapEditor::openEffect(Filter *effect)
+{
+    if (m_project)
+        m_effects->open(*effect,
+                        {m_bodies.selection(),
+                         &m_pixels,
+                         m_project->publishNormalmapPostfix().value(),
+                         window()});
+}
+
+void NormalMapEditor::followEffect(const Filter *effect)
+{
+    m_scene->setSelectionLocked(effect);
+    m_deselect->setDisabled(effect);
+    m_invert->setDisabled(effect);
+    Q_EMIT effectOpenChanged(effect);
 }
 
 void NormalMapEditor::setZoomWidget(ZoomWidget &zoom)

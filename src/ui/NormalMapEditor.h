@@ -5,29 +5,37 @@
 #include <QWidget>
 
 class EditorGraphicsViewVesperine;
+class EffectRouting;
+class Filter;
 class ItemSelectionModel;
 class NormalMapEditorScene;
 class Project;
 class ToolsSidebar;
+class WindowPrompts;
 class ZoomWidget;
 class QMenu;
 struct PointedPixel;
 
-/// The middle of the window: the view of the sprites, and the commands on their pixels. The item
-/// selection is borrowed.
+/// The middle of the window: the view of the sprites, the effect that is open on them, and the
+/// commands on their pixels. Item selection and prompts are borrowed.
 class NormalMapEditor : public QWidget
 {
     Q_OBJECT
 
 public:
-    explicit NormalMapEditor(ItemSelectionModel &bodies, QWidget *parent = nullptr);
+    NormalMapEditor(ItemSelectionModel &bodies, WindowPrompts &prompts, QWidget *parent = nullptr);
     ~NormalMapEditor() override;
 
     /// Shows @p project, all of it; called before the former one goes.
     void setProject(Project *project);
     /// Ends an open stroke with its undo step.
     void finishGesture();
-    /// Follows the sidebar's active tool, which outlives the editor's last event.
+    bool hasOpenEffect() const;
+    /// Ends the open effect as if it had never been; nothing without one. To be called before the
+    /// window goes.
+    void discardEffect();
+    /// Follows the sidebar's active tool, which outlives the editor's last event, and opens its
+    /// effects.
     void setToolsSidebar(ToolsSidebar &sidebar);
     /// Zoom of the view and the widget become one.
     void setZoomWidget(ZoomWidget &zoom);
@@ -51,6 +59,8 @@ public Q_SLOTS:
     void invertSelection();
 
 Q_SIGNALS:
+    /// An effect has opened, or closed. While it is open, what it works on must stay as it is.
+    void effectOpenChanged(bool isOpen);
     void pathsDropped(const QStringList &paths);
     void pointedPixelChanged(const PointedPixel &pixel);
     /// A line for the status bar.
@@ -61,10 +71,15 @@ protected:
     void dropEvent(QDropEvent *event) override;
 
 private:
+    void openEffect(Filter *effect);
+    void followEffect(const Filter *effect);
+
     ItemSelectionModel &m_bodies;
     PixelSelectionModel m_pixels;
     NormalMapEditorScene *m_scene;
     EditorGraphicsViewVesperine *m_view;
+    EffectRouting *m_effects;
+    Project *m_project = nullptr;
     QAction *m_deselect;
     QAction *m_invert;
     int m_displayMode = 2;

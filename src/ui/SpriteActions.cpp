@@ -54,7 +54,15 @@ SpriteActions::SpriteActions(ProjectController &controller,
 
 void SpriteActions::update()
 {
-    m_rename->setEnabled(m_controller.selection().selection().size() == 1);
+    for (GAction *action : {m_add, m_remove, m_selectAll})
+        action->setEnabled(!m_isLocked);
+    m_rename->setEnabled(!m_isLocked && m_controller.selection().selection().size() == 1);
+}
+
+void SpriteActions::setLocked(bool isLocked)
+{
+    m_isLocked = isLocked;
+    update();
 }
 
 void SpriteActions::chooseAndAdd()

@@ -31,6 +31,8 @@ public:
     void add(const QStringList &paths);
     /// Enables what can be done with the selection as it is.
     void update();
+    /// None of the commands can be chosen while they are locked.
+    void setLocked(bool isLocked);
 
 Q_SIGNALS:
     /// There may be other bodies now.
@@ -53,4 +55,5 @@ private:
     GAction *m_remove;
     GAction *m_rename;
     GAction *m_selectAll;
+    bool m_isLocked = false;
 };

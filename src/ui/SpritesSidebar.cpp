@@ -97,6 +97,12 @@ void SpritesSidebar::setProject(Project *project)
     showSprites(project ? m_selection.selection() : QList<Body *>());
 }
 
+void SpritesSidebar::setSpritesLocked(bool isLocked)
+{
+    m_list->setDisabled(isLocked);
+    m_spritePanel->setDisabled(isLocked);
+}
+
 int SpritesSidebar::displayMode() const
 {
     return m_displayModes.front()->actionGroup()->checkedAction()->data().toInt();

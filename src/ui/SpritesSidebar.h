@@ -29,6 +29,8 @@ public:
 
     /// Shows @p project (null for none); called before the former one goes.
     void setProject(Project *project);
+    /// Sprites can neither be selected nor changed while they are locked.
+    void setSpritesLocked(bool isLocked);
     ShapeTreeView &list() const { return *m_list; }
     /// 0 texture, 1 lit surface, 2 lit texture, 3 normal map.
     int displayMode() const;

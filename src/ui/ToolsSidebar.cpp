@@ -8,6 +8,7 @@
 #include "model/ItemSelectionModel.h"
 #include "tools/PaintTool.h"
 #include "tools/ToolPanel.h"
+#include "tools/effects/Filter.h"
 #include "ui/PanelArea.h"
 
 #include <QActionGroup>
@@ -31,12 +32,12 @@ QString activeToolKey()
     return QStringLiteral("activeTool");
 }
 
-QString nameOf(const PaintTool &tool)
+QString nameOf(const AngleImageTool &tool)
 {
     return QString::fromLatin1(tool.metaObject()->className());
 }
 
-QString keyOf(const PaintTool &tool, const ToolSetting &setting)
+QString keyOf(const AngleImageTool &tool, const ToolSetting &setting)
 {
     return nameOf(tool) + QLatin1Char('/') + setting.key;
 }
@@ -80,7 +81,7 @@ QString helpOn(const PaintTool &tool)
 ToolsSidebar::ToolsSidebar(ItemSelectionModel &selection,
                            GSettings &settings,
                            std::vector<std::unique_ptr<PaintTool>> tools,
-                           std::vector<std::unique_ptr<AngleImageTool>> effects,
+                           std::vector<std::unique_ptr<Filter>> effects,
                            QWidget *parent)
     : QWidget(parent)
     , m_selection(selection)
@@ -128,18 +129,20 @@ ToolsSidebar::ToolsSidebar(ItemSelectionModel &selection,
 // The tools go before the base class, and their panels leave the layout with them.
 ToolsSidebar::~ToolsSidebar()
 {
-    for (const auto &tool : m_tools)
+    for (const AngleImageTool *tool : allTools())
         keepSettings(*tool);
 }
 
-void ToolsSidebar::setOpenEffect(AngleImageTool *effect)
+void ToolsSidebar::setOpenEffect(Filter *effect)
 {
     if (effect == m_openEffect)
         return;
     if (!m_openEffect)
         m_formerTool = m_activeTool;
-    if (m_openEffect)
+    if (m_openEffect) {
+        keepSettings(*m_openEffect);
         m_openEffect->action().setChecked(false);
+    }
     m_openEffect = effect;
     if (effect) {
         effect->action().setChecked(true);
@@ -167,6 +170,18 @@ void ToolsSidebar::addToolActions(QMenu &menu) const
 {
     for (const auto &tool : m_tools)
         menu.addAction(&tool->action());
+    for (const auto &effect : m_effects) {
+        if (effect->hasShortLabel())
+            menu.addAction(&effect->action());
+    }
+}
+
+void ToolsSidebar::addEditActions(QMenu &menu) const
+{
+    for (const auto &effect : m_effects) {
+        if (!effect->hasShortLabel())
+            menu.addAction(&effect->action());
+    }
 }
 
 void ToolsSidebar::reloadTools()
@@ -290,7 +305,7 @@ void ToolsSidebar::showSettings()
 
 void ToolsSidebar::restoreSettings()
 {
-    for (const auto &tool : m_tools) {
+    for (const AngleImageTool *tool : allTools()) {
         for (const ToolSetting &setting : tool->settings()) {
             const QVariant kept = m_store.value(keyOf(*tool, setting));
             if (kept.isValid())
@@ -299,7 +314,7 @@ void ToolsSidebar::restoreSettings()
     }
 }
 
-void ToolsSidebar::keepSettings(const PaintTool &tool)
+void ToolsSidebar::keepSettings(const AngleImageTool &tool)
 {
     for (const ToolSetting &setting : tool.settings())
         m_store.setValue(keyOf(tool, setting), setting.read());

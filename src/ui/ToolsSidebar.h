@@ -6,6 +6,7 @@
 #include <vector>
 
 class AngleImageTool;
+class Filter;
 class GSettings;
 class ItemSelectionModel;
 class PaintTool;
@@ -31,7 +32,7 @@ public:
     ToolsSidebar(ItemSelectionModel &selection,
                  GSettings &settings,
                  std::vector<std::unique_ptr<PaintTool>> tools,
-                 std::vector<std::unique_ptr<AngleImageTool>> effects,
+                 std::vector<std::unique_ptr<Filter>> effects,
                  QWidget *parent = nullptr);
     ~ToolsSidebar() override;
 
@@ -39,11 +40,14 @@ public:
     PaintTool *activeTool() const { return m_activeTool; }
     /// The effect that is open, null for none: then only its action is enabled. When it ends, the
     /// tool that was active before is active again.
-    void setOpenEffect(AngleImageTool *effect);
+    void setOpenEffect(Filter *effect);
     /// Enables the actions by the number of selected bodies; called when a project is installed,
     /// too.
     void updateActions();
+    /// The tools, and the effects that have a button.
     void addToolActions(QMenu &menu) const;
+    /// The effects without a button.
+    void addEditActions(QMenu &menu) const;
     /// Lets all tools read anew what lies outside of the document.
     void reloadTools();
 
@@ -52,7 +56,7 @@ Q_SIGNALS:
     void activeToolChanged(PaintTool *tool);
     /// An effect's action was triggered. Whoever opens the effect calls setOpenEffect() before the
     /// signal returns.
-    void effectRequested(AngleImageTool *effect);
+    void effectRequested(Filter *effect);
 
 private:
     QWidget *createButtons(const QString &title, const std::vector<AngleImageTool *> &shown);
@@ -63,19 +67,19 @@ private:
     void activate(PaintTool *tool);
     void showSettings();
     void restoreSettings();
-    void keepSettings(const PaintTool &tool);
+    void keepSettings(const AngleImageTool &tool);
     PaintTool *lastActiveTool() const;
 
     ItemSelectionModel &m_selection;
     GSettings &m_store;
     std::vector<std::unique_ptr<PaintTool>> m_tools;
-    std::vector<std::unique_ptr<AngleImageTool>> m_effects;
+    std::vector<std::unique_ptr<Filter>> m_effects;
     QActionGroup *m_actions;
     PanelArea *m_settings;
     QLabel *m_help;
     QLabel *m_whyAtRest;
     PaintTool *m_activeTool = nullptr;
     PaintTool *m_formerTool = nullptr; // while an effect is open
-    AngleImageTool *m_openEffect = nullptr;
+    Filter *m_openEffect = nullptr;
     int m_selectedCount = 0;
 };

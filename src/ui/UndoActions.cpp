@@ -47,10 +47,29 @@ void UndoActions::setStack(GUndoStack &stack)
 
     disconnect(m_undoButton, &QAction::triggered, nullptr, nullptr);
     disconnect(m_redoButton, &QAction::triggered, nullptr, nullptr);
+    if (m_stack)
+        m_stack->disconnect(this);
+    m_stack = &stack;
     connect(m_undoButton, &QAction::triggered, &stack, &GUndoStack::undo);
     connect(m_redoButton, &QAction::triggered, &stack, &GUndoStack::redo);
-    connect(&stack, &QUndoStack::canUndoChanged, m_undoButton, &QAction::setEnabled);
-    connect(&stack, &QUndoStack::canRedoChanged, m_redoButton, &QAction::setEnabled);
-    m_undoButton->setEnabled(stack.canUndo());
-    m_redoButton->setEnabled(stack.canRedo());
+    // After the menu's actions, which the toolkit enables by itself.
+    connect(&stack, &QUndoStack::canUndoChanged, this, &UndoActions::update);
+    connect(&stack, &QUndoStack::canRedoChanged, this, &UndoActions::update);
+    update();
+}
+
+void UndoActions::setLocked(bool isLocked)
+{
+    m_isLocked = isLocked;
+    update();
+}
+
+void UndoActions::update()
+{
+    const bool canUndo = !m_isLocked && m_stack->canUndo();
+    const bool canRedo = !m_isLocked && m_stack->canRedo();
+    for (QAction *action : {m_undo.data(), static_cast<QAction *>(m_undoButton)})
+        action->setEnabled(canUndo);
+    for (QAction *action : {m_redo.data(), static_cast<QAction *>(m_redoButton)})
+        action->setEnabled(canRedo);
 }

@@ -22,11 +22,17 @@ public:
     GAction &undoButton() const { return *m_undoButton; }
     GAction &redoButton() const { return *m_redoButton; }
     void setStack(GUndoStack &stack);
+    /// Nothing can be undone nor done again while it is locked.
+    void setLocked(bool isLocked);
 
 private:
+    void update();
+
     QMenu &m_menu;
     GAction *m_undoButton;
     GAction *m_redoButton;
+    QPointer<GUndoStack> m_stack;
     QPointer<QAction> m_undo;
     QPointer<QAction> m_redo;
+    bool m_isLocked = false;
 };

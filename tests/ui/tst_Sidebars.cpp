@@ -8,6 +8,7 @@
 #include "support/FakeTool.h"
 #include "support/Widgets.h"
 #include "tools/ToolPanel.h"
+#include "tools/effects/Filter.h"
 #include "ui/EditorTools.h"
 #include "ui/ShapeTreeView.h"
 #include "ui/SpritesSidebar.h"
@@ -40,6 +41,14 @@ bool shows(const QWidget &sidebar, const QString &text)
     });
 }
 
+struct FakeEffect : Filter
+{
+    FakeEffect(const QString &label, const QString &shortLabel)
+        : Filter({}, label, shortLabel)
+    {
+    }
+    void run() override {}
+};
 } // namespace
 
 class TestSidebars : public QObject
@@ -72,7 +81,7 @@ private Q_SLOTS:
             const QString enabled[] = {{}, "one several bevel import"_s, "several bevel import"_s};
             for (const int selected : {0, 1, 2, 1}) {
                 select(selected);
-                sidebar.setOpenEffect(isEffectOpen ? m_tools[2] : nullptr);
+                sidebar.setOpenEffect(isEffectOpen ? static_cast<Filter *>(m_tools[2]) : nullptr);
                 QCOMPARE(tools(&QAction::isEnabled), isEffectOpen ? "bevel"_s : enabled[selected]);
                 // The active tool stays checked, whether it can be used or not.
                 QCOMPARE(tools(&QAction::isChecked), isEffectOpen ? "bevel"_s : "one"_s);
@@ -100,7 +109,7 @@ private Q_SLOTS:
         // Effects give the tool back, also where they are refused.
         click(sidebar, "bevel"_s);
         QCOMPARE(tools(&QAction::isChecked), "several"_s);
-        connect(&sidebar, &ToolsSidebar::effectRequested, &sidebar, [&](AngleImageTool *effect) {
+        connect(&sidebar, &ToolsSidebar::effectRequested, &sidebar, [&](Filter *effect) {
             sidebar.setOpenEffect(effect);
         });
         click(sidebar, "bevel"_s);
@@ -123,11 +132,10 @@ private Q_SLOTS:
             return showEditorTools();
         };
         const auto &sidebar = run();
-        QVERIFY(!shows(sidebar, "Effects"_s));
         select(1);
         QCOMPARE(sidebar.activeTool(), m_editorTools[0]);
         const QByteArray atFirst = toolSettings();
-        for (const PaintTool *tool : m_editorTools) {
+        for (const AngleImageTool *tool : m_editorTools) {
             for (const ToolSetting &setting : tool->settings())
                 setting.write(2);
         }
@@ -155,11 +163,11 @@ private:
     ToolsSidebar &showTools()
     {
         std::vector<std::unique_ptr<PaintTool>> tools;
-        std::vector<std::unique_ptr<AngleImageTool>> effects;
+        std::vector<std::unique_ptr<Filter>> effects;
         tools.push_back(std::make_unique<FakeTool>("one"_s, "One"_s));
         tools.push_back(std::make_unique<FakeTool>("several"_s, "Several"_s, true));
-        effects.push_back(std::make_unique<FakeTool>("bevel"_s, "Bevel"_s, true));
-        effects.push_back(std::make_unique<FakeTool>("import"_s, QString(), true));
+        effects.push_back(std::make_unique<FakeEffect>("bevel"_s, "Bevel"_s));
+        effects.push_back(std::make_unique<FakeEffect>("import"_s, QString()));
         m_tools = {tools[0].get(), tools[1].get(), effects[0].get(), effects[1].get()};
         auto *layout = new QGridLayout(tools.front()->settingsPanel());
         layout->addWidget(new QLabel("setting of one"_s));
@@ -178,19 +186,20 @@ private:
         m_editorTools.clear();
         for (const auto &tool : tools)
             m_editorTools.append(tool.get());
-        return show(std::make_unique<ToolsSidebar>(m_selection,
-                                                   *m_settings,
-                                                   std::move(tools),
-                                                   std::vector<std::unique_ptr<AngleImageTool>>()));
+        auto effects = makeEffects(*m_settings);
+        for (const auto &effect : effects)
+            m_editorTools.append(effect.get());
+        return show(std::make_unique<ToolsSidebar>(
+            m_selection, *m_settings, std::move(tools), std::move(effects)));
     }
 
     /// All that the editor's tools keep, in lines.
     QByteArray toolSettings() const
     {
         QStringList lines;
-        for (const PaintTool *tool : m_editorTools) {
+        for (const AngleImageTool *tool : m_editorTools) {
             for (const ToolSetting &setting : tool->settings())
-                lines << tool->text() + setting.key + setting.read().toString();
+                lines << tool->action().text() + setting.key + setting.read().toString();
         }
         return lines.join(QLatin1Char('\n')).toUtf8();
     }
@@ -216,7 +225,7 @@ private:
     std::unique_ptr<GSettings> m_settings;
     std::unique_ptr<QWidget> m_window;
     QVector<AngleImageTool *> m_tools;
-    QVector<PaintTool *> m_editorTools;
+    QVector<AngleImageTool *> m_editorTools;
     QStringList m_activated;
 };
 

@@ -61,6 +61,11 @@ ToolPanel &Filter::panel()
     return *m_panel;
 }
 
+PositionedDialog *Filter::dialog() const
+{
+    return m_dialog;
+}
+
 void Filter::addButtons()
 {
     auto *row = new QWidget;

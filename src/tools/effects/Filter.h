@@ -66,7 +66,7 @@ Q_SIGNALS:
 protected:
     /// Lays rows into the dialog.
     ToolPanel &panel();
-    PositionedDialog *dialog() const { return m_dialog; }
+    PositionedDialog *dialog() const;
     const EffectContext &context() const { return m_context; }
     /// The context is set; the dialog comes up afterwards.
     virtual void run() = 0;

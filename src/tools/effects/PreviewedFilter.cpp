@@ -16,7 +16,7 @@
 
 namespace {
 constexpr std::chrono::milliseconds patience(300); // before a wait is shown
-constexpr std::chrono::milliseconds glance(50);    // between two looks at what is waited for
+constexpr std::chrono::milliseconds beat(40);      // of what is shown then
 } // namespace
 
 PreviewedFilter::PreviewedFilter(const QIcon &icon,
@@ -57,6 +57,8 @@ void PreviewedFilter::createProgress()
     m_progress->setSizePolicy(policy);
     panel().addWide(m_progress);
     m_progress->hide();
+    m_beat.setInterval(beat);
+    connect(&m_beat, &QTimer::timeout, m_progress, qOverload<>(&QWidget::update));
     // While the progress can still be seen.
     connect(dialog(), &PositionedDialog::aboutToFinish, this, [this](int result) {
         if (result == QDialog::Accepted)
@@ -106,8 +108,7 @@ FloatImage PreviewedFilter::selectionOf(const Body &body) const
 void PreviewedFilter::show(Body *body, const AngleImage &surface)
 {
     if (m_runner->left() == 0) {
-        m_patience.stop();
-        m_progress->hide();
+        hideProgress();
     } else if (m_progress->isVisible()) {
         showProgress();
     } else {
@@ -123,6 +124,14 @@ void PreviewedFilter::showProgress()
     m_progress->setRange(0, count > 1 ? count : 0);
     m_progress->setValue(count - m_runner->left());
     m_progress->show();
+    m_beat.start();
+}
+
+void PreviewedFilter::hideProgress()
+{
+    m_patience.stop();
+    m_beat.stop();
+    m_progress->hide();
 }
 
 // Without the event loop, so that nothing else happens meanwhile.
@@ -131,7 +140,7 @@ void PreviewedFilter::waitForAll()
     QElapsedTimer waiting;
     waiting.start();
     while (m_runner->left() > 0) {
-        m_runner->waitForResult(glance);
+        m_runner->waitForResult(beat);
         if (m_runner->left() > 0 && waiting.hasExpired(patience.count())) {
             showProgress();
             m_progress->repaint();
@@ -164,7 +173,6 @@ void PreviewedFilter::stop()
 {
     m_watched.clear();
     disconnect(m_selectionConnection);
-    m_patience.stop();
-    m_progress->hide();
+    hideProgress();
     m_runner.reset();
 }

@@ -60,11 +60,13 @@ private:
     void show(Body *body, const AngleImage &surface);
     void waitForAll();
     void showProgress();
+    void hideProgress();
 
     QString m_undoText;
     std::unique_ptr<EffectRunner> m_runner; // while it is open
     std::vector<WatchedBody> m_watched;
     QMetaObject::Connection m_selectionConnection;
     QTimer m_patience;
+    QTimer m_beat; ///< of the progress
     QPointer<QProgressBar> m_progress; // of the dialog
 };

@@ -1,0 +1,269 @@
+#include "base/GSettings.h"
+#include "base/Resources.h"
+#include "framework/GApplication.h"
+#include "framework/GIntEdit.h"
+#include "imaging/MaskedPaste.h"
+#include "imaging/effects/FilterCreateRimAlgorithm.h"
+#include "imaging/effects/FilterEmbossAlgorithm.h"
+#include "model/Body.h"
+#include "model/Project.h"
+#include "model/PropertyAngleImage.h"
+#include "model/Sprite.h"
+#include "model/properties/GUndoStack.h"
+#include "model/properties/PropertyT.h"
+#include "preview/EditorGraphicsViewVesperine.h"
+#include "preview/NormalMapEditorScene.h"
+#include "preview/SpriteItem.h"
+#include "support/Gestures.h"
+#include "support/Studio.h"
+#include "support/Widgets.h"
+#include "tools/effects/PositionedDialog.h"
+#include "ui/ShapeTreeView.h"
+
+#include <QAction>
+#include <QDoubleSpinBox>
+#include <QRadioButton>
+#include <QSettings>
+#include <QSlider>
+#include <QStatusBar>
+#include <QTest>
+
+namespace {
+/// Three discs, red at the left and blue at the right; all are selected. The first has no surface,
+/// the second is painted.
+class Easel : public Studio
+{
+public:
+    explicit Easel(bool isBevel)
+        : m_isBevel(isBevel)
+    {
+        const QString third = fileOf(0).replace("a.png"_s, "c.png"_s);
+        QImage(60, 40, QImage::Format_ARGB32).save(third);
+        window().openOrAdd({third});
+        for (int index = 0; index < 3; ++index)
+            draw(index, 9 + index);
+        body(0).paintedNormalMap().setValue({}, {});
+        fillWith(300);
+        key(Qt::Key_B);
+        list().setFocus();
+        QTest::keyClick(&list(), Qt::Key_A, Qt::ControlModifier);
+        stack().clear();
+    }
+
+    MainWindow &window() const { return static_cast<MainWindow &>(*view().window()); }
+    ShapeTreeView &list() const { return *window().findChild<ShapeTreeView *>(); }
+    QString fileOf(int index) const { return body(index).sprite().filename().value().path(); }
+    QVector<AngleImage> surfaces() const { return {surface(0), surface(1), surface(2)}; }
+    PositionedDialog *dialog() const { return window().findChild<PositionedDialog *>(); }
+    bool hasDialog() const { return dialog() && dialog()->isVisible(); }
+    GIntEdit *smoothness() const { return dialog()->findChild<GIntEdit *>("Smoothness"_s); }
+
+    void draw(int index, double radius) const
+    {
+        QImage picture(60, 40, QImage::Format_ARGB32);
+        for (int i = 0; i < 60 * 40; ++i) {
+            const QPoint pixel(i % 60, i / 60);
+            const bool isInside = std::hypot(pixel.x() - 30, pixel.y() - 20) < radius;
+            picture.setPixel(pixel, !isInside ? 0 : pixel.x() < 30 ? 0xffff0000 : 0xff0000ff);
+        }
+        picture.save(fileOf(index));
+        body(index).loadSprite();
+    }
+
+    void fillWith(int slope) const
+    {
+        body(1).paintedNormalMap().setAngleImage(AngleImage(60, 40, qint16(slope)), "import"_s);
+    }
+
+    /// What the effect makes of a body, sinking.
+    AngleImage made(int index, int smoothness, const FloatImage &mask = {}) const
+    {
+        const QImage sprite = body(index).sprite().image();
+        AngleImage below = surface(index);
+        const RimParams rim{sprite, below, mask, 8, 100, smoothness, false, false};
+        const EmbossParams emboss{sprite, below, 1, false, smoothness};
+        const AngleImage above = m_isBevel ? FilterCreateRimAlgorithm().compute(rim)
+                                           : FilterEmbossAlgorithm().compute(emboss);
+        copyRegion(below, mask, above, {});
+        return below;
+    }
+
+    void open() const
+    {
+        chooseTool(m_isBevel ? "Bevel" : "Emboss");
+        showActive(*dialog());
+        dialog()->findChild<QRadioButton *>("DirectionDown"_s)->click();
+    }
+
+    /// With another smoothness, typed or dragged and not left before the end.
+    void end(const QByteArray &how) const
+    {
+        QWidget *target = smoothness()->findChild<QDoubleSpinBox *>();
+        target->setFocus();
+        QTest::keyClick(target, Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClicks(target, "4"_s);
+        if (how.endsWith("drag")) {
+            target = smoothness()->findChild<QSlider *>();
+            QTest::mousePress(target, Qt::LeftButton, {}, {target->width() / 5, 5});
+            dragTo(*target, {target->width() / 4, 5});
+        } else if (how.endsWith("elsewhere")) {
+            target = dialog()->findChild<QRadioButton *>("DirectionDown"_s);
+            target->setFocus();
+        }
+        if (how == "dialog closed" || how == "window closed")
+            how == "dialog closed" ? dialog()->close() : window().close();
+        else if (how == "apply" || how == "discard")
+            command(how.constData());
+        else
+            QTest::keyClick(target, how.startsWith("enter") ? Qt::Key_Return : Qt::Key_Escape);
+    }
+
+    /// Texts of what can be chosen in menus, toolbar and panels.
+    QSet<QString> enabled() const
+    {
+        QSet<QString> texts;
+        for (const QWidget *widget : window().findChildren<QWidget *>()) {
+            for (const QAction *action : widget->actions()) {
+                if (action->isEnabled())
+                    texts.insert(action->text().remove(QLatin1Char('&')));
+            }
+        }
+        return texts;
+    }
+
+private:
+    bool m_isBevel;
+};
+} // namespace
+
+class TestEffectsInWindow : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        initialiseResources();
+        QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+    }
+    void init() { static_cast<GApplication *>(qApp)->settings().clear(); }
+
+    void anEffectEnds_data()
+    {
+        QTest::addColumn<bool>("applies");
+        for (const char *how : {"enter", "enter elsewhere", "enter in drag", "apply"})
+            QTest::newRow(how) << true;
+        for (const char *how :
+             {"escape", "escape elsewhere", "discard", "dialog closed", "window closed"})
+            QTest::newRow(how) << false;
+    }
+
+    void anEffectEnds()
+    {
+        QFETCH(bool, applies);
+        for (const bool isBevel : {true, false}) {
+            const Easel easel(isBevel);
+            const QVector<AngleImage> before = easel.surfaces();
+            const PaintTool *tool = easel.scene().tool();
+            easel.open();
+            QTRY_VERIFY(!easel.showsWhatIsStored());
+            const GIntEdit *smoothness = easel.smoothness();
+            easel.end(QTest::currentDataTag());
+            QVERIFY(tool && easel.scene().tool() == tool);
+            QVERIFY(!easel.hasDialog() && easel.showsWhatIsStored());
+            const QVector<AngleImage> after = easel.surfaces();
+            QCOMPARE(easel.stack().count(), applies ? 1 : 0);
+            if (applies)
+                QCOMPARE(easel.stack().undoText(), isBevel ? "create rim"_s : "create embossing"_s);
+            easel.stack().undo();
+            QCOMPARE(easel.surfaces(), before);
+            QVERIFY(easel.body(0).paintedNormalMap().value().isEmpty());
+            for (int index = 0; index < 3 && applies; ++index)
+                QCOMPARE(after[index], easel.made(index, smoothness->value()));
+            easel.stack().redo();
+            QVERIFY(easel.surfaces() == after && easel.showsWhatIsStored());
+        }
+    }
+
+    void whatAnOpenEffectLocks()
+    {
+        Easel easel(true);
+        auto &brightness = easel.window().project().lightBrightness();
+        brightness.setValue(0.5, "light"_s);
+        const QVector<AngleImage> before = easel.surfaces();
+        const QSet<QString> enabled = easel.enabled();
+        const QPointF place = easel.scene().spriteItem(&easel.body(1))->pos();
+        const QPoint on = easel.view().mapFromScene(place + QPointF(30, 20));
+        easel.open();
+        brightness.setValue(0.7, "light"_s);
+        const QStringList locked =
+            "New|Open...|Undo|Undo light|Add sprites...|Remove sprites|"
+            "Select all|Deselect |Invert selection|Emboss..."_s.split(QLatin1Char('|'));
+        QCOMPARE(enabled - easel.enabled(), QSet<QString>(locked.begin(), locked.end()));
+        drag(easel.viewport(), on, on + QPoint(30, 0));
+        QTest::mouseClick(&easel.viewport(), Qt::LeftButton, {}, on);
+        QCOMPARE(easel.scene().spriteItem(&easel.body(1))->pos(), place);
+        QCOMPARE(easel.list().selectionModel()->selectedRows().size(), 3);
+        easel.window().openOrAdd({easel.fileOf(0)});
+        QCOMPARE(easel.bodyCount(), 3);
+        QCOMPARE(easel.window().statusBar()->currentMessage(),
+                 "Apply or discard the effect first."_s);
+        easel.end("discard");
+        QCOMPARE(easel.enabled(), enabled);
+        easel.open();
+        QTRY_VERIFY(!easel.showsWhatIsStored());
+        QVERIFY(easel.openAgain()); // saved with the effect open
+        QVERIFY(easel.surfaces() == before && easel.showsWhatIsStored() && !easel.hasDialog());
+        easel.open(); // until everything goes
+    }
+
+    void whatChangesMeanwhileCounts()
+    {
+        for (const bool isBevel : {true, false}) {
+            const Easel easel(isBevel);
+            const auto gone = easel.window().project().bodies().entries().at(2);
+            easel.open();
+            easel.draw(0, 15);
+            easel.fillWith(-700);
+            const QVector<AngleImage> expected{easel.made(0, 4), easel.made(1, 4)};
+            easel.window().project().bodies().remove(*gone, "remove"_s);
+            easel.end("enter");
+            QCOMPARE(QVector<AngleImage>({easel.surface(0), easel.surface(1)}), expected);
+            QVERIFY(easel.showsWhatIsStored());
+        }
+    }
+
+    void selectedPixelsConfineEffects()
+    {
+        for (const int variant : {0, 1, 2, 3}) {
+            Easel easel(variant % 2 == 0);
+            easel.select(1);
+            easel.key(Qt::Key_A);
+            easel.paint({{25, 20}});
+            FloatImage red(60, 40);
+            const QImage &sprite = easel.body(1).sprite().image();
+            for (int i = 0; i < 60 * 40; ++i)
+                red.row(i / 60)[i % 60] = sprite.pixel(i % 60, i / 60) == 0xffff0000 ? 1 : 0;
+            const AngleImage confined = easel.made(1, 4, red);
+            const AngleImage everywhere = easel.made(1, 4);
+            easel.open();
+            if (variant >= 2)
+                easel.stack().undo(); // the selection goes
+            easel.end("enter");
+            QCOMPARE(easel.surface(1), variant >= 2 ? everywhere : confined);
+            QVERIFY(!(confined == everywhere) && easel.showsWhatIsStored());
+        }
+    }
+};
+
+int main(int argc, char **argv)
+{
+    const QTemporaryDir home;
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, home.path());
+    GApplication::prepare();
+    GApplication application(argc, argv);
+    TestEffectsInWindow test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "tst_EffectsInWindow.moc"
