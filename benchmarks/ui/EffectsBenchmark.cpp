@@ -1,18 +1,14 @@
 #include "Ratio.h"
 #include "framework/GIntEdit.h"
-#include "model/Body.h"
 #include "model/Documents.h"
-#include "model/NormalMapProcessor.h"
-#include "model/PixelSelectionModel.h"
 #include "model/Project.h"
-#include "model/properties/PropertyListT.h"
-#include "preview/NormalMapEditorScene.h"
-#include "preview/SpriteItem.h"
-#include "tools/effects/FilterCreateRim.h"
+#include "model/properties/GUndoStack.h"
 #include "tools/effects/PositionedDialog.h"
 #include "ui/BodiesWindow.h"
+#include "ui/ShapeTreeView.h"
 
 #include <QThread>
+#include <QToolButton>
 
 #include <algorithm>
 #include <stdexcept>
@@ -52,43 +48,48 @@ double millisecondsOf(const std::function<void()> &work, double (*clock)())
     return 1000.0 * (clock() - start);
 }
 
-/// A bevel that is open over all bodies of a window.
+/// The bevel over all bodies of a window, opened by its button.
 class Bevel
 {
 public:
     explicit Bevel(const Sprites &sprites)
         : m_window(bodiesOf(sprites))
+        , m_count(sprites.count)
     {
-        QObject::connect(&m_effect,
-                         &Filter::temporaryNormalMapChanged,
-                         m_window.window().centralWidget(),
-                         [this](Body *body, const AngleImage &surface, const QRect &rect) {
-                             m_window.scene().spriteItem(body)->processor().updateRect(surface,
-                                                                                       rect);
-                         });
+        m_window.window().findChild<ShapeTreeView *>()->selectAll();
         open();
-        m_window.rest();
+        m_dialog = m_window.window().findChild<PositionedDialog *>();
         m_height = m_window.window().findChild<GIntEdit *>(QStringLiteral("RimHeight"));
     }
 
-    ~Bevel()
+    ~Bevel() { m_dialog->reject(); }
+
+    /// Until the dialog is there.
+    double open()
     {
-        m_effect.discard();
+        const int shown = m_window.results() + m_count;
+        QToolButton &bevel = button(m_window.window());
+        const double ms = millisecondsOf([&] { bevel.click(); }, threadSeconds);
+        m_window.waitForResults(shown);
         m_window.rest();
+        return ms;
     }
 
-    void open()
+    double discard()
     {
-        EffectContext context;
-        for (Body *body : m_window.project().bodies().all())
-            context.bodies.append(body);
-        context.pixels = &m_pixels;
-        context.window = &m_window.window();
-        m_effect.start(context);
+        const double ms = millisecondsOf([this] { m_dialog->reject(); }, threadSeconds);
+        m_window.rest();
+        return ms;
     }
 
-    void discard() { m_effect.discard(); }
-    void rest() { m_window.rest(); }
+    double apply()
+    {
+        const double ms = millisecondsOf([this] { m_dialog->accept(); }, threadSeconds);
+        m_window.rest();
+        m_window.project().undoStack().undo();
+        m_window.rest();
+        return ms;
+    }
 
     /// From a slider's move to the texture, in milliseconds.
     double show()
@@ -108,17 +109,15 @@ public:
     {
         constexpr int moves = 200;
         constexpr int results = 12;
+        constexpr double nothingToDo = 0.005; // milliseconds
         std::vector<double> milliseconds;
         const int wanted = m_window.results() + results;
         for (int i = 0; i < moves || m_window.results() < wanted; ++i) {
             milliseconds.push_back(millisecondsOf([this] { moveSlider(); }, threadSeconds));
             QThread::msleep(1);
             const double delivery = millisecondsOf(BodiesWindow::deliver, threadSeconds);
-            if (delivery > 0.005) {
+            if (delivery > nothingToDo)
                 milliseconds.push_back(delivery);
-                if (qEnvironmentVariableIsSet("TRACE") && delivery > 0.5)
-                    printf("deliver %.3f\n", delivery);
-            }
         }
         std::sort(milliseconds.begin(), milliseconds.end());
         m_window.rest();
@@ -126,6 +125,15 @@ public:
     }
 
 private:
+    static QToolButton &button(const MainWindow &window)
+    {
+        for (QToolButton *button : window.findChildren<QToolButton *>()) {
+            if (button->text() == QStringLiteral("Bevel") && button->isEnabled())
+                return *button;
+        }
+        throw std::runtime_error("there is no bevel");
+    }
+
     void moveSlider()
     {
         constexpr int least = 25;
@@ -136,9 +144,9 @@ private:
     }
 
     BodiesWindow m_window;
-    PixelSelectionModel m_pixels;
-    FilterCreateRim m_effect;
+    PositionedDialog *m_dialog = nullptr;
     GIntEdit *m_height = nullptr;
+    int m_count;
     int m_move = 0;
 };
 
@@ -168,33 +176,59 @@ auto drags(const Sprites &sprites, double share)
     };
 }
 
-auto openings(const Sprites &sprites)
+/// Opened and ended again and again.
+template <class Measure>
+auto uses(const Sprites &sprites, Measure measure)
 {
-    return [sprites] {
+    return [sprites, measure] {
         const auto bevel = std::make_shared<Bevel>(sprites);
-        return [bevel] {
-            bevel->discard();
-            bevel->rest();
-            const double ms = millisecondsOf([&] { bevel->open(); }, threadSeconds);
-            bevel->rest();
-            return ms;
-        };
+        return [bevel, measure] { return measure(*bevel); };
     };
 }
 
+double opening(Bevel &bevel)
+{
+    bevel.discard();
+    return bevel.open();
+}
+
+double discarding(Bevel &bevel)
+{
+    const double ms = bevel.discard();
+    bevel.open();
+    return ms;
+}
+
+double applying(Bevel &bevel)
+{
+    const double ms = bevel.apply();
+    bevel.open();
+    return ms;
+}
+
+void addDrags(const Sprites &sprites)
+{
+    const std::string name = "bevel, dragged, " + sprites.name;
+    addBudget(name + ", 99 of 100, within 4 ms", 4.0, drags(sprites, 0.99));
+    addBudget(name + ", the longest, within 8 ms", 8.0, drags(sprites, 1.0));
+}
+
 const bool rows = [] {
-    addBudget("bevel, a slider's move shown, 1024x1024, within 25 ms", 25.0, slides({"", 1, 1024}));
-    addBudget("bevel, a slider's move shown, 256x256, within 4 ms", 4.0, slides({"", 1, 256}));
-    const Sprites dragged[] = {{"1024x1024", 1, 1024},
-                               {"three of 512x512", 3, 512},
-                               {"4096x4096", 1, 4096},
-                               {"4096x4096 unpainted", 1, 4096, false}};
-    for (const Sprites &sprites : dragged) {
-        const std::string name = "bevel, dragged, " + sprites.name;
-        addBudget(name + ", 99 of 100, within 4 ms", 4.0, drags(sprites, 0.99));
-        addBudget(name + ", the longest, within 8 ms", 8.0, drags(sprites, 1.0));
+    const Sprites tiny{"256x256", 1, 256};
+    const Sprites usual{"1024x1024", 1, 1024};
+    const Sprites large{"4096x4096", 1, 4096};
+    const Sprites unpainted{"4096x4096 unpainted", 1, 4096, false};
+    const Sprites many{"20 of 512x512", 20, 512};
+    addBudget("bevel, a slider's move shown, 1024x1024, within 25 ms", 25.0, slides(usual));
+    addBudget("bevel, a slider's move shown, 256x256, within 4 ms", 4.0, slides(tiny));
+    for (const Sprites &sprites : {usual, Sprites{"3 of 512x512", 3, 512}, large, unpainted})
+        addDrags(sprites);
+    addBudget("bevel, opened, 4096x4096, within 8 ms", 8.0, uses(large, opening));
+    for (const Sprites &sprites : {large, unpainted, many}) {
+        const std::string name = "bevel, " + sprites.name;
+        addBudget(name + ", discarded, within 8 ms", 8.0, uses(sprites, discarding));
+        addBudget(name + ", applied, within 33 ms", 33.0, uses(sprites, applying));
     }
-    addBudget("bevel, opened, 4096x4096, within 33 ms", 33.0, openings(dragged[2]));
     return true;
 }();
 

@@ -26,6 +26,18 @@ NormalMapProcessor::NormalMapProcessor(Body &body)
 
 NormalMapProcessor::~NormalMapProcessor() = default;
 
+// To make a large one takes longer than there is time for an event.
+AngleImage NormalMapProcessor::surface()
+{
+    if (!m_body.paintedSize().isEmpty()) {
+        m_flatSurface = {};
+        return m_body.surface();
+    }
+    if (m_flatSurface.size() != m_body.sprite().image().size())
+        m_flatSurface = m_body.surface();
+    return m_flatSurface;
+}
+
 // A commit's update starts once the commit is over: then nobody keeps the surface that the document
 // held before, whose block is taken over instead of a copy of everything.
 void NormalMapProcessor::scheduleUpdate()
@@ -52,15 +64,6 @@ void NormalMapProcessor::updateAll()
     params.expectsPieces = m_expectsPieces;
     m_requestedSize = params.image.size();
     m_thread->requestUpdate(params);
-}
-
-// A flat surface is made once: a large one takes longer than there is time for an event.
-AngleImage NormalMapProcessor::surface()
-{
-    const bool isFlat = m_body.paintedSize().isEmpty();
-    if (!isFlat || m_flatSurface.size() != m_body.sprite().image().size())
-        m_flatSurface = isFlat ? m_body.surface() : AngleImage();
-    return isFlat ? m_flatSurface : m_body.surface();
 }
 
 void NormalMapProcessor::updateRect(const AngleImage &piece, const QRect &rect)

@@ -30,6 +30,8 @@ public:
     ~NormalMapProcessor() override;
 
     Body &body() const { return m_body; }
+    /// What the body's own surface() gives, without making a flat one at each call.
+    AngleImage surface();
     /// The normal map last published; flat in the sprite's size before the first.
     const QImage &normalMap() const { return m_normalMap; }
     /// The surface that the normal map was computed from; null before the first.
@@ -64,7 +66,6 @@ Q_SIGNALS:
 private:
     void scheduleUpdate();
     void updateScheduled();
-    AngleImage surface();
 
     Body &m_body;
     FloatImage m_mask;
