@@ -9,15 +9,6 @@
 
 namespace {
 
-AngleImage unsharedCopy(const AngleImage &image)
-{
-    if (image.isNull())
-        return {};
-    AngleImage copy = image;
-    copy.row(0);
-    return copy;
-}
-
 void copyPixels(QImage &target, const QImage &source, const QRect &rect)
 {
     for (int y = rect.top(); y <= rect.bottom(); ++y) {
@@ -107,9 +98,9 @@ void NormalMapUpdateAlgorithm::leaveDocument()
 {
     for (Generation *generation : {&m_current, &m_older})
         if (generation->surface.sharesCellsWith(m_stored))
-            generation->surface = unsharedCopy(m_stored);
+            generation->surface = m_stored.unsharedCopy();
     if (m_older.normals.isNull())
-        m_older = {unsharedCopy(m_current.surface), m_current.normals.copy()};
+        m_older = {m_current.surface.unsharedCopy(), m_current.normals.copy()};
 }
 
 void NormalMapUpdateAlgorithm::paste(const NormalMapUpdateParams &params)
