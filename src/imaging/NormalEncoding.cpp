@@ -76,6 +76,15 @@ void fromNormalMap(const QImage &image, AngleImage &surface)
     }
 }
 
+void flipY(AngleImage &surface)
+{
+    for (int y = 0; y < surface.height(); ++y) {
+        AngleImage::Pixel *row = surface.row(y);
+        for (int x = 0; x < surface.width(); ++x)
+            row[x].sy = qint16(std::min(-int(row[x].sy), 127 * 256));
+    }
+}
+
 void flattenTransparent(const QImage &sprite, QImage &normalMap)
 {
     if (!sprite.hasAlphaChannel() || !isNormalMapOf(normalMap, sprite.size()))

@@ -28,6 +28,10 @@ QImage exportedNormalMap(const AngleImage &surface, const QImage &sprite);
 /// image's size when it has another one. Blue 0 saturates. Alpha is ignored.
 void fromNormalMap(const QImage &image, AngleImage &surface);
 
+/// Turns @p surface into the one of the same normal map with green counted the other way: every Y
+/// slope is negated, −128 becomes 127.
+void flipY(AngleImage &surface);
+
 /// Sets every pixel of @p normalMap whose pixel in @p sprite is fully transparent (alpha 0) to the
 /// flat normal. Both have one size; a sprite without an alpha channel changes nothing.
 void flattenTransparent(const QImage &sprite, QImage &normalMap);

@@ -10,6 +10,8 @@
 #include "tools/PaintToolStructure.h"
 #include "tools/effects/FilterCreateRim.h"
 #include "tools/effects/FilterEmboss.h"
+#include "tools/effects/ImportNormalMap.h"
+#include "tools/effects/ImportNormalMaps.h"
 
 #include <QCoreApplication>
 
@@ -35,11 +37,13 @@ std::vector<std::unique_ptr<PaintTool>> makeTools(const GSettings &settings)
     return tools;
 }
 
-std::vector<std::unique_ptr<Filter>> makeEffects(GSettings & /*settings*/)
+std::vector<std::unique_ptr<Filter>> makeEffects(GSettings &settings)
 {
     std::vector<std::unique_ptr<Filter>> effects;
     effects.push_back(std::make_unique<FilterCreateRim>());
     effects.push_back(std::make_unique<FilterEmboss>());
+    effects.push_back(std::make_unique<ImportNormalMap>(settings));
+    effects.push_back(std::make_unique<ImportNormalMaps>(settings));
     return effects;
 }
 

@@ -38,7 +38,7 @@ void EffectRouting::open(Filter &effect, const EffectContext &context)
     EffectContext usable = context;
     usable.bodies.clear();
     for (Body *body : context.bodies) {
-        if (hasSprite(*body))
+        if (!effect.needsSprites() || hasSprite(*body))
             usable.bodies.append(body);
     }
     if (const int leftOut = context.bodies.size() - usable.bodies.size(); leftOut > 0)

@@ -1,6 +1,6 @@
 #include "ui/WindowPrompts.h"
 
-#include "ui/ListDialog.h"
+#include "framework/ListDialog.h"
 
 #include <QCloseEvent>
 #include <QFileDialog>

@@ -45,6 +45,13 @@ class TestNormalEncoding : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void flippedSlopesStayInRange()
+    {
+        AngleImage surface = angles({{{3, -32768}, {-4, 32512}, {5, -1}}});
+        flipY(surface);
+        QCOMPARE(surface, angles({{{3, 32512}, {-4, -32512}, {5, 1}}}));
+    }
+
     void everyLoopGivesTheFormulasPixels()
     {
         std::mt19937 random(1);

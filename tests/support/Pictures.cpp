@@ -1,5 +1,7 @@
 #include "support/Pictures.h"
 
+#include "imaging/HeightsToAngles.h"
+
 #include <algorithm>
 #include <bit>
 
@@ -62,4 +64,18 @@ FloatImage randomMask(const QSize &size, std::mt19937 &random)
     for (int i = 0; i < size.width() * size.height(); ++i)
         mask.row(0)[i] = std::clamp(mask.row(0)[i], 0.0F, 1.0F);
     return mask;
+}
+
+AngleImage cones(const QSize &size, float steepness)
+{
+    FloatImage heights(size.width(), size.height());
+    for (int y = 0; y < size.height(); ++y) {
+        for (int x = 0; x < size.width(); ++x)
+            heights.row(y)[x] =
+                steepness *
+                std::max(0.0F, 16.0F - std::hypot(float(x % 40 - 20), float(y % 40 - 20)));
+    }
+    AngleImage slopes(size.width(), size.height());
+    heightsToAngles(heights, slopes, {});
+    return slopes;
 }

@@ -35,3 +35,5 @@ inline AngleImage randomAngles(int width, int height, std::mt19937 &random)
 FloatImage randomFloats(const QSize &size, float first, float last, std::mt19937 &random);
 /// Weights of which many are exactly 0 or 1.
 FloatImage randomMask(const QSize &size, std::mt19937 &random);
+/// Slopes of cones that stand on flat ground, 40 pixels apart.
+AngleImage cones(const QSize &size, float steepness = 1.0F);

@@ -14,6 +14,7 @@
 #include "preview/EditorGraphicsViewVesperine.h"
 #include "preview/NormalMapEditorScene.h"
 #include "preview/SpriteItem.h"
+#include "support/DialogScript.h"
 #include "support/Gestures.h"
 #include "support/Studio.h"
 #include "support/Widgets.h"
@@ -22,6 +23,7 @@
 
 #include <QAction>
 #include <QDoubleSpinBox>
+#include <QMenu>
 #include <QRadioButton>
 #include <QSettings>
 #include <QSlider>
@@ -188,18 +190,18 @@ private Q_SLOTS:
     void whatAnOpenEffectLocks()
     {
         Easel easel(true);
-        auto &brightness = easel.window().project().lightBrightness();
-        brightness.setValue(0.5, "light"_s);
         const QVector<AngleImage> before = easel.surfaces();
         const QSet<QString> enabled = easel.enabled();
         const QPointF place = easel.scene().spriteItem(&easel.body(1))->pos();
         const QPoint on = easel.view().mapFromScene(place + QPointF(30, 20));
         easel.open();
-        brightness.setValue(0.7, "light"_s);
+        easel.window().project().lightBrightness().setValue(0.7, "light"_s);
         const QStringList locked =
-            "New|Open...|Undo|Undo light|Add sprites...|Remove sprites|"
-            "Select all|Deselect |Invert selection|Emboss..."_s.split(QLatin1Char('|'));
+            "New|Open...|Add sprites...|Remove sprites|"
+            "Select all|Deselect |Invert selection|Emboss...|Import normal maps from folder..."_s
+                .split(QLatin1Char('|'));
         QCOMPARE(enabled - easel.enabled(), QSet<QString>(locked.begin(), locked.end()));
+        QCOMPARE(easel.enabled() - enabled, QSet<QString>());
         drag(easel.viewport(), on, on + QPoint(30, 0));
         QTest::mouseClick(&easel.viewport(), Qt::LeftButton, {}, on);
         QCOMPARE(easel.scene().spriteItem(&easel.body(1))->pos(), place);
@@ -209,12 +211,34 @@ private Q_SLOTS:
         QCOMPARE(easel.window().statusBar()->currentMessage(),
                  "Apply or discard the effect first."_s);
         easel.end("discard");
-        QCOMPARE(easel.enabled(), enabled);
+        QCOMPARE(easel.enabled() - enabled, QSet<QString>({"Undo"_s, "Undo light"_s}));
         easel.open();
+        QCOMPARE(easel.enabled() - enabled, QSet<QString>());
         QTRY_VERIFY(!easel.showsWhatIsStored());
         QVERIFY(easel.openAgain()); // saved with the effect open
         QVERIFY(easel.surfaces() == before && easel.showsWhatIsStored() && !easel.hasDialog());
         easel.open(); // until everything goes
+    }
+
+    void anEffectWithoutButtonIsInTheMenu()
+    {
+        Easel easel(true);
+        easel.select(0);
+        QImage normals(60, 40, QImage::Format_RGB32);
+        normals.fill(QColor(160, 127, 245));
+        normals.save(easel.fileOf(0) + "_n.png"_s);
+        DialogScript script;
+        script.then(DialogScript::chooseFile(easel.fileOf(0) + "_n.png"_s));
+        const auto actions = easel.window().findChildren<QMenu *>();
+        for (const QMenu *menu : actions) {
+            for (QAction *action : menu->actions()) {
+                if (action->text() == "Import normal map..."_s)
+                    action->trigger();
+            }
+        }
+        QVERIFY(script.isDone());
+        QVERIFY(easel.enabled().contains("Undo Import normal map"_s));
+        QVERIFY(easel.scene().tool() && easel.showsWhatIsStored());
     }
 
     void whatChangesMeanwhileCounts()

@@ -39,6 +39,8 @@ public:
     ~Filter() override;
 
     bool worksOnSeveralBodies() const override { return true; }
+    /// Whether a body is of no use to it while its sprite's file is missing or does not fit.
+    virtual bool needsSprites() const { return false; }
     QVector<ToolSetting> settings() const override;
     /// From start() until it has closed.
     bool isOpen() const { return m_isOpen; }

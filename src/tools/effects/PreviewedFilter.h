@@ -25,6 +25,8 @@ class PreviewedFilter : public Filter, public Observer
 public:
     ~PreviewedFilter() override;
 
+    bool needsSprites() const override { return true; }
+
     void observableChanged(Observable &observable) override;
 
 public Q_SLOTS:
@@ -67,6 +69,6 @@ private:
     std::vector<WatchedBody> m_watched;
     QMetaObject::Connection m_selectionConnection;
     QTimer m_patience;
-    QTimer m_beat; ///< of the progress
+    QTimer m_beat;                     ///< of the progress
     QPointer<QProgressBar> m_progress; // of the dialog
 };

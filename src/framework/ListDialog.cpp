@@ -1,4 +1,4 @@
-#include "ui/ListDialog.h"
+#include "framework/ListDialog.h"
 
 #include "framework/UiScale.h"
 
