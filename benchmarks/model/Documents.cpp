@@ -29,18 +29,32 @@ AngleImage paintedSurface(const QSize &size, int seed)
 }
 } // namespace
 
-void saveSprite(const QString &path, int side)
+void saveSprite(const QString &path, int side, double grain)
 {
-    const auto open = discsAndHoles(side, 0.0);
+    const auto open = discsAndHoles(side, grain);
     QImage sprite(side, side, QImage::Format_ARGB32);
     for (int y = 0; y < side; ++y) {
         for (int x = 0; x < side; ++x) {
             const double alpha = 255.0 * (1.0 - open[std::size_t(y) * std::size_t(side) + x]);
-            const int grain = (x * 7 + y * 13) % 8;
-            sprite.setPixel(x, y, qRgba(x * 240 / side + grain, y * 240 / side, 90, int(alpha)));
+            const int noise = (x * 7 + y * 13) % 8;
+            sprite.setPixel(x, y, qRgba(x * 240 / side + noise, y * 240 / side, 90, int(alpha)));
         }
     }
     sprite.save(path);
+}
+
+std::shared_ptr<Body> spriteBody(Project &project, const QString &file)
+{
+    auto body = std::make_shared<Body>(project);
+    body->sprite().filename().setValue(GFileName(file));
+    body->loadSprite();
+    return body;
+}
+
+void paint(Body &body, int seed)
+{
+    const QSize size = body.sprite().image().size();
+    body.paintedNormalMap().setValue(encode(paintedSurface(size, seed)));
 }
 
 std::shared_ptr<Body>
@@ -49,10 +63,8 @@ paintedBody(Project &project, const QString &file, const QSize &size, int seed)
     QImage sprite(size, QImage::Format_ARGB32);
     sprite.fill(Qt::gray);
     sprite.save(file);
-    auto body = std::make_shared<Body>(project);
-    body->sprite().filename().setValue(GFileName(file));
-    body->loadSprite();
-    body->paintedNormalMap().setValue(encode(paintedSurface(size, seed)));
+    auto body = spriteBody(project, file);
+    paint(*body, seed);
     return body;
 }
 

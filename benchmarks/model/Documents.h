@@ -19,10 +19,16 @@ struct PaintedProject
     std::shared_ptr<Project> project;
 };
 
-/// A body of @p project, which does not list it yet, with a sprite that is written to @p file and a
-/// surface with as much detail as an artist's; others for each @p seed.
+/// A body of @p project, which does not list it yet, with the sprite of @p file.
+std::shared_ptr<Body> spriteBody(Project &project, const QString &file);
+
+/// Gives @p body a surface with as much detail as an artist's; others for each @p seed.
+void paint(Body &body, int seed = 0);
+
+/// The same with a plain sprite that is written to @p file.
 std::shared_ptr<Body>
 paintedBody(Project &project, const QString &file, const QSize &size, int seed = 0);
 
 /// Writes a square sprite as artists have them: a shape with smooth edges, and colours that run.
-void saveSprite(const QString &path, int side);
+/// The share @p grain of all pixels is transparent by chance.
+void saveSprite(const QString &path, int side, double grain = 0.0);

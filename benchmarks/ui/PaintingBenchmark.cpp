@@ -69,7 +69,7 @@ public:
         for (int step = 0; step < steps; ++step) {
             advance();
             m_window.moveTo(m_place);
-            m_window.waitForNormalMap();
+            m_window.waitForNormalMaps();
             m_window.upload();
         }
         if (m_window.results() < before + steps)
@@ -122,7 +122,7 @@ auto presses(const Brush &brush)
             place.rx() += 64; // where something is left to do
             const double ms = millisecondsOf([&] {
                 window->press(place);
-                window->waitForNormalMap();
+                window->waitForNormalMaps();
             });
             window->release(place);
             window->rest();
@@ -178,11 +178,11 @@ auto ends(const Brush &brush)
         return [window, place]() mutable {
             place.rx() += 64;
             window->press(place);
-            window->waitForNormalMap();
+            window->waitForNormalMaps();
             window->upload();
             window->release(place);
             const double ms = millisecondsOf([&] {
-                window->waitForNormalMap();
+                window->waitForNormalMaps();
                 window->upload();
             });
             window->rest();

@@ -1,5 +1,7 @@
 #include "imaging/AngleImage.h"
 
+#include "imaging/LargePages.h"
+
 #include <algorithm>
 #include <bit>
 #include <cstring>
@@ -32,13 +34,20 @@ constexpr qint64 encodedLength(qint64 width, qint64 height)
     return headerLength + width * height * qint64(sizeof(AngleImage::Pixel));
 }
 
+QByteArray plainBytes(int length)
+{
+    QByteArray bytes(length, Qt::Uninitialized);
+    useLargePages(bytes.constData(), std::size_t(length));
+    return bytes;
+}
+
 } // namespace
 
 AngleImage::AngleImage(int width, int height, quint32 fill)
 {
     if (!isPossibleSize(width, height))
         return;
-    m_bytes = QByteArray(int(encodedLength(width, height)), Qt::Uninitialized);
+    m_bytes = plainBytes(int(encodedLength(width, height)));
     const Header header{width, height};
     std::memcpy(m_bytes.data(), &header, headerLength);
     std::fill_n(row(0), qptrdiff(width) * height, std::bit_cast<Pixel>(fill));
@@ -63,6 +72,16 @@ const AngleImage::Pixel *AngleImage::row(int y) const
 AngleImage::Pixel *AngleImage::row(int y)
 {
     return reinterpret_cast<Pixel *>(m_bytes.data() + headerLength) + qptrdiff(y) * width();
+}
+
+AngleImage AngleImage::unsharedCopy() const
+{
+    AngleImage copy;
+    if (isNull())
+        return copy;
+    copy.m_bytes = plainBytes(m_bytes.size());
+    std::memcpy(copy.m_bytes.data(), m_bytes.constData(), std::size_t(m_bytes.size()));
+    return copy;
 }
 
 bool AngleImage::operator==(const AngleImage &other) const

@@ -51,6 +51,9 @@ public:
     const Pixel *row(int y) const;
     Pixel *row(int y);
 
+    /// The same in a block of its own, as made by the first write to a copy, but faster.
+    AngleImage unsharedCopy() const;
+
     /// True when both have one size and equal cells.
     bool operator==(const AngleImage &other) const;
     /// True when both share one block of cells, so that a write to either would copy it whole.

@@ -1,6 +1,7 @@
 #include "imaging/FloatImage.h"
 
 #include "imaging/AngleImage.h"
+#include "imaging/LargePages.h"
 
 #include <algorithm>
 
@@ -11,5 +12,8 @@ FloatImage::FloatImage(int width, int height, float fill)
         return;
     m_width = width;
     m_height = height;
-    m_cells = QVector<float>(width * height, fill);
+    const int count = width * height;
+    m_cells.reserve(count);
+    useLargePages(m_cells.constData(), std::size_t(count) * sizeof(float));
+    m_cells.insert(0, count, fill);
 }

@@ -9,15 +9,6 @@
 
 namespace {
 
-AngleImage unsharedCopy(const AngleImage &image)
-{
-    if (image.isNull())
-        return {};
-    AngleImage copy = image;
-    copy.row(0);
-    return copy;
-}
-
 void copyPixels(QImage &target, const QImage &source, const QRect &rect)
 {
     for (int y = rect.top(); y <= rect.bottom(); ++y) {
@@ -88,16 +79,12 @@ void NormalMapUpdateAlgorithm::startAnew(const AngleImage &image)
         m_current.normals = flatNormalMap(image.size());
 }
 
-void NormalMapUpdateAlgorithm::makeOlder()
-{
-    m_older = {unsharedCopy(m_current.surface), m_current.normals.copy()};
-}
-
 // What is about to be written need not be brought up to date.
 void NormalMapUpdateAlgorithm::takeTurns(const QRegion &changing)
 {
+    // Who writes to the surface copies it; a piece that takes its place need not.
     if (m_older.normals.isNull())
-        makeOlder();
+        m_older = {m_current.surface, m_current.normals.copy()};
     for (const QRect &rect : m_behind - changing) {
         copyRegion(m_older.surface, {}, m_current.surface, rect);
         copyPixels(m_older.normals, m_current.normals, rect);
@@ -111,9 +98,9 @@ void NormalMapUpdateAlgorithm::leaveDocument()
 {
     for (Generation *generation : {&m_current, &m_older})
         if (generation->surface.sharesCellsWith(m_stored))
-            generation->surface = unsharedCopy(m_stored);
+            generation->surface = m_stored.unsharedCopy();
     if (m_older.normals.isNull())
-        makeOlder();
+        m_older = {m_current.surface.unsharedCopy(), m_current.normals.copy()};
 }
 
 void NormalMapUpdateAlgorithm::paste(const NormalMapUpdateParams &params)
@@ -123,6 +110,11 @@ void NormalMapUpdateAlgorithm::paste(const NormalMapUpdateParams &params)
         const auto [source, target] = placeOf(piece, params.rects[i], m_current.surface.size());
         if (target.isEmpty())
             continue;
+        // An effect's piece is everything, and large.
+        if (params.mask.isNull() && target == m_current.surface.rect() && source == piece.rect()) {
+            m_current.surface = piece;
+            continue;
+        }
         if (!params.mask.isNull())
             copyRegion(m_current.surface, {}, m_stored, target);
         pasteMasked(m_current.surface, params.mask, target.topLeft(), piece, source);

@@ -15,8 +15,9 @@
 ///
 /// A step costs its pieces, not the image. Shared images are copied whole when one of the sharers
 /// writes, so two generations take turns: the one last handed out stays untouched, while the older
-/// one, which nobody looks at any more, catches up and takes the new pieces. A surface that nobody
-/// paints on has one generation only, whose cells are those of the document.
+/// one, which nobody looks at any more, catches up and takes the new pieces. A piece that covers
+/// the whole surface becomes the surface itself. A surface that nobody paints on has one generation
+/// only, whose cells are those of the document.
 ///
 /// A whole surface, as after a commit or an undo, costs what differs from the one shown. No
 /// generation keeps its cells in the document's block, or the next steps of a stroke would copy it.
@@ -43,7 +44,6 @@ private:
     QRect differenceTo(const AngleImage &image) const;
     void store(const AngleImage &image, bool expectsPieces);
     void startAnew(const AngleImage &image);
-    void makeOlder();
     void takeTurns(const QRegion &changing);
     void paste(const NormalMapUpdateParams &params);
     void leaveDocument();

@@ -26,6 +26,18 @@ NormalMapProcessor::NormalMapProcessor(Body &body)
 
 NormalMapProcessor::~NormalMapProcessor() = default;
 
+// To make a large one takes longer than there is time for an event.
+AngleImage NormalMapProcessor::surface()
+{
+    if (!m_body.paintedSize().isEmpty()) {
+        m_flatSurface = {};
+        return m_body.surface();
+    }
+    if (m_flatSurface.size() != m_body.sprite().image().size())
+        m_flatSurface = m_body.surface();
+    return m_flatSurface;
+}
+
 // A commit's update starts once the commit is over: then nobody keeps the surface that the document
 // held before, whose block is taken over instead of a copy of everything.
 void NormalMapProcessor::scheduleUpdate()
@@ -46,7 +58,7 @@ void NormalMapProcessor::updateAll()
 {
     m_isScheduled = false;
     NormalMapUpdateParams params;
-    params.image = m_body.surface();
+    params.image = surface();
     // For the pieces that may be merged into this request while it waits.
     params.mask = m_mask;
     params.expectsPieces = m_expectsPieces;

@@ -30,6 +30,8 @@ public:
     ~NormalMapProcessor() override;
 
     Body &body() const { return m_body; }
+    /// What the body's own surface() gives, without making a flat one at each call.
+    AngleImage surface();
     /// The normal map last published; flat in the sprite's size before the first.
     const QImage &normalMap() const { return m_normalMap; }
     /// The surface that the normal map was computed from; null before the first.
@@ -71,6 +73,7 @@ private:
     AngleImage m_angleImage;
     QRect m_changedArea;
     QSize m_requestedSize;
+    AngleImage m_flatSurface; // of a body that is not painted
     bool m_expectsPieces = false;
     bool m_isScheduled = false;
     Observation m_surfaceObservation;

@@ -40,7 +40,7 @@ void SpriteItem::storeShown(const QString &undoText) const
     const AngleImage shown = m_processor->angleImage();
     PropertyAngleImage &stored = m_body.paintedNormalMap();
     // Without a surface the body counts as flat, and stays so when nothing was painted.
-    if (!stored.value().isEmpty() || !(shown == m_body.surface()))
+    if (!stored.value().isEmpty() || !(shown == m_processor->surface()))
         stored.setAngleImage(shown, undoText);
 }
 

@@ -92,7 +92,7 @@ void ToolRouting::activate()
     if (!m_tool || !m_target)
         return;
     m_isActive = true;
-    const AngleImage surface = body().surface();
+    const AngleImage surface = m_target->processor().surface();
     m_size = surface.size();
     m_tool->activate({body().sprite().image(), selection()}, surface);
     m_tool->updateTexture(body().sprite().image());
@@ -274,7 +274,7 @@ void ToolRouting::commit(const QString &undoText)
         const QScopedValueRollback pushing(m_isPushing, true);
         m_target->storeShown(undoText);
     }
-    m_tool->updateNormalMap(body().surface());
+    m_tool->updateNormalMap(m_target->processor().surface());
 }
 
 void ToolRouting::select(const FloatImage &selection,
@@ -304,7 +304,7 @@ void ToolRouting::observableChanged(Observable &observable)
     else if (m_isActive && &observable == &body().sprite())
         m_tool->updateTexture(body().sprite().image());
     else if (m_isActive)
-        m_tool->updateNormalMap(body().surface());
+        m_tool->updateNormalMap(m_target->processor().surface());
 }
 
 void ToolRouting::reactivateForSize(const QSize &size)

@@ -10,7 +10,7 @@ QImage plainPixels(const QImage &sprite)
 
 AngleImage baseSurface(const AngleImage &base, const QImage &sprite)
 {
-    return base.isNull() ? AngleImage(sprite.width(), sprite.height()) : base;
+    return base.isNull() ? AngleImage(sprite.width(), sprite.height()) : base.unsharedCopy();
 }
 
 void addRelief(AngleImage &target, const FloatImage &heights, const QRect &part)
