@@ -39,7 +39,7 @@ public:
     EffectUser(MainWindow &window, const QString &samples, const QString &folder)
         : EditorUser(window)
         , m_window(window)
-        , m_samples(samples)
+        , m_samples(QDir(samples).absolutePath())
         , m_folder(folder)
     {
     }
@@ -80,6 +80,7 @@ public:
         script.then(DialogScript::chooseFile(map));
         trigger(QStringLiteral("Import normal map..."));
         take(QStringLiteral("7-imported"));
+        waitUntilSettled(m_window);
         script.then(DialogScript::click(QStringLiteral("OK")));
         script.then(DialogScript::click(QStringLiteral("OK")));
         key(Qt::Key_P, Qt::ControlModifier);
