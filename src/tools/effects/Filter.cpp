@@ -94,12 +94,16 @@ void Filter::showDialog()
     // Shortcuts of the window work in it, too.
     if (m_dialog->parentWidget() != m_context.window)
         m_dialog->setParent(m_context.window, m_dialog->windowFlags());
-    m_dialog->show();
+    if (!m_dialog->isVisible()) {
+        m_dialog->show();
+        // What is typed replaces the first number, also before the dialog has become active.
+        if (auto *number = m_dialog->findChild<QAbstractSpinBox *>()) {
+            number->setFocus();
+            number->selectAll();
+        }
+    }
     m_dialog->raise();
     m_dialog->activateWindow();
-    // What is typed replaces the first number.
-    if (auto *first = qobject_cast<QAbstractSpinBox *>(m_dialog->focusWidget()))
-        first->selectAll();
 }
 
 void Filter::close()
