@@ -86,3 +86,10 @@ QStringList Project::settingKeys()
             QStringLiteral("light_color"),
             QStringLiteral("ambient_light_color")};
 }
+
+QString Project::mapSuffix() const
+{
+    const QString suffix = m_publishNormalmapPostfix->value();
+    const bool isSetUp = !suffix.isEmpty() || !m_publishDirectory->value().isEmpty();
+    return isSetUp ? suffix : QStringLiteral("_n");
+}

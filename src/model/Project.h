@@ -24,6 +24,8 @@ public:
     PropertyFilename &publishDirectory() const { return *m_publishDirectory; }
     /// What is added to a sprite's name for its normal map.
     PropertyString &publishNormalmapPostfix() const { return *m_publishNormalmapPostfix; }
+    /// What the names of the project's normal maps end in: "_n" until the export is set up.
+    QString mapSuffix() const;
     PropertyInt &lightHeight() const { return *m_lightHeight; }
     PropertyInt &lightBrightness() const { return *m_lightBrightness; }
     PropertyColor &lightColor() const { return *m_lightColor; }

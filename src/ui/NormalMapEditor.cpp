@@ -109,10 +109,7 @@ void NormalMapEditor::openEffect(Filter *effect)
 {
     if (m_project)
         m_effects->open(*effect,
-                        {m_bodies.selection(),
-                         &m_pixels,
-                         m_project->publishNormalmapPostfix().value(),
-                         window()});
+                        {m_bodies.selection(), &m_pixels, m_project->mapSuffix(), window()});
 }
 
 void NormalMapEditor::followEffect(const Filter *effect)

@@ -60,10 +60,8 @@ bool PublishDialog::run(Project &project)
 
 void PublishDialog::load(const Project &project)
 {
-    const QString directory = project.publishDirectory().value().path();
-    const QString suffix = project.publishNormalmapPostfix().value();
-    m_directory->setPath(directory);
-    m_suffix->setText(directory.isEmpty() && suffix.isEmpty() ? QStringLiteral("_n") : suffix);
+    m_directory->setPath(project.publishDirectory().value().path());
+    m_suffix->setText(project.mapSuffix());
     m_suffix->selectAll();
 }
 

@@ -79,7 +79,7 @@ ImportNormalMap::Answer ImportNormalMap::ask(const ImportedNormalMap &map)
     QPushButton *flip = nullptr;
     if (map.judgement.hasGreenDown)
         flip = box.addButton(tr("Flip green and import"), QMessageBox::AcceptRole);
-    QPushButton *import = box.addButton(tr("Import"), QMessageBox::AcceptRole);
+    QPushButton *import = box.addButton(tr("Import as it is"), QMessageBox::AcceptRole);
     box.addButton(QMessageBox::Cancel);
     box.setDefaultButton(flip ? flip : import);
     box.exec();
