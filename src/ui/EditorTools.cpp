@@ -47,8 +47,15 @@ std::vector<std::unique_ptr<Filter>> makeEffects(GSettings &settings)
     return effects;
 }
 
-QList<ShortcutGroup> toolGestures()
+QList<ShortcutGroup> editorGestures()
 {
+    const ShortcutGroup view{tr("View and sprites"),
+                             {{tr("Move the light"), tr("Drag it")},
+                              {tr("Place the light at the pointer"), tr("P")},
+                              {tr("Zoom around the pointer"), tr("Alt+Wheel")},
+                              {tr("Pan"), tr("Space+Drag, middle button")},
+                              {tr("Add a sprite to the selection"), tr("Ctrl or Shift+Click")},
+                              {tr("Select the sprites in a frame"), tr("Drag beside sprites")}}};
     const ShortcutGroup brushes{tr("Brushes"),
                                 {{tr("Brush size"), tr("[ ], Ctrl+Wheel")},
                                  {tr("Hardness"), tr("Shift+[ ], Ctrl+Shift+Wheel")},
@@ -66,5 +73,7 @@ QList<ShortcutGroup> toolGestures()
                                    {tr("Lasso: close"), tr("Enter, double click")},
                                    {tr("Lasso: remove the last corner"), tr("Backspace")},
                                    {tr("Lasso: cancel"), tr("Esc")}}};
-    return {brushes, selection};
+    const ShortcutGroup effects{tr("Bevel and emboss"),
+                                {{tr("Apply"), tr("Enter")}, {tr("Discard"), tr("Esc")}}};
+    return {view, brushes, selection, effects};
 }

@@ -15,5 +15,6 @@ std::vector<std::unique_ptr<PaintTool>> makeTools(const GSettings &settings);
 /// All effects, likewise.
 std::vector<std::unique_ptr<Filter>> makeEffects(GSettings &settings);
 
-/// What mouse, pen and keys do while a tool is used, for the list of shortcuts.
-QList<ShortcutGroup> toolGestures();
+/// What mouse, pen and keys do in the view, with a tool and in an effect, for the list of
+/// shortcuts.
+QList<ShortcutGroup> editorGestures();

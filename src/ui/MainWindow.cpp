@@ -164,14 +164,7 @@ void MainWindow::createMenus()
     help->addSeparator();
     help->addAction(m_feedback);
     connect(m_feedback, &QAction::triggered, this, &MainWindow::showFeedback);
-    const ShortcutGroup view{tr("View and sprites"),
-                             {{tr("Move the light"), tr("Drag it")},
-                              {tr("Place the light at the pointer"), tr("P")},
-                              {tr("Zoom around the pointer"), tr("Alt+Wheel")},
-                              {tr("Pan"), tr("Space+Drag, middle button")},
-                              {tr("Add a sprite to the selection"), tr("Ctrl or Shift+Click")},
-                              {tr("Select the sprites in a frame"), tr("Drag beside sprites")}}};
-    setGestures(QList<ShortcutGroup>{view} + toolGestures());
+    setGestures(editorGestures());
 }
 
 void MainWindow::createEditMenu()
