@@ -77,15 +77,6 @@ QImage plainTiling(const QImage &pattern, double scale, double rotation, const Q
     return turned.copy(body).convertToFormat(QImage::Format_RGB32);
 }
 
-// The largest difference of a component.
-int difference(const QImage &a, const QImage &b)
-{
-    int most = a.size() == b.size() ? 0 : 256;
-    for (int i = 0; most < 256 && i < int(a.sizeInBytes()); ++i)
-        most = std::max(most, std::abs(a.constBits()[i] - b.constBits()[i]));
-    return most;
-}
-
 // From a pixel to its neighbours: the most that a component changes to the right, and downwards.
 int steepness(const QImage &image)
 {

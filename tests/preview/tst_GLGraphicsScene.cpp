@@ -6,6 +6,7 @@
 #include "preview/GLGraphicsSprite.h"
 #include "preview/GraphicsCheck.h"
 #include "support/PaintCounter.h"
+#include "support/Pictures.h"
 
 #include <QApplication>
 #include <QGraphicsView>
@@ -88,23 +89,6 @@ struct ShownScene
     QGraphicsView view{&scene};
     bool isExposed = false;
 };
-
-int difference(const QColor &one, const QColor &other)
-{
-    return std::max({std::abs(one.red() - other.red()),
-                     std::abs(one.green() - other.green()),
-                     std::abs(one.blue() - other.blue())});
-}
-
-int difference(const QImage &one, const QImage &other)
-{
-    int most = one.size() == other.size() ? 0 : 256;
-    for (int i = 0; i < one.width() * one.height() && most < 256; ++i) {
-        const QPoint place(i % one.width(), i / one.width());
-        most = std::max(most, difference(one.pixelColor(place), other.pixelColor(place)));
-    }
-    return most;
-}
 
 } // namespace
 

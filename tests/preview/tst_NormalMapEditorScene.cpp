@@ -1,26 +1,21 @@
 #include "preview/NormalMapEditorScene.h"
 
-#include "base/Resources.h"
 #include "model/NormalMapProcessor.h"
 #include "model/properties/PropertyListT.h"
 #include "model/properties/PropertyT.h"
-#include "preview/GraphicsCheck.h"
 #include "preview/SpriteItem.h"
 #include "support/Gestures.h"
 #include "support/PaintCounter.h"
 #include "support/ShownEditor.h"
+#include "support/WindowTest.h"
 
-#include <QApplication>
 #include <QSignalSpy>
-#include <QTest>
 
 class tst_NormalMapEditorScene : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() { initialiseResources(); }
-
     void clicksAndBandSelect()
     {
         ShownEditor editor;
@@ -130,12 +125,5 @@ private Q_SLOTS:
     }
 };
 
-int main(int argc, char *argv[])
-{
-    prepareGraphics();
-    const QApplication application(argc, argv);
-    tst_NormalMapEditorScene test;
-    return QTest::qExec(&test, argc, argv);
-}
-
+TEST_MAIN(runGraphicsTest, tst_NormalMapEditorScene)
 #include "tst_NormalMapEditorScene.moc"

@@ -1,19 +1,16 @@
 #include "preview/NormalMapEditorScene.h"
 
-#include "base/Resources.h"
 #include "imaging/SelectionMasks.h"
 #include "model/NormalMapProcessor.h"
 #include "model/PropertyAngleImage.h"
 #include "model/properties/PropertyListT.h"
 #include "model/properties/PropertyT.h"
-#include "preview/GraphicsCheck.h"
 #include "preview/SpriteItem.h"
 #include "support/Gestures.h"
 #include "support/ToolEditor.h"
+#include "support/WindowTest.h"
 
-#include <QApplication>
 #include <QTabletEvent>
-#include <QTest>
 #include <QWindow>
 
 namespace {
@@ -53,8 +50,6 @@ class tst_SceneTools : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() { initialiseResources(); }
-
     void toolGetsEvents()
     {
         ShownEditor editor;
@@ -133,7 +128,7 @@ private Q_SLOTS:
         editor.scene.setProject(nullptr);
     }
 
-    void toolPaintsAndSelects()
+    void toolPaints()
     {
         ToolEditor editor;
         GUndoStack &stack = editor.project.undoStack();
@@ -153,20 +148,6 @@ private Q_SLOTS:
         QVERIFY(editor.tool.surface == AngleImage(8, 8));
         Q_EMIT editor.tool.commitNormalMap(QStringLiteral("nothing painted"));
         QVERIFY(stack.canRedo());
-
-        // Each drag selects by one step.
-        const int before = stack.index();
-        FloatImage mask(8, 8);
-        for (int gesture = 1; gesture <= 2; ++gesture) {
-            editor.press(editor.a, {1, 2});
-            for (int x = 0; x < 3; ++x) {
-                mask.row(gesture)[x] = 1.0F;
-                Q_EMIT editor.tool.selectionChanged(mask, QStringLiteral("select"), true);
-            }
-            editor.release(editor.a, {1, 2});
-            QCOMPARE(stack.count(), before + gesture);
-            QCOMPARE(stack.undoText(), QStringLiteral("select"));
-        }
     }
 
     void penPaintsWithItsPressure()
@@ -224,12 +205,5 @@ private Q_SLOTS:
     }
 };
 
-int main(int argc, char *argv[])
-{
-    prepareGraphics();
-    const QApplication application(argc, argv);
-    tst_SceneTools test;
-    return QTest::qExec(&test, argc, argv);
-}
-
+TEST_MAIN(runGraphicsTest, tst_SceneTools)
 #include "tst_SceneTools.moc"

@@ -1,18 +1,15 @@
-#include "base/Resources.h"
 #include "imaging/LitImage.h"
 #include "preview/GLGraphicsSprite.h"
-#include "preview/GraphicsCheck.h"
 #include "preview/LitSprite.h"
 #include "preview/SceneRenderer.h"
 #include "support/Pictures.h"
 #include "support/ShadedPicture.h"
+#include "support/WindowTest.h"
 
-#include <QApplication>
 #include <QOffscreenSurface>
 #include <QOpenGLContext>
 #include <QOpenGLFramebufferObject>
 #include <QOpenGLFunctions>
-#include <QTest>
 
 #include <cmath>
 
@@ -63,48 +60,40 @@ public:
     Canvas()
     {
         m_surface.create();
-        m_isValid = m_context.create() && m_context.makeCurrent(&m_surface);
+        if (!m_context.create() || !m_context.makeCurrent(&m_surface))
+            qFatal("There is no OpenGL");
     }
-    bool isValid() const { return m_isValid; }
 
-    QImage draw(const QSize &size, const std::function<void(SceneRenderer &)> &action)
+    QImage draw(ShadedPicture &picture)
     {
+        const QSize size = (QSizeF(picture.colors.size()) * picture.zoom).toSize();
+        picture.frame.projection.setToIdentity();
+        picture.frame.projection.ortho({QPointF(), QSizeF(size) / picture.zoom});
+        picture.frame.resolution = size;
+        picture.frame.displayScaleFactor = float(picture.zoom) / picture.frame.pixelRatio;
         QOpenGLFramebufferObject buffer(size);
         buffer.bind();
         QOpenGLFunctions &functions = *m_context.functions();
         functions.glViewport(0, 0, size.width(), size.height());
         functions.glClearColor(0, 0, 0, 0);
         functions.glClear(GL_COLOR_BUFFER_BIT);
+        GLGraphicsSprite sprite;
+        sprite.setColorImage(picture.colors);
+        sprite.setNormalImage(picture.normals);
+        sprite.setSelectionImage(picture.selection);
         SceneRenderer renderer(m_context);
-        action(renderer);
+        renderer.setFrame(picture.frame);
+        renderer.setLight(picture.light, picture.place, picture.place);
+        renderer.drawSprite(sprite, picture.isDirectional);
         QImage image(size, QImage::Format_RGBA8888);
         functions.glReadPixels(
             0, 0, size.width(), size.height(), GL_RGBA, GL_UNSIGNED_BYTE, image.bits());
         return image.mirrored();
     }
 
-    QImage draw(ShadedPicture &picture, double zoom)
-    {
-        const QSize size = (QSizeF(picture.colors.size()) * zoom).toSize();
-        picture.frame.projection.setToIdentity();
-        picture.frame.projection.ortho({QPointF(), QSizeF(size) / zoom});
-        picture.frame.resolution = size;
-        picture.frame.displayScaleFactor = float(zoom) / picture.frame.pixelRatio;
-        return draw(size, [&picture](SceneRenderer &renderer) {
-            GLGraphicsSprite sprite;
-            sprite.setColorImage(picture.colors);
-            sprite.setNormalImage(picture.normals);
-            sprite.setSelectionImage(picture.selection);
-            renderer.setFrame(picture.frame);
-            renderer.setLight(picture.light, picture.place, picture.place);
-            renderer.drawSprite(sprite, picture.isDirectional);
-        });
-    }
-
 private:
     QOffscreenSurface m_surface;
     QOpenGLContext m_context;
-    bool m_isValid = false;
 };
 
 ShadedPicture randomPicture(const QSize &size, std::mt19937 &random)
@@ -130,12 +119,6 @@ class TestShaders : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase()
-    {
-        initialiseResources();
-        QVERIFY(m_canvas.isValid());
-    }
-
     void formulas_data()
     {
         QTest::addColumn<Change>("change");
@@ -178,7 +161,7 @@ private Q_SLOTS:
         change(picture);
         if (picture.isDirectional)
             picture.place.normalize();
-        const QImage drawn = m_canvas.draw(picture, picture.zoom);
+        const QImage drawn = m_canvas.draw(picture);
         // Where the ants are depends on the time.
         float least = difference(drawn, picture);
         for (picture.antStep = 1; picture.antStep < 8; ++picture.antStep)
@@ -207,13 +190,7 @@ private Q_SLOTS:
                               Light::Kind::Position,
                               picture.place};
             const QImage expected = litImage(picture.colors, picture.normals, light);
-            QCOMPARE(actual.size(), expected.size());
-            int most = 0;
-            for (int y = 0; y < size.height(); ++y) {
-                for (int i = 0; i < 4 * size.width(); ++i)
-                    most = std::max(
-                        most, std::abs(actual.constScanLine(y)[i] - expected.constScanLine(y)[i]));
-            }
+            const int most = difference(actual, expected);
             QVERIFY2(most <= 2, qPrintable(QString::number(most)));
         }
     }
@@ -222,12 +199,5 @@ private:
     Canvas m_canvas;
 };
 
-int main(int argc, char **argv)
-{
-    prepareGraphics();
-    const QApplication application(argc, argv);
-    TestShaders test;
-    return QTest::qExec(&test, argc, argv);
-}
-
+TEST_MAIN(runGraphicsTest, TestShaders)
 #include "tst_Shaders.moc"

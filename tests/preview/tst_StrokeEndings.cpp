@@ -1,16 +1,14 @@
-#include "base/Resources.h"
 #include "model/NormalMapProcessor.h"
 #include "model/PropertyAngleImage.h"
 #include "model/Sprite.h"
 #include "model/properties/PropertyListT.h"
 #include "model/properties/PropertyT.h"
 #include "preview/GLGraphicsLight.h"
-#include "preview/GraphicsCheck.h"
 #include "preview/SpriteItem.h"
 #include "support/Gestures.h"
 #include "support/ToolEditor.h"
+#include "support/WindowTest.h"
 
-#include <QApplication>
 #include <QDialog>
 
 // Strokes in the editor's scene that end otherwise than by a release.
@@ -19,8 +17,6 @@ class tst_StrokeEndings : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() { initialiseResources(); }
-
     // However a gesture ends, its step is on the stack, below the one of what ended it.
     void lostGesturesAreCommitted()
     {
@@ -133,12 +129,5 @@ private Q_SLOTS:
     }
 };
 
-int main(int argc, char *argv[])
-{
-    prepareGraphics();
-    const QApplication application(argc, argv);
-    tst_StrokeEndings test;
-    return QTest::qExec(&test, argc, argv);
-}
-
+TEST_MAIN(runGraphicsTest, tst_StrokeEndings)
 #include "tst_StrokeEndings.moc"

@@ -7,10 +7,6 @@ void FakeTool::activate(const ToolContext &context, const AngleImage &image)
     surface = image;
     log(QStringLiteral("activate"), context.texture.size());
     Q_EMIT interactionModeChanged(mode);
-    ScalableToolCursor cursor;
-    cursor.setExtent(20.0);
-    cursor.addShape(std::make_shared<ScalableToolCursor::ShapeCircle>(QPointF(), 10.0));
-    Q_EMIT cursorChanged(cursor);
 }
 
 void FakeTool::deactivate()
@@ -25,12 +21,6 @@ void FakeTool::mouseRelease(const ToolPointerEvent &event)
     log("release", event);
     if (paints && !commitsLate)
         Q_EMIT commitNormalMap(QStringLiteral("stroke"));
-}
-
-bool FakeTool::turnWheel(double notches, Qt::KeyboardModifiers modifiers)
-{
-    log(QStringLiteral("wheel %1 %2").arg(notches).arg(int(modifiers), 0, 16));
-    return false;
 }
 
 void FakeTool::keyPress(int key, Qt::KeyboardModifiers)

@@ -26,9 +26,7 @@ public:
     void mouseDoubleClick(const ToolPointerEvent &event) override { log("double", event); }
     void keyPress(int key, Qt::KeyboardModifiers modifiers) override;
     void keyRelease(int key, Qt::KeyboardModifiers modifiers) override;
-    bool turnWheel(double notches, Qt::KeyboardModifiers modifiers) override;
     void reload() override { log(QStringLiteral("reload")); }
-    QGraphicsItem *overlayItem() const override { return overlay; }
     void updateTexture(QImage image) override { log(QStringLiteral("texture"), image.size()); }
     void updateNormalMap(AngleImage normalmap) override;
     void updateSelection(FloatImage selection) override;
@@ -39,7 +37,6 @@ public:
     InteractionMode mode = InteractionMode::Tool;
     bool paints = false;      ///< a step slope of 1 where it is pressed and moved, until released
     bool commitsLate = false; ///< what it has painted, when it is deactivated
-    QGraphicsItem *overlay = nullptr;
     ToolPointerEvent lastEvent;
     QVector<double> pressures;
     AngleImage surface;

@@ -33,19 +33,12 @@ void drag(QWidget &widget,
     QTest::mouseRelease(&widget, button, modifiers, to);
 }
 
-void turnWheel(QWidget &widget, int notches)
-{
-    constexpr int notch = 120;
-    turnWheel(widget, widget.rect().center(), {0, notch * notches});
-}
-
 void turnWheel(QWidget &widget,
                const QPoint &place,
                const QPoint &angle,
-               Qt::KeyboardModifiers modifiers,
-               Qt::MouseButtons buttons)
+               Qt::KeyboardModifiers modifiers)
 {
     QWheelEvent event(
-        place, widget.mapToGlobal(place), {}, angle, buttons, modifiers, Qt::NoScrollPhase, false);
+        place, widget.mapToGlobal(place), {}, angle, {}, modifiers, Qt::NoScrollPhase, false);
     sendFromOutside(widget, event);
 }

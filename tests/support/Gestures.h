@@ -13,11 +13,8 @@ void drag(QWidget &widget,
           const QPoint &to,
           Qt::MouseButton button = Qt::LeftButton,
           Qt::KeyboardModifiers modifiers = {});
-/// Turns the wheel over the middle of @p widget as the system does: who ignores it hands it to its
-/// parent.
-void turnWheel(QWidget &widget, int notches);
+/// Turns the wheel as the system does: who ignores it hands it to its parent.
 void turnWheel(QWidget &widget,
                const QPoint &place,
                const QPoint &angle,
-               Qt::KeyboardModifiers modifiers = {},
-               Qt::MouseButtons buttons = {});
+               Qt::KeyboardModifiers modifiers = {});

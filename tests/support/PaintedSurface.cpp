@@ -1,6 +1,16 @@
 #include "support/PaintedSurface.h"
 
 #include "imaging/MaskedPaste.h"
+#include "imaging/SlopeArithmetic.h"
+#include "support/Pictures.h"
+
+AngleImage someSurface(unsigned seed)
+{
+    std::mt19937 random(seed);
+    AngleImage surface = randomAngles(90, 70, random);
+    addSlopes(surface, {}, {}, AngleImage(90, 70));
+    return surface;
+}
 
 PaintedSurface::PaintedSurface(PaintTool &tool,
                                const AngleImage &start,

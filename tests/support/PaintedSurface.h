@@ -5,6 +5,7 @@
 #include <QObject>
 #include <QStringList>
 #include <QVector>
+#include <QWidget>
 
 /// A surface that a tool paints on, as a document would take it: shows the pieces, stores what is
 /// shown at a commit, and hands it back.
@@ -31,3 +32,13 @@ public:
 private:
     PaintTool &m_tool;
 };
+
+/// 90 by 70 random slopes, only such as a sum can give.
+AngleImage someSurface(unsigned seed = 1);
+
+/// A control of the tool's panel, by its object's name.
+template <class Control>
+Control &control(const PaintTool &tool, const char *name)
+{
+    return *tool.settingsPanel()->findChild<Control *>(QLatin1String(name));
+}

@@ -2,6 +2,8 @@
 
 #include "imaging/HeightsToAngles.h"
 
+#include <QImage>
+
 #include <algorithm>
 #include <bit>
 
@@ -64,6 +66,17 @@ FloatImage randomMask(const QSize &size, std::mt19937 &random)
     for (int i = 0; i < size.width() * size.height(); ++i)
         mask.row(0)[i] = std::clamp(mask.row(0)[i], 0.0F, 1.0F);
     return mask;
+}
+
+int difference(const QImage &one, const QImage &other)
+{
+    const QImage alike = other.convertToFormat(one.format());
+    int most = one.size() == other.size() ? 0 : 256;
+    for (int y = 0; most < 256 && y < one.height(); ++y) {
+        for (int i = 0; i < one.width() * one.depth() / 8; ++i)
+            most = std::max(most, std::abs(one.constScanLine(y)[i] - alike.constScanLine(y)[i]));
+    }
+    return most;
 }
 
 AngleImage cones(const QSize &size, float steepness)

@@ -35,5 +35,7 @@ inline AngleImage randomAngles(int width, int height, std::mt19937 &random)
 FloatImage randomFloats(const QSize &size, float first, float last, std::mt19937 &random);
 /// Weights of which many are exactly 0 or 1.
 FloatImage randomMask(const QSize &size, std::mt19937 &random);
+/// The largest of a component in the format of @p one; 256 for pictures of different sizes.
+int difference(const QImage &one, const QImage &other);
 /// Slopes of cones that stand on flat ground, 40 pixels apart.
 AngleImage cones(const QSize &size, float steepness = 1.0F);

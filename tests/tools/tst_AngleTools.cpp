@@ -4,7 +4,6 @@
 #include "imaging/SlopeArithmetic.h"
 #include "imaging/StrokePainting.h"
 #include "support/PaintedSurface.h"
-#include "support/Pictures.h"
 #include "support/Widgets.h"
 #include "tools/PaintToolAngleBrush.h"
 #include "tools/PaintToolEraser.h"
@@ -17,17 +16,10 @@ namespace {
 
 constexpr AngleImage::Pixel steep{700, -300};
 
-template <class Control>
-Control &control(const QWidget &panel, const char *name)
-{
-    return *panel.findChild<Control *>(QLatin1String(name));
-}
-
 /// Whose cell at (5, 6) is steep.
-AngleImage someSurface()
+AngleImage withSteepCell()
 {
-    std::mt19937 random(7);
-    AngleImage surface = randomAngles(60, 50, random);
+    AngleImage surface = someSurface();
     surface.row(6)[5] = steep;
     return surface;
 }
@@ -53,9 +45,9 @@ AngleImage scribbled(const AngleImage &surface, AngleImage::Pixel slope)
 
 void setBrush(const PaintTool &tool)
 {
-    control<GIntEdit>(*tool.settingsPanel(), "BrushSize").setValue(22);
-    control<GIntEdit>(*tool.settingsPanel(), "Hardness").setValue(30);
-    control<GIntEdit>(*tool.settingsPanel(), "Opacity").setValue(50);
+    control<GIntEdit>(tool, "BrushSize").setValue(22);
+    control<GIntEdit>(tool, "Hardness").setValue(30);
+    control<GIntEdit>(tool, "Opacity").setValue(50);
 }
 
 } // namespace
@@ -69,7 +61,7 @@ private Q_SLOTS:
 
     void strokesKeepTheirAngle()
     {
-        const AngleImage start = someSurface();
+        const AngleImage start = withSteepCell();
         PaintToolAngleBrush tool;
         setBrush(tool);
         PaintedSurface surface(tool, start);
@@ -102,8 +94,8 @@ private Q_SLOTS:
         PaintToolEraser eraser;
         const auto check = [](PaintTool &tool, const QString &verb, AngleImage::Pixel slope) {
             const bool fills = tool.kind() == 2;
-            auto &button = control<QPushButton>(*tool.settingsPanel(), fills ? "Fill" : "EraseAll");
-            const AngleImage start = someSurface();
+            auto &button = control<QPushButton>(tool, fills ? "Fill" : "EraseAll");
+            const AngleImage start = withSteepCell();
             const FloatImage half(start.width(), start.height(), 0.5F);
             setBrush(tool);
             {

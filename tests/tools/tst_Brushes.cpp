@@ -6,7 +6,6 @@
 #include "imaging/SlopeArithmetic.h"
 #include "imaging/StrokePainting.h"
 #include "support/PaintedSurface.h"
-#include "support/Pictures.h"
 #include "support/Widgets.h"
 #include "tools/PaintToolHeightBrush.h"
 
@@ -20,15 +19,9 @@ namespace {
 
 using Points = QVector<QPointF>;
 
-template <class Edit>
-Edit &edit(const PaintTool &tool, const char *name)
-{
-    return *tool.settingsPanel()->findChild<Edit *>(QLatin1String(name));
-}
-
 void set(const PaintTool &tool, const char *name, int value)
 {
-    edit<GIntEdit>(tool, name).setValue(value);
+    control<GIntEdit>(tool, name).setValue(value);
 }
 
 QVector2D pixel(const QPointF &point)
@@ -49,15 +42,6 @@ AngleImage raisedInOneGo(AngleImage result, const FloatBrushFunc &brush, const P
     heightsToAngles(heights, slopes);
     addSlopes(result, {}, {}, slopes);
     return result;
-}
-
-AngleImage someSurface()
-{
-    std::mt19937 random(3);
-    AngleImage surface = randomAngles(90, 70, random);
-    // Only slopes that a sum can give.
-    addSlopes(surface, {}, {}, AngleImage(90, 70));
-    return surface;
 }
 
 } // namespace
@@ -95,9 +79,9 @@ private Q_SLOTS:
         PaintToolHeightBrush tool;
         set(tool, "BrushSize", size);
         set(tool, "Hardness", hardness);
-        edit<GDoubleEdit>(tool, "Height").setValue(35.0);
-        edit<QWidget>(tool, "Contour").findChildren<QToolButton *>().at(contour)->click();
-        edit<QRadioButton>(tool, isUp ? "DirectionUp" : "DirectionDown").setChecked(true);
+        control<GDoubleEdit>(tool, "Height").setValue(35.0);
+        control<QWidget>(tool, "Contour").findChildren<QToolButton *>().at(contour)->click();
+        control<QRadioButton>(tool, isUp ? "DirectionUp" : "DirectionDown").setChecked(true);
 
         const std::array<std::shared_ptr<FloatBrushFunc>, 3> contours{
             std::make_shared<CircularBrushCos>(),
@@ -196,11 +180,11 @@ private Q_SLOTS:
             tool.mouseRelease({{40, 30}, 0.0, isEraser, {}, Qt::LeftButton, {}});
             return surface.stored;
         };
-        auto &use = edit<QComboBox>(tool, "PenPressure");
+        auto &use = control<QComboBox>(tool, "PenPressure");
         use.setCurrentText("Height"_s);
         const AngleImage half = dab(0.5, false);
         const AngleImage whole = dab(1.0, false);
-        edit<GDoubleEdit>(tool, "Height").setValue(5.0);
+        control<GDoubleEdit>(tool, "Height").setValue(5.0);
         QCOMPARE(dab(1.0, false), half);
         use.setCurrentText("Off"_s);
         QCOMPARE(dab(0.25, false), half);

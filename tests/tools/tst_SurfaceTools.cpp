@@ -10,7 +10,6 @@
 #include "imaging/StructureSurface.h"
 #include "support/Documents.h"
 #include "support/PaintedSurface.h"
-#include "support/Pictures.h"
 #include "support/Widgets.h"
 #include "tools/PaintToolBlurBrush.h"
 #include "tools/PaintToolStructure.h"
@@ -21,6 +20,8 @@
 #include <QTest>
 #include <QThreadPool>
 #include <QVector2D>
+
+#include <random>
 
 namespace {
 
@@ -35,14 +36,6 @@ void settle()
         QThreadPool::globalInstance()->waitForDone();
         QCoreApplication::processEvents();
     }
-}
-
-AngleImage someSurface(unsigned seed)
-{
-    std::mt19937 random(seed);
-    AngleImage surface = randomAngles(size, random);
-    addSlopes(surface, {}, {}, AngleImage(size.width(), size.height())); // only slopes of sums
-    return surface;
 }
 
 QImage somePattern(unsigned seed)
@@ -79,12 +72,6 @@ AngleImage withStructure(AngleImage start, const FloatImage &weights, const Angl
 {
     addSlopes(start, weights, {}, structure);
     return start;
-}
-
-template <class Control>
-Control &control(const PaintTool &tool, const char *name)
-{
-    return *tool.settingsPanel()->findChild<Control *>(QLatin1String(name));
 }
 
 } // namespace
@@ -193,10 +180,16 @@ private Q_SLOTS:
 
     void structures()
     {
-        const PatternFolder patterns{{"one.png", somePattern(1)}, {"two.png", somePattern(2)}};
-        PaintToolStructure tool(patterns.settings);
+        const Folder folder;
+        folder.write("patterns/empty"_s, {});
+        const QString one = folder.path("patterns/one.png"_s);
+        const QString two = folder.path("patterns/two.png"_s);
+        QVERIFY(somePattern(1).save(one) && somePattern(2).save(two));
+        GSettings settings;
+        settings.setValue("patterns"_s, folder.path("patterns"_s));
+        PaintToolStructure tool(settings);
         auto &box = control<PatternBox>(tool, "Pattern");
-        box.choose(patterns.path("one.png"));
+        box.choose(one);
         const AngleImage start = someSurface(1);
         PaintedSurface surface(tool, start);
         settle();
@@ -211,7 +204,7 @@ private Q_SLOTS:
         QCOMPARE(surface.commits.last(), "Structure"_s);
 
         // All that was set until then counts, and half of it is added.
-        box.choose(patterns.path("two.png"));
+        box.choose(two);
         control<GDoubleEdit>(tool, "Intensity").setValue(2.0);
         control<GIntEdit>(tool, "Scale").setValue(150);
         control<GIntEdit>(tool, "Rotation").setValue(30);
@@ -223,27 +216,6 @@ private Q_SLOTS:
         QCOMPARE(surface.stored, withStructure(start, half, structureSurface(params)));
         QCOMPARE(surface.commits.last(), "Add structure"_s);
     }
-
-private:
-    /// The user's folder of patterns.
-    struct PatternFolder
-    {
-        PatternFolder(std::initializer_list<std::pair<const char *, QImage>> files)
-        {
-            folder.write("patterns/empty"_s, {});
-            settings.setValue("patterns"_s, folder.path("patterns"_s));
-            for (const auto &[name, image] : files)
-                add(name, image);
-        }
-        QString path(const char *name) const
-        {
-            return folder.path("patterns/"_s + QLatin1String(name));
-        }
-        void add(const char *name, const QImage &image) const { image.save(path(name)); }
-
-        Folder folder;
-        GSettings settings;
-    };
 };
 
 QTEST_MAIN(TestSurfaceTools)

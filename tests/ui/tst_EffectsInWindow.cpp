@@ -1,8 +1,6 @@
-#include "base/GSettings.h"
-#include "base/Resources.h"
-#include "framework/GApplication.h"
 #include "framework/GIntEdit.h"
 #include "imaging/MaskedPaste.h"
+#include "imaging/SelectionMasks.h"
 #include "imaging/effects/FilterCreateRimAlgorithm.h"
 #include "imaging/effects/FilterEmbossAlgorithm.h"
 #include "model/Body.h"
@@ -18,6 +16,7 @@
 #include "support/Gestures.h"
 #include "support/Studio.h"
 #include "support/Widgets.h"
+#include "support/WindowTest.h"
 #include "tools/effects/PositionedDialog.h"
 #include "ui/ShapeTreeView.h"
 
@@ -25,10 +24,8 @@
 #include <QDoubleSpinBox>
 #include <QMenu>
 #include <QRadioButton>
-#include <QSettings>
 #include <QSlider>
 #include <QStatusBar>
-#include <QTest>
 
 namespace {
 /// Three discs, red at the left and blue at the right; all are selected. The first has no surface,
@@ -143,11 +140,6 @@ class TestEffectsInWindow : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase()
-    {
-        initialiseResources();
-        QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
-    }
     void init() { static_cast<GApplication *>(qApp)->settings().clear(); }
 
     void anEffectEnds_data()
@@ -220,24 +212,24 @@ private Q_SLOTS:
         easel.open(); // until everything goes
     }
 
-    void anEffectWithoutButtonIsInTheMenu()
+    // Whose maps end in "_n" as long as nothing else was exported.
+    void mapsOfAFolderAreImported()
     {
-        Easel easel(true);
-        easel.select(0);
-        QImage normals(60, 40, QImage::Format_RGB32);
-        normals.fill(QColor(160, 127, 245));
-        normals.save(easel.fileOf(0) + "_n.png"_s);
+        const Easel easel(true);
+        const Folder maps;
+        for (const QString &name : {"a_n.png"_s, "b_n.png"_s, "c_n.png"_s})
+            maps.writeSprite(name, {60, 40}, {160, 127, 245});
         DialogScript script;
-        script.then(DialogScript::chooseFile(easel.fileOf(0) + "_n.png"_s));
-        const auto actions = easel.window().findChildren<QMenu *>();
-        for (const QMenu *menu : actions) {
+        script.then(DialogScript::chooseFile(maps.path({})));
+        for (const QMenu *menu : easel.window().findChildren<QMenu *>()) {
             for (QAction *action : menu->actions()) {
-                if (action->text() == "Import normal map..."_s)
+                if (action->text() == "Import normal maps from folder..."_s)
                     action->trigger();
             }
         }
         QVERIFY(script.isDone());
-        QVERIFY(easel.enabled().contains("Undo Import normal map"_s));
+        QVERIFY(easel.enabled().contains("Undo Import normal maps"_s));
+        QCOMPARE(easel.surfaces(), QVector<AngleImage>(3, easel.surface(0)));
         QVERIFY(easel.scene().tool() && easel.showsWhatIsStored());
     }
 
@@ -264,10 +256,7 @@ private Q_SLOTS:
             easel.select(1);
             easel.key(Qt::Key_A);
             easel.paint({{25, 20}});
-            FloatImage red(60, 40);
-            const QImage &sprite = easel.body(1).sprite().image();
-            for (int i = 0; i < 60 * 40; ++i)
-                red.row(i / 60)[i % 60] = sprite.pixel(i % 60, i / 60) == 0xffff0000 ? 1 : 0;
+            const FloatImage red = colorFill(easel.body(1).sprite().image(), {25, 20}, 0);
             const AngleImage confined = easel.made(1, 4, red);
             const AngleImage everywhere = easel.made(1, 4);
             easel.open();
@@ -280,14 +269,5 @@ private Q_SLOTS:
     }
 };
 
-int main(int argc, char **argv)
-{
-    const QTemporaryDir home;
-    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, home.path());
-    GApplication::prepare();
-    GApplication application(argc, argv);
-    TestEffectsInWindow test;
-    return QTest::qExec(&test, argc, argv);
-}
-
+TEST_MAIN(runWindowTest, TestEffectsInWindow)
 #include "tst_EffectsInWindow.moc"

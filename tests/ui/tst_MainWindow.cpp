@@ -1,6 +1,3 @@
-#include "base/GSettings.h"
-#include "base/Resources.h"
-#include "framework/GApplication.h"
 #include "model/Body.h"
 #include "model/Project.h"
 #include "model/PropertyAngleImage.h"
@@ -11,6 +8,7 @@
 #include "support/Documents.h"
 #include "support/EditorUser.h"
 #include "support/Widgets.h"
+#include "support/WindowTest.h"
 #include "ui/MainWindow.h"
 #include "ui/NormalMapEditor.h"
 #include "ui/ShapeTreeView.h"
@@ -19,9 +17,7 @@
 #include <QDropEvent>
 #include <QLineEdit>
 #include <QMimeData>
-#include <QSettings>
 #include <QSlider>
-#include <QTest>
 #include <QUrl>
 
 class TestMainWindow : public QObject
@@ -29,12 +25,6 @@ class TestMainWindow : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase()
-    {
-        initialiseResources();
-        QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
-    }
-
     void init()
     {
         m_folder = Folder();
@@ -271,14 +261,5 @@ private:
     std::unique_ptr<MainWindow> m_window;
 };
 
-int main(int argc, char **argv)
-{
-    const QTemporaryDir home;
-    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, home.path());
-    GApplication::prepare();
-    GApplication application(argc, argv);
-    TestMainWindow test;
-    return QTest::qExec(&test, argc, argv);
-}
-
+TEST_MAIN(runWindowTest, TestMainWindow)
 #include "tst_MainWindow.moc"

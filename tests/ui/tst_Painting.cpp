@@ -1,6 +1,3 @@
-#include "base/GSettings.h"
-#include "base/Resources.h"
-#include "framework/GApplication.h"
 #include "imaging/MaskedPaste.h"
 #include "model/Body.h"
 #include "model/PropertyAngleImage.h"
@@ -8,11 +5,10 @@
 #include "support/PaintedSurface.h"
 #include "support/Studio.h"
 #include "support/Widgets.h"
+#include "support/WindowTest.h"
 #include "tools/PaintToolHeightBrush.h"
 
 #include <QMap>
-#include <QSettings>
-#include <QTest>
 #include <QThreadPool>
 
 #include <rapidcheck.h>
@@ -56,7 +52,10 @@ class TestPainting : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() { initialiseResources(); }
+    void initTestCase()
+    {
+        qputenv("RC_PARAMS", qEnvironmentVariable("RC_PARAMS", "max_success=25"_s).toUtf8());
+    }
     void init() { static_cast<GApplication *>(qApp)->settings().clear(); }
 
     void eachBrushPaints()
@@ -178,15 +177,15 @@ private Q_SLOTS:
         QVERIFY(studio.showsWhatIsStored());
     }
 
-    void aDragOfTheWandThatReturnsIsNoStep()
+    void aDragOfTheWandIsOneStep()
     {
         Studio studio;
         studio.key(Qt::Key_A);
         studio.paint({{5, 5}});
         QCOMPARE(studio.stack().index(), 1);
-        studio.paint({{5, 5}, {50, 5}, {5, 5}});
+        studio.paint({{5, 5}, {50, 5}, {5, 5}}); // selects what was selected
         QCOMPARE(studio.stack().index(), 1);
-        studio.paint({{5, 5}, {50, 5}});
+        studio.paint({{5, 5}, {50, 5}, {5, 5}, {50, 5}});
         QCOMPARE(studio.stack().index(), 2);
     }
 
@@ -326,15 +325,5 @@ private:
     }
 };
 
-int main(int argc, char **argv)
-{
-    const QTemporaryDir home;
-    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, home.path());
-    qputenv("RC_PARAMS", qEnvironmentVariable("RC_PARAMS", "max_success=25"_s).toUtf8());
-    GApplication::prepare();
-    GApplication application(argc, argv);
-    TestPainting test;
-    return QTest::qExec(&test, argc, argv);
-}
-
+TEST_MAIN(runWindowTest, TestPainting)
 #include "tst_Painting.moc"

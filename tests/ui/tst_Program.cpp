@@ -9,31 +9,21 @@ class TestProgram : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void endsWithOneLineWithoutADisplay_data()
-    {
-        QTest::addColumn<QString>("display");
-        QTest::newRow("none") << QString();
-        QTest::newRow("one that nobody serves") << QStringLiteral(":4711");
-    }
-
     void endsWithOneLineWithoutADisplay()
     {
-        QFETCH(const QString, display);
-        Program program(QStringLiteral(EDITOR_PROGRAM), m_folder.path(QString()));
-        program.environment.remove(QStringLiteral("WAYLAND_DISPLAY"));
-        program.environment.remove(QStringLiteral("QT_QPA_PLATFORM"));
-        if (display.isEmpty())
-            program.environment.remove(QStringLiteral("DISPLAY"));
-        else
-            program.environment.insert(QStringLiteral("DISPLAY"), display);
-        QCOMPARE(program.run(""), 1);
-        QCOMPARE(program.output, QString());
-        QCOMPARE(program.words.trimmed().count(QLatin1Char('\n')), 0);
-        QVERIFY(program.says("There is no display to open a window on"));
+        const Folder home;
+        Program program(QStringLiteral(EDITOR_PROGRAM), home.path(QString()));
+        for (const char *name : {"WAYLAND_DISPLAY", "QT_QPA_PLATFORM", "DISPLAY"})
+            program.environment.remove(QLatin1String(name));
+        for (const bool isNamed : {false, true}) {
+            if (isNamed) // one that nobody serves
+                program.environment.insert(QStringLiteral("DISPLAY"), QStringLiteral(":4711"));
+            QCOMPARE(program.run(""), 1);
+            QCOMPARE(program.output, QString());
+            QCOMPARE(program.words.trimmed().count(QLatin1Char('\n')), 0);
+            QVERIFY(program.says("There is no display to open a window on"));
+        }
     }
-
-private:
-    Folder m_folder;
 };
 
 QTEST_GUILESS_MAIN(TestProgram)

@@ -106,17 +106,8 @@ private Q_SLOTS:
         QVERIFY(!shows(sidebar, "setting of one"_s));
         QVERIFY(shows(sidebar, "This tool has no settings."_s));
 
-        // Effects give the tool back, also where they are refused.
-        click(sidebar, "bevel"_s);
+        click(sidebar, "bevel"_s); // an effect that nobody opens
         QCOMPARE(tools(&QAction::isChecked), "several"_s);
-        connect(&sidebar, &ToolsSidebar::effectRequested, &sidebar, [&](Filter *effect) {
-            sidebar.setOpenEffect(effect);
-        });
-        click(sidebar, "bevel"_s);
-        QCOMPARE(tools(&QAction::isChecked), "bevel"_s);
-        sidebar.setOpenEffect(nullptr);
-        QCOMPARE(tools(&QAction::isChecked), "several"_s);
-        QCOMPARE(m_activated, QStringList({"several"_s, QString(), "several"_s}));
         m_tools[0]->action().trigger();
         QVERIFY(shows(sidebar, "setting of one"_s));
         QCOMPARE(sidebar.activeTool(), m_tools[0]);
@@ -148,7 +139,6 @@ private Q_SLOTS:
         QVERIFY(next.activeTool()->settingsPanel()->isVisible());
     }
 
-    // Such as a hand or another version left in the file.
 private:
     template <class Sidebar>
     Sidebar &show(std::unique_ptr<Sidebar> sidebar)

@@ -3,9 +3,6 @@
 // imported map is not exported as it was.
 
 #include "WindowPictures.h"
-#include "base/Resources.h"
-#include "framework/GDoubleEdit.h"
-#include "framework/GIntEdit.h"
 #include "model/Project.h"
 #include "model/properties/GUndoStack.h"
 #include "model/properties/PropertyListT.h"
@@ -13,22 +10,21 @@
 #include "preview/NormalMapEditorScene.h"
 #include "support/DialogScript.h"
 #include "support/EditorUser.h"
+#include "support/Pictures.h"
 #include "tools/effects/PositionedDialog.h"
 #include "ui/MainWindow.h"
 #include "ui/NormalMapEditor.h"
 #include "ui/ShapeTreeView.h"
 #include "ui/ToolsSidebar.h"
-#include "ui/VesperineApplication.h"
 
 #include <QAction>
 #include <QDir>
+#include <QDoubleSpinBox>
 #include <QScreen>
-#include <QSettings>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QThreadPool>
 
-#include <algorithm>
 #include <cstdio>
 
 namespace {
@@ -52,14 +48,14 @@ public:
         selectAll();
         take(QStringLiteral("1-before"));
         open("Bevel");
-        set<GIntEdit>("RimWidth", 14);
-        set<GIntEdit>("RimHeight", 120);
+        set("RimWidth", 14);
+        set("RimHeight", 120);
         take(QStringLiteral("2-bevel"));
         apply();
         take(QStringLiteral("3-beveled"));
         open("Emboss");
-        set<GDoubleEdit>("EmbossHeight", 6.0);
-        set<GIntEdit>("Smoothness", 2);
+        set("EmbossHeight", 6);
+        set("Smoothness", 2);
         take(QStringLiteral("4-emboss"));
         apply();
         take(QStringLiteral("5-embossed"));
@@ -85,7 +81,7 @@ public:
         script.then(DialogScript::click(QStringLiteral("OK")));
         key(Qt::Key_P, Qt::ControlModifier);
         const QImage exported(m_sprites.filePath(QStringLiteral("barrel_n.png")));
-        return script.isDone() ? largestDifference(QImage(map), exported) : 255;
+        return script.isDone() ? difference(QImage(map), exported) : 255;
     }
 
 private:
@@ -117,10 +113,10 @@ private:
         }
     }
 
-    // The dialog comes up below the pointer: beside the sprites.
+    // The dialog comes up below the pointer: where it hides neither sprites nor tools.
     void open(const char *effect)
     {
-        QCursor::setPos(m_window.mapToGlobal({m_window.width() - 210, 70}));
+        QCursor::setPos(m_window.mapToGlobal({m_window.width() - 160, 340}));
         chooseTool(effect);
     }
 
@@ -133,10 +129,14 @@ private:
         qFatal("There is no dialog");
     }
 
-    template <class Edit, class Number>
-    void set(const char *name, Number value)
+    void set(const char *name, int number) const
     {
-        dialog().findChild<Edit *>(QLatin1String(name))->setValue(value);
+        auto *edit = dialog().findChild<QWidget *>(QLatin1String(name));
+        auto *box = edit->findChild<QDoubleSpinBox *>();
+        box->setFocus();
+        box->selectAll();
+        QTest::keyClicks(box, QString::number(number));
+        QTest::keyClick(box, Qt::Key_Tab);
     }
 
     void apply() { QTest::keyClick(&dialog(), Qt::Key_Return); }
@@ -155,22 +155,6 @@ private:
         m_isComplete = picture.save(file) && m_isComplete;
     }
 
-    static int largestDifference(const QImage &a, const QImage &b)
-    {
-        if (a.isNull() || a.size() != b.size())
-            return 255;
-        int largest = 0;
-        for (int i = 0; i < a.width() * a.height(); ++i) {
-            const QColor one = a.pixelColor(i % a.width(), i / a.width());
-            const QColor other = b.pixelColor(i % a.width(), i / a.width());
-            largest = std::max({largest,
-                                std::abs(one.red() - other.red()),
-                                std::abs(one.green() - other.green()),
-                                std::abs(one.blue() - other.blue())});
-        }
-        return largest;
-    }
-
     MainWindow &m_window;
     QDir m_samples;
     QString m_folder;
@@ -179,27 +163,19 @@ private:
     bool m_isComplete = true;
 };
 
+bool use(MainWindow &window, const QStringList &words)
+{
+    EffectUser user(window, words[0], words[1]);
+    if (!user.useEffects())
+        return false;
+    const int most = user.importAndExport();
+    std::printf("Largest difference between the imported and the exported map: %d\n", most);
+    return most <= 1;
+}
+
 } // namespace
 
 int main(int argc, char **argv)
 {
-    if (argc != 3) {
-        std::fputs("vesperine-effects-session SAMPLES FOLDER\n", stderr);
-        return 2;
-    }
-    initialiseResources();
-    VesperineApplication::prepare();
-    const QTemporaryDir home;
-    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, home.path());
-    GApplication application(argc, argv);
-    const QStringList words = QCoreApplication::arguments();
-    MainWindow window(application);
-    window.resize(1280, 800);
-    showSettled(window);
-    EffectUser user(window, words[1], words[2]);
-    if (!user.useEffects())
-        return 1;
-    const int difference = user.importAndExport();
-    std::printf("Largest difference between the imported and the exported map: %d\n", difference);
-    return difference <= 1 ? 0 : 1;
+    return runSession(argc, argv, "vesperine-effects-session SAMPLES FOLDER", use);
 }

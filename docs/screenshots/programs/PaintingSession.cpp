@@ -3,17 +3,12 @@
 
 #include "Painter.h"
 #include "WindowPictures.h"
-#include "base/Resources.h"
 #include "support/DialogScript.h"
 #include "ui/MainWindow.h"
 #include "ui/NormalMapEditor.h"
-#include "ui/VesperineApplication.h"
 
 #include <QDir>
-#include <QSettings>
 #include <QTemporaryDir>
-
-#include <cstdio>
 
 namespace {
 
@@ -277,33 +272,25 @@ private:
     bool m_isComplete = true;
 };
 
+bool paint(MainWindow &window, const QStringList &words)
+{
+    const QTemporaryDir home;
+    const QString sprite = home.filePath(QStringLiteral("fox.png"));
+    if (!QFile::copy(words[0], sprite))
+        return false;
+    window.openOrAdd({sprite});
+    waitUntilSettled(window);
+    FoxPainter painter(window, words[1]);
+    if (!painter.paintFox() || !painter.exportNormals())
+        return false;
+    const QString map = QDir(words[1]).filePath(QStringLiteral("painting-fox_n.png"));
+    QFile::remove(map);
+    return QFile::copy(home.filePath(QStringLiteral("fox_n.png")), map);
+}
+
 } // namespace
 
 int main(int argc, char **argv)
 {
-    if (argc != 3) {
-        std::fputs("vesperine-painting-session FOX.png FOLDER\n", stderr);
-        return 2;
-    }
-    initialiseResources();
-    VesperineApplication::prepare();
-    const QTemporaryDir home;
-    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, home.path());
-    GApplication application(argc, argv);
-    const QStringList words = QCoreApplication::arguments();
-    const QString sprite = home.filePath(QStringLiteral("fox.png"));
-    const QDir folder(words[2]);
-    MainWindow window(application);
-    window.resize(1280, 800);
-    showSettled(window);
-    if (!QFile::copy(words[1], sprite))
-        return 1;
-    window.openOrAdd({sprite});
-    waitUntilSettled(window);
-    FoxPainter painter(window, words[2]);
-    if (!painter.paintFox() || !painter.exportNormals())
-        return 1;
-    const QString map = folder.filePath(QStringLiteral("painting-fox_n.png"));
-    QFile::remove(map);
-    return QFile::copy(home.filePath(QStringLiteral("fox_n.png")), map) ? 0 : 1;
+    return runSession(argc, argv, "vesperine-painting-session FOX.png FOLDER", paint);
 }

@@ -1,10 +1,36 @@
 #include "WindowPictures.h"
 
+#include "base/Resources.h"
+#include "ui/MainWindow.h"
+#include "ui/VesperineApplication.h"
+
 #include <QPixmap>
 #include <QScreen>
-#include <QString>
+#include <QSettings>
+#include <QTemporaryDir>
 #include <QTest>
-#include <QWidget>
+
+#include <cstdio>
+
+int runSession(int argc,
+               char **argv,
+               const char *usage,
+               const std::function<bool(MainWindow &window, const QStringList &words)> &session)
+{
+    if (argc != 3) {
+        std::fprintf(stderr, "%s\n", usage);
+        return 2;
+    }
+    initialiseResources();
+    VesperineApplication::prepare();
+    const QTemporaryDir home;
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, home.path());
+    GApplication application(argc, argv);
+    MainWindow window(application);
+    window.resize(1280, 800);
+    showSettled(window);
+    return session(window, QCoreApplication::arguments().mid(1)) ? 0 : 1;
+}
 
 void showSettled(QWidget &window)
 {

@@ -23,12 +23,7 @@ const QSize size(80, 40);
 
 bool isOurs(const AngleImage &surface)
 {
-    const QImage a = exportedNormalMap(surface, {});
-    const QImage b = exportedNormalMap(cones(size), {});
-    return a.size() == b.size() &&
-           std::equal(a.bits(), a.bits() + a.sizeInBytes(), b.bits(), [](int one, int other) {
-               return std::abs(one - other) <= 1;
-           });
+    return difference(exportedNormalMap(surface, {}), exportedNormalMap(cones(size), {})) <= 1;
 }
 
 } // namespace
@@ -55,21 +50,20 @@ private Q_SLOTS:
 
     void aMapBecomesTheSurfaceOfOneBody()
     {
-        const auto surface = [&] { return m_bodies[0]->paintedNormalMap().angleImage(); };
-        const auto seen = [&](const QString &name, const QStringList &buttons) {
-            return import <ImportNormalMap>(m_folder.path(name), buttons).last();
+        const auto import = [this](const QString &name, const QString &button) {
+            return run<ImportNormalMap>(name, QStringList(button));
         };
         const QString broken = m_folder.path("broken_n.png"_s);
-        QCOMPARE(seen("broken_n.png"_s, {"OK"_s}), "Error|Failed to load "_s + broken + "|"_s);
-        QCOMPARE(seen("wide_n.png"_s, {"OK"_s}), "Error|Normal map has wrong size!|"_s);
+        QCOMPARE(import("broken_n.png"_s, "OK"_s), "Error|Failed to load "_s + broken + "|"_s);
+        QCOMPARE(import("wide_n.png"_s, "OK"_s), "Error|Normal map has wrong size!|"_s);
         QCOMPARE(m_project.undoStack().count(), 0);
-        seen("flat.png"_s, {});
-        QCOMPARE(surface(), AngleImage(size.width(), size.height()));
-        seen("a_n.png"_s, {});
-        QVERIFY(isOurs(surface()));
+        run<ImportNormalMap>("flat.png"_s, {});
+        QCOMPARE(surface(0), AngleImage(size.width(), size.height()));
+        run<ImportNormalMap>("a_n.png"_s, {});
+        QVERIFY(isOurs(surface(0)));
         for (const QString &button : {"Cancel"_s, "Import"_s, "Flip"_s}) {
-            QVERIFY(seen("green_n.png"_s, {button}).contains("Green seems to count downwards"_s));
-            QCOMPARE(isOurs(surface()), button != "Import"_s);
+            QVERIFY(import("green_n.png"_s, button).contains("Green seems to count downwards"_s));
+            QCOMPARE(isOurs(surface(0)), button != "Import"_s);
         }
         QCOMPARE(m_project.undoStack().undoText(), "Import normal map"_s);
     }
@@ -77,15 +71,13 @@ private Q_SLOTS:
     void aFolderOfMapsIsOneStep()
     {
         m_project.undoStack().setIndex(0);
-        import <ImportNormalMaps>(m_folder.path({}), {"Cancel"_s});
+        run<ImportNormalMaps>({}, {"Cancel"_s});
         QVERIFY(!m_project.undoStack().canUndo());
-        import <ImportNormalMaps>(m_folder.path({}), {"Flip"_s, "Continue"_s});
+        run<ImportNormalMaps>({}, {"Flip"_s, "Continue"_s});
         QCOMPARE(m_project.undoStack().count(), 1);
         QCOMPARE(m_project.undoStack().undoText(), "Import normal maps"_s);
-        for (int i = 0; i < m_bodies.size(); ++i) {
-            const AngleImage surface = m_bodies[i]->paintedNormalMap().angleImage();
-            QVERIFY(i < 2 ? isOurs(surface) : surface.isNull());
-        }
+        for (int i = 0; i < m_bodies.size(); ++i)
+            QVERIFY(i < 2 ? isOurs(surface(i)) : surface(i).isNull());
         // No sprite is its own map, though the suffix is empty.
         const QStringList told{"missing: there is no 'missing_n.png'"_s,
                                "wide_n.png: it has 81 × 40 pixels, but 'wide' has 80 × 40"_s,
@@ -97,13 +89,16 @@ private Q_SLOTS:
     }
 
 private:
+    AngleImage surface(int body) const { return m_bodies[body]->paintedNormalMap().angleImage(); }
+
+    /// What the last dialog said. Chooses a file of the folder, or the folder, then clicks.
     template <class Effect>
-    QStringList import(const QString &path, const QStringList &buttons)
+    QString run(const QString &fileName, const QStringList &buttons)
     {
         Effect effect(m_settings);
         const QSignalSpy closed(&effect, &Filter::filterClosed);
         DialogScript script;
-        script.then(DialogScript::chooseFile(path));
+        script.then(DialogScript::chooseFile(m_folder.path(fileName)));
         for (const QString &button : buttons)
             script.then([this, button](QWidget &dialog) {
                 m_listed.clear();
@@ -117,7 +112,7 @@ private:
         effect.start(context);
         if (!script.isDone() || closed.count() != 1)
             qFatal("'%s' did not close", qPrintable(effect.action().text()));
-        return script.seen();
+        return script.seen().last();
     }
 
     Folder m_folder;

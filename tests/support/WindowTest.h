@@ -1,0 +1,42 @@
+#pragma once
+
+#include "base/GSettings.h"
+#include "base/Resources.h"
+#include "framework/GApplication.h"
+#include "preview/GraphicsCheck.h"
+
+#include <QSettings>
+#include <QTemporaryDir>
+#include <QTest>
+
+/// Runs a test that draws sprites.
+template <class Test>
+int runGraphicsTest(int argc, char **argv)
+{
+    initialiseResources();
+    prepareGraphics();
+    const QApplication application(argc, argv);
+    Test test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+/// Runs a test of the editor's window, with settings of its own and dialogs that it can answer.
+template <class Test>
+int runWindowTest(int argc, char **argv)
+{
+    initialiseResources();
+    const QTemporaryDir home;
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, home.path());
+    GApplication::prepare();
+    QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+    GApplication application(argc, argv);
+    Test test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+/// As in TEST_MAIN(runWindowTest, TestPainting).
+#define TEST_MAIN(run, Test)                                                                       \
+    int main(int argc, char **argv)                                                                \
+    {                                                                                              \
+        return run<Test>(argc, argv);                                                              \
+    }
