@@ -114,10 +114,11 @@ private:
     }
 
     // The dialog comes up below the pointer: where it hides neither sprites nor tools.
-    void open(const char *effect)
+    void open(const char *effect) const
     {
         QCursor::setPos(m_window.mapToGlobal({m_window.width() - 160, 340}));
         chooseTool(effect);
+        waitUntilSettled(dialog());
     }
 
     QWidget &dialog() const
