@@ -4,9 +4,11 @@
 #include "framework/UiScale.h"
 
 #include <QAbstractScrollArea>
+#include <QCheckBox>
 #include <QIcon>
 #include <QPainter>
 #include <QPainterPath>
+#include <QRadioButton>
 #include <QStyleOption>
 
 namespace {
@@ -106,10 +108,14 @@ void paintField(QPainter &painter, const QStyleOption &option)
     paintBox(painter, option.rect, option.palette.color(QPalette::Base), border);
 }
 
-void paintFocus(QPainter &painter, const QStyleOption &option)
+void paintFocus(QPainter &painter, const QStyleOption &option, const QWidget *widget)
 {
     const ThemeColors colors = themeColors(option.palette);
-    const bool isOnAccent = has(option, QStyle::State_Selected) || has(option, QStyle::State_On);
+    // Of these only the tick has the accent, and the frame is around the text.
+    const bool isTicked =
+        qobject_cast<const QCheckBox *>(widget) || qobject_cast<const QRadioButton *>(widget);
+    const bool isOnAccent =
+        has(option, QStyle::State_Selected) || (has(option, QStyle::State_On) && !isTicked);
     paintBox(painter, option.rect, {}, isOnAccent ? colors.onAccent : colors.accent);
 }
 

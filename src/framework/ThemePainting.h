@@ -25,7 +25,7 @@ QColor shade(const QPalette &palette, double share);
 void paintBox(QPainter &painter, const QRectF &rect, const QColor &fill, const QColor &border = {});
 /// Where one types or chooses: a base with a border that shows focus and pointer.
 void paintField(QPainter &painter, const QStyleOption &option);
-void paintFocus(QPainter &painter, const QStyleOption &option);
+void paintFocus(QPainter &painter, const QStyleOption &option, const QWidget *widget);
 void paintToolButton(QPainter &painter, const QStyleOption &option);
 void paintPushButton(QPainter &painter, const QStyleOption &option);
 void paintTick(QPainter &painter, const QStyleOption &option, bool isRound);

@@ -147,7 +147,7 @@ void ThemeStyle::drawPrimitive(PrimitiveElement element,
         return painter->fillRect(option->rect.adjusted(1, 1, -1, -1),
                                  option->palette.toolTipBase());
     case PE_FrameFocusRect:
-        return paintFocus(*painter, *option);
+        return paintFocus(*painter, *option, widget);
     case PE_PanelButtonTool:
         return paintToolButton(*painter, *option);
     case PE_PanelButtonCommand:
