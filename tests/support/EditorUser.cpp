@@ -1,6 +1,5 @@
 #include "support/EditorUser.h"
 
-#include "framework/GNumberEdit.h"
 #include "model/Body.h"
 #include "model/Project.h"
 #include "preview/EditorGraphicsViewVesperine.h"
@@ -12,7 +11,6 @@
 
 #include <QAbstractButton>
 #include <QCoreApplication>
-#include <QDoubleSpinBox>
 #include <QEvent>
 #include <QTest>
 #include <QToolButton>
@@ -91,11 +89,6 @@ void EditorUser::paint(const QVector<QPoint> &pixels, Qt::KeyboardModifiers modi
     release(pixels.last(), modifiers);
 }
 
-void EditorUser::hover(const QPoint &pixel) const
-{
-    dragTo(viewport(), at(pixel), Qt::NoButton);
-}
-
 void EditorUser::chooseTool(const char *label) const
 {
     auto &button = shownIn<QToolButton>(m_window, label, [label](const QToolButton &each) {
@@ -113,18 +106,5 @@ void EditorUser::command(const char *name) const
         return each.objectName() == QLatin1String(name);
     });
     QTest::mouseClick(&button, Qt::LeftButton);
-    view().setFocus();
-}
-
-void EditorUser::type(const char *name, double number) const
-{
-    const auto &edit = shownIn<GNumberEdit>(m_window, name, [name](const GNumberEdit &each) {
-        return each.objectName() == QLatin1String(name);
-    });
-    auto *box = edit.findChild<QDoubleSpinBox *>();
-    box->setFocus();
-    box->selectAll();
-    QTest::keyClicks(box, QLocale().toString(number));
-    QTest::keyClick(box, Qt::Key_Return);
     view().setFocus();
 }

@@ -28,15 +28,11 @@ public:
     void moveTo(const QPoint &pixel) const;
     void release(const QPoint &pixel, Qt::KeyboardModifiers modifiers = {}) const;
     void paint(const QVector<QPoint> &pixels, Qt::KeyboardModifiers modifiers = {}) const;
-    /// Moves without a button.
-    void hover(const QPoint &pixel) const;
 
     /// Clicks the button of a tool, named by its short label.
     void chooseTool(const char *label) const;
     /// Clicks a button of the active tool's panel; named by its object's name.
     void command(const char *name) const;
-    /// Types a number of the active tool's panel.
-    void type(const char *name, double number) const;
 
 private:
     MainWindow &m_window;

@@ -1,9 +1,12 @@
 #include "Painter.h"
 
+#include "framework/GNumberEdit.h"
 #include "preview/EditorGraphicsViewVesperine.h"
+#include "support/Gestures.h"
 #include "ui/MainWindow.h"
 
 #include <QComboBox>
+#include <QDoubleSpinBox>
 #include <QPainterPath>
 #include <QTest>
 #include <QThreadPool>
@@ -49,6 +52,11 @@ Painter::Painter(MainWindow &window)
 {
 }
 
+void Painter::hover(const QPoint &pixel) const
+{
+    dragTo(viewport(), at(pixel), Qt::NoButton);
+}
+
 void Painter::placeLight(const QPoint &place) const
 {
     hover(place);
@@ -73,6 +81,20 @@ void Painter::coverageBrush(const char *tool, int size, int opacity, int hardnes
     type("BrushSize", size);
     type("Opacity", opacity);
     type("Hardness", hardness);
+}
+
+void Painter::type(const char *name, double number) const
+{
+    for (const auto *edit : m_window.findChildren<GNumberEdit *>(QLatin1String(name))) {
+        if (!edit->isVisible())
+            continue;
+        auto *box = edit->findChild<QDoubleSpinBox *>();
+        box->setFocus();
+        box->selectAll();
+        QTest::keyClicks(box, QLocale().toString(number));
+        QTest::keyClick(box, Qt::Key_Return);
+    }
+    view().setFocus();
 }
 
 void Painter::structureBrush(const QString &pattern,

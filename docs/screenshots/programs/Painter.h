@@ -17,10 +17,14 @@ public:
 
     explicit Painter(MainWindow &window);
 
+    /// Moves without a button.
+    void hover(const QPoint &pixel) const;
     void placeLight(const QPoint &place) const;
     // The brush of that kind, set by typing; sizes in pixels, the rest in percent.
     void heightBrush(int size, double height, int hardness, Contour contour) const;
     void coverageBrush(const char *tool, int size, int opacity, int hardness) const;
+    /// A number of the active tool's panel, named by its object.
+    void type(const char *name, double number) const;
     void structureBrush(const QString &pattern, double intensity, int scale, int rotation) const;
     /// Points beside the globe's middle, in pixels of the screen.
     void chooseAngle(const QPoint &onGlobe) const;
