@@ -19,6 +19,7 @@
 #include "support/Studio.h"
 #include "support/Widgets.h"
 #include "tools/effects/PositionedDialog.h"
+#include "ui/NormalMapEditor.h"
 #include "ui/ShapeTreeView.h"
 
 #include <QAction>
@@ -169,6 +170,10 @@ private Q_SLOTS:
             const PaintTool *tool = easel.scene().tool();
             easel.open();
             QTRY_VERIFY(!easel.showsWhatIsStored());
+            // It comes too late while the effect is being applied.
+            const auto *editor = easel.window().findChild<NormalMapEditor *>();
+            connect(
+                &easel.stack(), &GUndoStack::aboutToPush, editor, &NormalMapEditor::discardEffect);
             const GIntEdit *smoothness = easel.smoothness();
             easel.end(QTest::currentDataTag());
             QVERIFY(tool && easel.scene().tool() == tool);
