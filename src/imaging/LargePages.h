@@ -14,10 +14,12 @@ inline void adviseLargePages([[maybe_unused]] const void *memory,
                              [[maybe_unused]] std::size_t bytes)
 {
 #ifdef __linux__
-    constexpr std::uintptr_t page = 4096;
-    const auto begin = (reinterpret_cast<std::uintptr_t>(memory) + page - 1) & ~(page - 1);
-    const auto end = (reinterpret_cast<std::uintptr_t>(memory) + bytes) & ~(page - 1);
-    madvise(reinterpret_cast<void *>(begin), end - begin, MADV_HUGEPAGE);
+    constexpr std::size_t page = 4096;
+    const std::size_t before = -reinterpret_cast<std::uintptr_t>(memory) % page;
+    if (bytes < before + page)
+        return;
+    char *begin = static_cast<char *>(const_cast<void *>(memory)) + before;
+    madvise(begin, (bytes - before) / page * page, MADV_HUGEPAGE);
 #endif
 }
 

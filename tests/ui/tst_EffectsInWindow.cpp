@@ -200,7 +200,7 @@ private Q_SLOTS:
         const QPointF place = easel.scene().spriteItem(&easel.body(1))->pos();
         const QPoint on = easel.view().mapFromScene(place + QPointF(30, 20));
         easel.open();
-        easel.window().project().lightBrightness().setValue(0.7, "light"_s);
+        easel.window().project().lightBrightness().setValue(70, "light"_s);
         const QStringList locked =
             "New|Open...|Add sprites...|Remove sprites|"
             "Select all|Deselect |Invert selection|Emboss...|Import normal maps from folder..."_s

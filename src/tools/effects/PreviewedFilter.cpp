@@ -118,13 +118,12 @@ FloatImage PreviewedFilter::selectionOf(const Body &body) const
 
 void PreviewedFilter::show(Body *body, const AngleImage &surface)
 {
-    if (m_runner->left() == 0) {
+    if (m_runner->left() == 0)
         hideProgress();
-    } else if (m_progress->isVisible()) {
+    else if (m_progress->isVisible())
         showProgress();
-    } else {
+    else
         m_patience.start();
-    }
     Q_EMIT temporaryNormalMapChanged(body, surface);
 }
 
