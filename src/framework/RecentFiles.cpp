@@ -56,7 +56,7 @@ void RecentFiles::add(const QString &path)
 void RecentFiles::setLocked(bool isLocked)
 {
     m_isLocked = isLocked;
-    rebuild();
+    menuAction()->setEnabled(!m_isLocked && !paths().isEmpty());
 }
 
 void RecentFiles::keep(const QStringList &paths)

@@ -1,14 +1,11 @@
 #pragma once
 
+#include "imaging/LargePages.h"
+
 #include <cstddef>
 #include <new>
 
-#ifdef __linux__
-#include <sys/mman.h>
-#endif
-
-/// The allocator of containers that ask the system for large pages where there is much to store:
-/// the first touch of small ones costs as much as simple work on what they hold.
+/// The allocator of containers that lie in large pages where there is much to store.
 template <class T>
 class LargePageAllocator
 {
@@ -27,9 +24,7 @@ public:
         if (!isLarge(count))
             return static_cast<T *>(::operator new(count * sizeof(T)));
         void *memory = ::operator new(count * sizeof(T), std::align_val_t(page));
-#ifdef __linux__
-        madvise(memory, count * sizeof(T), MADV_HUGEPAGE); // a refusal costs only time
-#endif
+        adviseLargePages(memory, count * sizeof(T));
         return static_cast<T *>(memory);
     }
 
@@ -41,16 +36,10 @@ public:
             ::operator delete(memory);
     }
 
-    bool operator==(const LargePageAllocator &) const
-    {
-        return true;
-    }
+    bool operator==(const LargePageAllocator &) const { return true; }
 
 private:
     static constexpr std::size_t page = std::size_t(2) << 20U;
 
-    static bool isLarge(std::size_t count)
-    {
-        return count * sizeof(T) >= 2 * page;
-    }
+    static bool isLarge(std::size_t count) { return count * sizeof(T) >= 2 * page; }
 };

@@ -9,6 +9,7 @@ class GAction;
 class GUndoStack;
 class QAction;
 class QMenu;
+class QUndoStack;
 
 /// Undo and redo of the present project: at the top of a menu, made anew for each project's stack,
 /// and as two lasting buttons.
@@ -31,7 +32,7 @@ private:
     QMenu &m_menu;
     GAction *m_undoButton;
     GAction *m_redoButton;
-    QPointer<GUndoStack> m_stack;
+    QPointer<QUndoStack> m_stack; // no more than that when its destructor signals
     QPointer<QAction> m_undo;
     QPointer<QAction> m_redo;
     bool m_isLocked = false;

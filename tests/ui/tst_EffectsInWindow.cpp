@@ -18,6 +18,7 @@
 #include "support/Widgets.h"
 #include "support/WindowTest.h"
 #include "tools/effects/PositionedDialog.h"
+#include "ui/NormalMapEditor.h"
 #include "ui/ShapeTreeView.h"
 
 #include <QAction>
@@ -161,6 +162,10 @@ private Q_SLOTS:
             const PaintTool *tool = easel.scene().tool();
             easel.open();
             QTRY_VERIFY(!easel.showsWhatIsStored());
+            // It comes too late while the effect is being applied.
+            const auto *editor = easel.window().findChild<NormalMapEditor *>();
+            connect(
+                &easel.stack(), &GUndoStack::aboutToPush, editor, &NormalMapEditor::discardEffect);
             const GIntEdit *smoothness = easel.smoothness();
             easel.end(QTest::currentDataTag());
             QVERIFY(tool && easel.scene().tool() == tool);
@@ -187,7 +192,7 @@ private Q_SLOTS:
         const QPointF place = easel.scene().spriteItem(&easel.body(1))->pos();
         const QPoint on = easel.view().mapFromScene(place + QPointF(30, 20));
         easel.open();
-        easel.window().project().lightBrightness().setValue(0.7, "light"_s);
+        easel.window().project().lightBrightness().setValue(70, "light"_s);
         const QStringList locked =
             "New|Open...|Add sprites...|Remove sprites|"
             "Select all|Deselect |Invert selection|Emboss...|Import normal maps from folder..."_s

@@ -10,6 +10,7 @@
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QFileInfo>
+#include <QProgressBar>
 #include <QProgressDialog>
 
 #include <deque>
@@ -45,7 +46,8 @@ public:
         if (!m_dialog)
             open();
         m_dialog->setValue(done);
-        QCoreApplication::processEvents(); // of the dialog, which is modal
+        m_dialog->findChild<QProgressBar *>()->update(); // it may move without steps
+        QCoreApplication::processEvents();               // of the dialog, which is modal
         return !m_dialog->wasCanceled();
     }
 

@@ -77,7 +77,7 @@ void PreviewedFilter::watch()
     m_selectionConnection =
         connect(context().pixels, &PixelSelectionModel::selectionChanged, this, [this] {
             for (Body *body : bodies())
-                m_runner->requestAnew(body);
+                requestAnew(body);
         });
 }
 
@@ -86,8 +86,14 @@ void PreviewedFilter::observableChanged(Observable &observable)
     for (const WatchedBody &watched : m_watched) {
         Body &body = *watched.body;
         if (&observable == &body.sprite() || &observable == &body.paintedNormalMap())
-            m_runner->requestAnew(&body);
+            requestAnew(&body);
     }
+}
+
+void PreviewedFilter::requestAnew(Body *body)
+{
+    m_runner->requestAnew(body);
+    startPatience();
 }
 
 void PreviewedFilter::updatePreview()
@@ -96,6 +102,11 @@ void PreviewedFilter::updatePreview()
         return;
     for (Body *body : bodies())
         m_runner->request(body);
+    startPatience();
+}
+
+void PreviewedFilter::startPatience()
+{
     if (!m_patience.isActive())
         m_patience.start();
 }
@@ -107,13 +118,12 @@ FloatImage PreviewedFilter::selectionOf(const Body &body) const
 
 void PreviewedFilter::show(Body *body, const AngleImage &surface)
 {
-    if (m_runner->left() == 0) {
+    if (m_runner->left() == 0)
         hideProgress();
-    } else if (m_progress->isVisible()) {
+    else if (m_progress->isVisible())
         showProgress();
-    } else {
+    else
         m_patience.start();
-    }
     Q_EMIT temporaryNormalMapChanged(body, surface);
 }
 
@@ -150,7 +160,7 @@ void PreviewedFilter::waitForAll()
 
 void PreviewedFilter::applyClicked()
 {
-    if (!isOpen())
+    if (!m_runner)
         return;
     waitForAll();
     stop();
@@ -158,9 +168,10 @@ void PreviewedFilter::applyClicked()
     close();
 }
 
+// Too late while it is being committed.
 void PreviewedFilter::discardClicked()
 {
-    if (!isOpen())
+    if (!m_runner)
         return;
     m_runner->drop();
     waitForAll();

@@ -59,6 +59,8 @@ private:
     void createProgress();
     void watch();
     void stop();
+    void requestAnew(Body *body);
+    void startPatience();
     void show(Body *body, const AngleImage &surface);
     void waitForAll();
     void showProgress();
