@@ -125,5 +125,9 @@ private Q_SLOTS:
     }
 };
 
-TEST_MAIN(runGraphicsTest, tst_NormalMapEditorScene)
+int main(int argc, char **argv)
+{
+    return runGraphicsTest<tst_NormalMapEditorScene>(argc, argv);
+}
+
 #include "tst_NormalMapEditorScene.moc"

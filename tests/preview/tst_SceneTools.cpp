@@ -205,5 +205,9 @@ private Q_SLOTS:
     }
 };
 
-TEST_MAIN(runGraphicsTest, tst_SceneTools)
+int main(int argc, char **argv)
+{
+    return runGraphicsTest<tst_SceneTools>(argc, argv);
+}
+
 #include "tst_SceneTools.moc"

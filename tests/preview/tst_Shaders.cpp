@@ -199,5 +199,9 @@ private:
     Canvas m_canvas;
 };
 
-TEST_MAIN(runGraphicsTest, TestShaders)
+int main(int argc, char **argv)
+{
+    return runGraphicsTest<TestShaders>(argc, argv);
+}
+
 #include "tst_Shaders.moc"

@@ -129,5 +129,9 @@ private Q_SLOTS:
     }
 };
 
-TEST_MAIN(runGraphicsTest, tst_StrokeEndings)
+int main(int argc, char **argv)
+{
+    return runGraphicsTest<tst_StrokeEndings>(argc, argv);
+}
+
 #include "tst_StrokeEndings.moc"

@@ -33,10 +33,3 @@ int runWindowTest(int argc, char **argv)
     Test test;
     return QTest::qExec(&test, argc, argv);
 }
-
-/// As in TEST_MAIN(runWindowTest, TestPainting).
-#define TEST_MAIN(run, Test)                                                                       \
-    int main(int argc, char **argv)                                                                \
-    {                                                                                              \
-        return run<Test>(argc, argv);                                                              \
-    }

@@ -274,5 +274,9 @@ private Q_SLOTS:
     }
 };
 
-TEST_MAIN(runWindowTest, TestEffectsInWindow)
+int main(int argc, char **argv)
+{
+    return runWindowTest<TestEffectsInWindow>(argc, argv);
+}
+
 #include "tst_EffectsInWindow.moc"

@@ -261,5 +261,9 @@ private:
     std::unique_ptr<MainWindow> m_window;
 };
 
-TEST_MAIN(runWindowTest, TestMainWindow)
+int main(int argc, char **argv)
+{
+    return runWindowTest<TestMainWindow>(argc, argv);
+}
+
 #include "tst_MainWindow.moc"

@@ -325,5 +325,9 @@ private:
     }
 };
 
-TEST_MAIN(runWindowTest, TestPainting)
+int main(int argc, char **argv)
+{
+    return runWindowTest<TestPainting>(argc, argv);
+}
+
 #include "tst_Painting.moc"
