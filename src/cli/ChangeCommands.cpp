@@ -3,8 +3,7 @@
 #include "cli/Commands.h"
 #include "cli/OpenedProject.h"
 #include "cli/SettingText.h"
-#include "imaging/NormalEncoding.h"
-#include "model/ImageReading.h"
+#include "model/NormalMapImport.h"
 #include "model/Project.h"
 #include "model/PropertyAngleImage.h"
 #include "model/Sprite.h"
@@ -114,18 +113,17 @@ ExitCode runImport(const ImportOptions &options, Console &console)
     const ChangeOptions changed{options.project, options.outputProject, {}};
     return change(changed, console, ExitCode::Failed, [&options](OpenedProject &opened) {
         Body &body = opened.body(options.body);
-        const QImage image = readImageFile(options.image).image;
-        if (image.isNull())
+        const QSize size = body.sprite().image().size();
+        const ImportedNormalMap map = readNormalMap(options.image, size);
+        if (map.size.isEmpty())
             throw Error(QStringLiteral("Failed to load ") + options.image);
-        if (body.sprite().image().isNull())
+        if (size.isEmpty())
             throw Error(
                 QStringLiteral("The sprite of '%1' is missing, so that its size is not known")
                     .arg(body.name().value()));
-        if (image.size() != body.sprite().image().size())
+        if (map.surface.isNull())
             throw Error(QStringLiteral("Normal map has wrong size!"));
-        AngleImage surface;
-        fromNormalMap(image, surface);
-        body.paintedNormalMap().setAngleImage(surface, QStringLiteral("Import normal map"));
+        body.paintedNormalMap().setAngleImage(map.surface, QStringLiteral("Import normal map"));
     });
 }
 

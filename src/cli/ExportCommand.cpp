@@ -96,7 +96,7 @@ private:
 
     void warn(const Body &body)
     {
-        if (body.sprite().isLoaded() && !body.sprite().isWrongSized())
+        if (body.sprite().hasOwnImage())
             return;
         m_console.tell(
             QStringLiteral("'%1' is %2: its normal map is written without the shape of "

@@ -4,14 +4,12 @@
 #include "cli/OpenedProject.h"
 #include "cli/PatternChoice.h"
 #include "cli/TypedValues.h"
-#include "imaging/PoolTask.h"
+#include "imaging/PoolQueue.h"
 #include "imaging/SlopeArithmetic.h"
 #include "imaging/Smoothing.h"
 #include "model/Project.h"
 #include "model/PropertyAngleImage.h"
 #include "model/Sprite.h"
-
-#include <deque>
 
 namespace {
 struct SurfaceChange
@@ -50,23 +48,17 @@ QVector<Body *> chosenBodies(const OpenedProject &opened, const QStringList &nam
     return chosen;
 }
 
-// Surfaces are computed on the pool, a few ahead of the one that is set.
 void changeSurfaces(const QVector<Body *> &bodies, const SurfaceChange &change, Console &console)
 {
-    std::deque<PoolTask<AngleImage>> tasks;
-    const int ahead = QThreadPool::globalInstance()->maxThreadCount() + 1;
-    int started = 0;
+    PoolQueue<AngleImage> surfaces(bodies.size(), [&](int index) {
+        const Body &body = *bodies[index];
+        return
+            [compute = change.compute, surface = body.surface(), sprite = body.sprite().image()] {
+                return compute(surface, sprite);
+            };
+    });
     for (int i = 0; i < bodies.size(); ++i) {
-        for (; started < bodies.size() && started < i + ahead; ++started) {
-            const Body &body = *bodies[started];
-            tasks.emplace_back(
-                [compute = change.compute,
-                 surface = body.surface(),
-                 sprite = body.sprite().image()] { return compute(surface, sprite); });
-        }
-        const AngleImage surface = tasks.front().take();
-        tasks.pop_front();
-        bodies[i]->paintedNormalMap().setAngleImage(surface, change.undoText);
+        bodies[i]->paintedNormalMap().setAngleImage(surfaces.next(), change.undoText);
         bodies[i]->paintedNormalMap().dataFile(); // made anew, which lets go of the loaded one
         console.showProgress(i + 1, bodies.size());
     }

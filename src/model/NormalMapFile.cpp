@@ -3,7 +3,7 @@
 #include "base/Error.h"
 #include "base/GFileName.h"
 #include "imaging/NormalEncoding.h"
-#include "imaging/PoolTask.h"
+#include "imaging/PoolQueue.h"
 #include "model/SaveDevice.h"
 
 #include <QBuffer>
@@ -12,8 +12,6 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QImageWriter>
-
-#include <deque>
 
 namespace {
 QString tr(const char *text)
@@ -47,34 +45,6 @@ QString writeMap(const QString &path, const EncodedNormalMap &map)
         qWarning("%s: %s", qUtf8Printable(path), qUtf8Printable(device.errorString()));
     return done ? QString() : normalMapFailure(path);
 }
-
-// Makes maps a few ahead of the one that is asked for.
-class NormalMapQueue
-{
-public:
-    explicit NormalMapQueue(const NormalMapFiles &files)
-        : m_files(files)
-    {
-        const int processors = QThreadPool::globalInstance()->maxThreadCount();
-        // One more than is worked on waits, so that no processor idles while a file is written.
-        m_ahead = std::size_t(files.jobs > 0 ? files.jobs : processors) + 1;
-    }
-
-    EncodedNormalMap next()
-    {
-        for (; m_tasks.size() < m_ahead && m_started < m_files.paths.size(); ++m_started)
-            m_tasks.emplace_back(m_files.work(m_started));
-        auto task = std::move(m_tasks.front());
-        m_tasks.pop_front();
-        return task.take();
-    }
-
-private:
-    const NormalMapFiles &m_files;
-    std::size_t m_ahead;
-    int m_started = 0;
-    std::deque<PoolTask<EncodedNormalMap>> m_tasks;
-};
 } // namespace
 
 QByteArray encodedNormalMap(const AngleImage &surface, const QImage &sprite)
@@ -106,7 +76,7 @@ NormalMapResult writeNormalMaps(const NormalMapFiles &files)
 {
     NormalMapResult result;
     QSet<QString> folders;
-    NormalMapQueue queue(files);
+    PoolQueue<EncodedNormalMap> queue(files.paths.size(), files.work, files.jobs);
     for (int i = 0; i < files.paths.size() && !result.cancelled; ++i) {
         const QString &path = files.paths[i];
         const EncodedNormalMap map = queue.next();

@@ -3,7 +3,7 @@
 #include "base/Error.h"
 #include "base/GSettings.h"
 #include "base/PlainText.h"
-#include "imaging/PoolTask.h"
+#include "imaging/PoolQueue.h"
 #include "model/DataModelReader.h"
 #include "model/DataModelWriter.h"
 #include "model/ImageReading.h"
@@ -18,36 +18,14 @@
 #include <QDir>
 #include <QFileInfo>
 
-#include <deque>
 #include <utility>
 
 namespace {
-// Reads image files side by side on the global thread pool, a few ahead of what is asked for.
-class ImageReader
+PoolQueue<ReadImage> readImages(const QStringList &paths)
 {
-public:
-    explicit ImageReader(const QStringList &paths)
-        : m_paths(paths)
-    {
-    }
-
-    ReadImage next()
-    {
-        const auto ahead = size_t(QThreadPool::globalInstance()->maxThreadCount()) + 1;
-        for (; m_tasks.size() < ahead && m_started < m_paths.size(); ++m_started) {
-            const QString path = m_paths[m_started];
-            m_tasks.emplace_back([path] { return readImageFile(path); });
-        }
-        auto task = std::move(m_tasks.front());
-        m_tasks.pop_front();
-        return task.take();
-    }
-
-private:
-    QStringList m_paths;
-    int m_started = 0;
-    std::deque<PoolTask<ReadImage>> m_tasks;
-};
+    return {paths.size(),
+            [paths](int index) { return [path = paths[index]] { return readImageFile(path); }; }};
+}
 
 QStringList pathsOf(const QVector<Body *> &bodies)
 {
@@ -123,13 +101,13 @@ void ProjectController::addSprites(const QStringList &paths)
 
     QVector<std::shared_ptr<Body>> bodies;
     QStringList failures = found.unreadable;
-    ImageReader reader(found.files);
+    auto images = readImages(found.files);
     for (int i = 0; i < found.files.size(); ++i) {
         const QString &path = found.files[i];
         auto body = std::make_shared<Body>(*m_project);
         body->sprite().filename().setValue(GFileName(path));
         body->name().setValue(bodyName(path));
-        body->sprite().load(reader.next(), QSize(), false);
+        body->sprite().load(images.next(), QSize(), false);
         // A project file has no way to write such a path.
         if (body->sprite().isLoaded() && isPlainText(path))
             bodies.append(body);
@@ -259,9 +237,9 @@ void ProjectController::loadOutdatedSprites()
 
 void ProjectController::loadSprites(const QVector<Body *> &bodies)
 {
-    ImageReader reader(pathsOf(bodies));
+    auto images = readImages(pathsOf(bodies));
     for (Body *body : bodies)
-        body->sprite().load(reader.next(), body->paintedSize(), !body->paintedSize().isEmpty());
+        body->sprite().load(images.next(), body->paintedSize(), !body->paintedSize().isEmpty());
 }
 
 QVector<Body *> ProjectController::missingBodies() const

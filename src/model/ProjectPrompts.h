@@ -21,6 +21,7 @@ public:
     virtual void showSummary(const QStringList &changes) = 0;
     /// Something that is worth knowing, but stops nothing.
     virtual void tell(const QString &message) = 0;
-    /// How far a long operation is. False to cancel it, where it can be.
+    /// How far a long operation is, of 0 in all when nobody knows. False to cancel it, where it can
+    /// be.
     virtual bool showProgress(int done, int total) = 0;
 };

@@ -64,7 +64,7 @@ void Sprite::load(const ReadImage &read, const QSize &expectedSize, bool checkSi
         m_isChanged = !m_checksum->value().isEmpty() && m_checksum->value() != checksum;
         m_checksum->setValue(checksum);
     }
-    if (!m_isLoaded || m_isWrongSized) {
+    if (!hasOwnImage()) {
         m_image = placeholder(expectedSize);
         m_statusIcon = m_isLoaded ? QStringLiteral(":/qrv_tools/icons/Icons_SpriteWrongSize.svg")
                                   : QStringLiteral(":/qrv_tools/icons/Icons_SpriteMissing.svg");

@@ -38,6 +38,8 @@ public:
     /// True when the file was read, whatever its size.
     bool isLoaded() const { return m_isLoaded; }
     bool isWrongSized() const { return m_isWrongSized; }
+    /// True when image() is the file's own and not the placeholder.
+    bool hasOwnImage() const { return m_isLoaded && !m_isWrongSized; }
     /// True when the file differed from the one of the stored checksum when it was last loaded.
     bool isChanged() const { return m_isChanged; }
     /// 8-bit ARGB, not premultiplied; the red placeholder where the file does not do.

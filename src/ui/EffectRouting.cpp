@@ -10,15 +10,6 @@
 #include "tools/effects/Filter.h"
 #include "ui/WindowPrompts.h"
 
-namespace {
-// A red placeholder in place of the sprite tells nothing of its shape.
-bool hasSprite(const Body &body)
-{
-    const QSize painted = body.paintedSize();
-    return body.sprite().isLoaded() && (painted.isEmpty() || painted == body.sprite().fileSize());
-}
-} // namespace
-
 EffectRouting::EffectRouting(NormalMapEditorScene &scene, WindowPrompts &prompts, QObject *parent)
     : QObject(parent)
     , m_scene(scene)
@@ -38,7 +29,8 @@ void EffectRouting::open(Filter &effect, const EffectContext &context)
     EffectContext usable = context;
     usable.bodies.clear();
     for (Body *body : context.bodies) {
-        if (!effect.needsSprites() || hasSprite(*body))
+        // A red placeholder in place of the sprite tells nothing of its shape.
+        if (!effect.needsSprites() || body->sprite().hasOwnImage())
             usable.bodies.append(body);
     }
     if (const int leftOut = context.bodies.size() - usable.bodies.size(); leftOut > 0)
@@ -53,6 +45,8 @@ void EffectRouting::open(Filter &effect, const EffectContext &context)
     connect(&effect, &Filter::resetTemporaryNormalMaps, this, &EffectRouting::reset);
     connect(&effect, &Filter::filterClosed, this, &EffectRouting::finish);
     Q_EMIT effectChanged(&effect);
+    usable.progress = [this](int done, int total) { return m_prompts.showProgress(done, total); };
+    const PromptedTask task(m_prompts, plainActionText(effect.action().text()), true);
     effect.start(usable);
 }
 

@@ -4,6 +4,7 @@
 
 #include <QCloseEvent>
 #include <QFileDialog>
+#include <QProgressBar>
 #include <QProgressDialog>
 
 namespace {
@@ -113,26 +114,35 @@ void WindowPrompts::endTask()
 {
     delete m_progress;
     m_task.clear();
+    m_lasting.invalidate();
 }
 
-// Made at the first step and not by beginTask(): the dialog judges from its first steps whether the
-// whole will last long enough to be worth showing.
+// From the first step on: what the task asks before is not its own time.
 bool WindowPrompts::showProgress(int done, int total)
 {
     constexpr int patience = 300; // milliseconds
-    if (!m_progress) {
-        auto *dialog = new ProgressDialog(
-            m_task, m_canBeCancelled ? tr("Cancel") : QString(), 0, total, &m_window);
-        dialog->setCancellable(m_canBeCancelled);
-        m_progress = dialog;
-        m_progress->setWindowTitle(QCoreApplication::applicationName());
-        m_progress->setWindowModality(Qt::WindowModal);
-        m_progress->setMinimumDuration(patience);
-        m_progress->setAutoReset(false);
-        m_progress->setValue(0);
-    }
+    if (!m_lasting.isValid())
+        m_lasting.start();
+    if (m_lasting.elapsed() < patience)
+        return true;
+    if (!m_progress)
+        createProgress(total);
     m_progress->setValue(done);
+    m_progress->findChild<QProgressBar *>()->update(); // which may move without a step
+    QCoreApplication::processEvents();                 // of the dialog, which is modal
     return !m_progress->wasCanceled();
+}
+
+void WindowPrompts::createProgress(int total)
+{
+    auto *dialog = new ProgressDialog(
+        m_task, m_canBeCancelled ? tr("Cancel") : QString(), 0, total, &m_window);
+    dialog->setCancellable(m_canBeCancelled);
+    m_progress = dialog;
+    m_progress->setWindowTitle(QCoreApplication::applicationName());
+    m_progress->setWindowModality(Qt::WindowModal);
+    m_progress->setAutoReset(false);
+    m_progress->show();
 }
 
 PromptedTask::PromptedTask(WindowPrompts &prompts, const QString &name, bool canBeCancelled)

@@ -3,6 +3,7 @@
 #include "model/ProjectPrompts.h"
 
 #include <QCoreApplication>
+#include <QElapsedTimer>
 #include <QPointer>
 #include <QStringList>
 
@@ -36,10 +37,13 @@ public:
     void showTold();
 
 private:
+    void createProgress(int total);
+
     QWidget &m_window;
     QStringList m_told;
     QString m_task;
     bool m_canBeCancelled = false;
+    QElapsedTimer m_lasting; ///< since the first step of the task
     QPointer<QProgressDialog> m_progress;
 };
 

@@ -8,12 +8,17 @@
 #include <QRect>
 #include <QVector>
 
+#include <functional>
 #include <memory>
 
 class Body;
 class PixelSelectionModel;
 class PositionedDialog;
 class ToolPanel;
+
+/// Shows how far a long operation is, of 0 when nobody knows; false to cancel it. To be called
+/// again and again.
+using ShowProgress = std::function<bool(int done, int total)>;
 
 /// What an effect is started on. All is borrowed until the effect has closed.
 struct EffectContext
@@ -22,6 +27,7 @@ struct EffectContext
     const PixelSelectionModel *pixels = nullptr;
     QString mapSuffix; ///< what the names of the project's normal maps end in, such as "_n"
     QWidget *window = nullptr;
+    ShowProgress progress = {}; ///< of what is done inside of start(); may be empty
 };
 
 /// Base of the operations on whole surfaces of several bodies. An effect is idle until it is

@@ -4,6 +4,7 @@
 #include "imaging/NormalEncoding.h"
 #include "model/Body.h"
 #include "model/PropertyAngleImage.h"
+#include "model/Sprite.h"
 #include "tools/effects/NormalMapReading.h"
 
 #include <QFileDialog>
@@ -34,7 +35,7 @@ void ImportNormalMap::importMap()
     if (path.isEmpty() || !isOpen())
         return;
     keepImportFolder(m_settings, QFileInfo(path).path());
-    auto maps = readNormalMaps({{path, body.surface().size()}}, context().window);
+    auto maps = readNormalMaps({{path, body.sprite().image().size()}}, context().progress);
     if (!maps || !isOpen())
         return;
     ImportedNormalMap &map = maps->first();

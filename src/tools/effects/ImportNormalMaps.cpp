@@ -5,6 +5,7 @@
 #include "imaging/NormalEncoding.h"
 #include "model/Body.h"
 #include "model/PropertyAngleImage.h"
+#include "model/Sprite.h"
 #include "model/properties/GUndoStack.h"
 #include "model/properties/PropertyT.h"
 #include "tools/effects/NormalMapReading.h"
@@ -70,7 +71,7 @@ ImportNormalMaps::Outcomes ImportNormalMaps::find(const QString &folder) const
         const auto found = std::find_if(paths.begin(), paths.end(), [](const QString &path) {
             return QFileInfo::exists(path);
         });
-        if (body->surface().isNull())
+        if (body->sprite().image().isNull())
             outcome.notes.append(
                 tr("%1: it has neither a sprite nor a surface, so no size is known. Give it its "
                    "sprite first.")
@@ -98,10 +99,10 @@ bool ImportNormalMaps::read(Outcomes &outcomes) const
     for (Outcome &outcome : outcomes) {
         if (outcome.path.isEmpty())
             continue;
-        requests.append({outcome.path, outcome.body->surface().size()});
+        requests.append({outcome.path, outcome.body->sprite().image().size()});
         asking.append(&outcome);
     }
-    const auto maps = readNormalMaps(requests, context().window);
+    const auto maps = readNormalMaps(requests, context().progress);
     if (!maps || !isOpen())
         return false;
     for (int i = 0; i < asking.size(); ++i) {
@@ -123,7 +124,7 @@ QStringList ImportNormalMaps::notesAbout(const ImportedNormalMap &map, const Bod
                     .arg(file,
                          sizeText(map.size),
                          body.name().value(),
-                         sizeText(body.surface().size()))};
+                         sizeText(body.sprite().image().size()))};
     NormalMapJudgement judgement = map.judgement;
     judgement.hasGreenDown = false; // is asked about
     QStringList notes;

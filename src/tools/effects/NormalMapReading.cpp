@@ -2,18 +2,13 @@
 
 #include "base/GFileName.h"
 #include "base/GSettings.h"
-#include "imaging/PoolTask.h"
+#include "imaging/PoolQueue.h"
 #include "model/Body.h"
 #include "model/Sprite.h"
 #include "model/properties/PropertyT.h"
 
 #include <QCoreApplication>
-#include <QElapsedTimer>
 #include <QFileInfo>
-#include <QProgressBar>
-#include <QProgressDialog>
-
-#include <deque>
 
 namespace {
 QString tr(const char *text)
@@ -25,75 +20,25 @@ QString folderKey()
 {
     return QStringLiteral("imagePath/normalMap");
 }
-
-/// Comes up when something has lasted for a while.
-class Progress
-{
-public:
-    Progress(int total, QWidget *window)
-        : m_total(total)
-        , m_window(window)
-    {
-        m_since.start();
-    }
-
-    /// To be called again and again; false when it was cancelled.
-    bool goesOn(int done)
-    {
-        constexpr int patience = 300; // milliseconds
-        if (m_since.elapsed() < patience)
-            return true;
-        if (!m_dialog)
-            open();
-        m_dialog->setValue(done);
-        m_dialog->findChild<QProgressBar *>()->update(); // it may move without steps
-        QCoreApplication::processEvents();               // of the dialog, which is modal
-        return !m_dialog->wasCanceled();
-    }
-
-private:
-    void open()
-    {
-        // One map alone has no steps: the bar only moves.
-        m_dialog = std::make_unique<QProgressDialog>(
-            tr(QT_TRANSLATE_NOOP("ImportNormalMap", "Reading normal maps")),
-            tr(QT_TRANSLATE_NOOP("ImportNormalMap", "Cancel")),
-            0,
-            m_total == 1 ? 0 : m_total,
-            m_window);
-        m_dialog->setWindowTitle(QCoreApplication::applicationName());
-        m_dialog->setWindowModality(Qt::WindowModal);
-        m_dialog->setAutoReset(false);
-        m_dialog->show();
-    }
-
-    int m_total;
-    QWidget *m_window;
-    QElapsedTimer m_since;
-    std::unique_ptr<QProgressDialog> m_dialog;
-};
 } // namespace
 
 std::optional<QVector<ImportedNormalMap>> readNormalMaps(const QVector<NormalMapRequest> &requests,
-                                                         QWidget *window)
+                                                         const ShowProgress &progress)
 {
     using namespace std::chrono_literals;
-    Progress progress(requests.size(), window);
-    std::deque<PoolTask<ImportedNormalMap>> tasks;
-    const int ahead = QThreadPool::globalInstance()->maxThreadCount() + 1;
+    PoolQueue<ImportedNormalMap> queue(requests.size(), [&requests](int index) {
+        return [request = requests[index]] { return readNormalMap(request.path, request.size); };
+    });
+    // The effect may be ended meanwhile, and its context with it.
+    const ShowProgress show = progress;
+    // Nobody knows how far a single one is.
+    const int total = requests.size() > 1 ? requests.size() : 0;
     QVector<ImportedNormalMap> maps;
-    int started = 0;
     while (maps.size() < requests.size()) {
-        for (; started < requests.size() && started < maps.size() + ahead; ++started)
-            tasks.emplace_back([request = requests[started]] {
-                return readNormalMap(request.path, request.size);
-            });
-        if (!progress.goesOn(maps.size()))
+        if (show && !show(maps.size(), total))
             return std::nullopt;
-        if (tasks.front().waitFor(20ms)) {
-            maps.append(tasks.front().take());
-            tasks.pop_front();
-        }
+        if (queue.waitForNext(20ms))
+            maps.append(queue.next());
     }
     return maps;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "model/NormalMapImport.h"
+#include "tools/effects/Filter.h"
 
 #include <QStringList>
 #include <QVector>
@@ -9,7 +10,6 @@
 
 class Body;
 class GSettings;
-class QWidget;
 
 struct NormalMapRequest
 {
@@ -18,10 +18,9 @@ struct NormalMapRequest
 };
 
 /// Reads normal maps on the global thread pool, a few at a time, and returns them in the order
-/// asked for. What lasts longer shows its progress over @p window and can be cancelled: nothing
-/// then.
+/// asked for; nothing when @p progress cancels.
 std::optional<QVector<ImportedNormalMap>> readNormalMaps(const QVector<NormalMapRequest> &requests,
-                                                         QWidget *window);
+                                                         const ShowProgress &progress);
 
 /// A sentence for each doubt about a map, with what can be done.
 QStringList doubtsAbout(const NormalMapJudgement &judgement);
