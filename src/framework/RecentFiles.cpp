@@ -56,7 +56,7 @@ void RecentFiles::add(const QString &path)
 void RecentFiles::setLocked(bool isLocked)
 {
     m_isLocked = isLocked;
-    menuAction()->setEnabled(!m_isLocked && !paths().isEmpty());
+    updateEnabled();
 }
 
 void RecentFiles::keep(const QStringList &paths)
@@ -80,5 +80,10 @@ void RecentFiles::rebuild()
     addSeparator();
     QAction *clearing = addAction(tr("Clear"));
     connect(clearing, &QAction::triggered, this, [this] { keep({}); });
-    menuAction()->setEnabled(!m_isLocked && !paths.isEmpty());
+    updateEnabled();
+}
+
+void RecentFiles::updateEnabled()
+{
+    menuAction()->setEnabled(!m_isLocked && !paths().isEmpty());
 }

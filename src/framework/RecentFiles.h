@@ -27,6 +27,7 @@ Q_SIGNALS:
 private:
     void keep(const QStringList &paths);
     void rebuild();
+    void updateEnabled();
 
     GSettings &m_settings;
     bool m_isLocked = false;

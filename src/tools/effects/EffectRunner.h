@@ -2,6 +2,9 @@
 
 #include "imaging/AngleImage.h"
 #include "imaging/AsyncUpdateThread.h"
+#include "model/Body.h"
+#include "model/PropertyAngleImage.h"
+#include "model/Sprite.h"
 
 #include <QObject>
 #include <QVector>
@@ -9,8 +12,6 @@
 #include <chrono>
 #include <functional>
 #include <memory>
-
-class Body;
 
 /// Computes in the background what an effect makes of several bodies, one body at a time and in
 /// turn. Settings change faster than that: a body that waits already is computed once, from the
@@ -46,17 +47,19 @@ private:
     bool m_isOutdated = false; ///< what is computed now
 };
 
-/// The runner of one algorithm, whose parameters tell bodies apart.
+/// The runner of one algorithm. What its parameters hold of the body itself is set here: sprite,
+/// stored surface, and what tells bodies apart.
 template <class Params>
 class EffectRunnerOf : public EffectRunner
 {
 public:
     using Algorithm = SynchronousUpdateAlgorithm<Params, AngleImage>;
-    using ParamsOf = std::function<Params(const Body &)>;
+    /// The settings as they are, for one body.
+    using Settings = std::function<Params(const Body &)>;
 
-    EffectRunnerOf(std::unique_ptr<Algorithm> algorithm, ParamsOf paramsOf)
+    EffectRunnerOf(std::unique_ptr<Algorithm> algorithm, Settings settings)
         : m_algorithm(std::move(algorithm))
-        , m_paramsOf(std::move(paramsOf))
+        , m_settings(std::move(settings))
         , m_thread(m_algorithm.get(), false)
     {
         connect(&m_thread, &AsyncUpdateThreadBase::resultAvailable, this, [this] {
@@ -72,13 +75,15 @@ public:
 protected:
     void start(const Body &body) override
     {
-        Params params = m_paramsOf(body);
+        Params params = m_settings(body);
+        params.sprite = body.sprite().image();
+        params.base = body.paintedNormalMap().angleImage();
         params.bodyKey = reinterpret_cast<quintptr>(&body);
         m_thread.requestUpdate(params);
     }
 
 private:
     std::unique_ptr<Algorithm> m_algorithm;
-    ParamsOf m_paramsOf;
+    Settings m_settings;
     AsyncUpdateThread<Params, AngleImage> m_thread;
 };

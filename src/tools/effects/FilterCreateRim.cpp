@@ -5,9 +5,6 @@
 #include "framework/SliderScale.h"
 #include "framework/ThemedIcon.h"
 #include "imaging/effects/FilterCreateRimAlgorithm.h"
-#include "model/Body.h"
-#include "model/PropertyAngleImage.h"
-#include "model/Sprite.h"
 #include "tools/ToolPanel.h"
 #include "tools/effects/DirectionRow.h"
 #include "tools/effects/EffectRunner.h"
@@ -67,16 +64,10 @@ void FilterCreateRim::addRows()
 
 std::unique_ptr<EffectRunner> FilterCreateRim::createRunner()
 {
-    return std::make_unique<EffectRunnerOf<RimParams>>(
-        std::make_unique<FilterCreateRimAlgorithm>(),
-        [this](const Body &body) { return paramsOf(body); });
-}
-
-RimParams FilterCreateRim::paramsOf(const Body &body) const
-{
-    RimParams params = m_settings;
-    params.sprite = body.sprite().image();
-    params.base = body.paintedNormalMap().angleImage();
-    params.selection = selectionOf(body);
-    return params;
+    return std::make_unique<EffectRunnerOf<RimParams>>(std::make_unique<FilterCreateRimAlgorithm>(),
+                                                       [this](const Body &body) {
+                                                           RimParams params = m_settings;
+                                                           params.selection = selectionOf(body);
+                                                           return params;
+                                                       });
 }

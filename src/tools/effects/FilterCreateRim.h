@@ -18,7 +18,6 @@ protected:
 
 private:
     void addRows();
-    RimParams paramsOf(const Body &body) const;
 
     RimParams m_settings; // without a body
 };

@@ -6,9 +6,6 @@
 #include "framework/SliderScale.h"
 #include "framework/ThemedIcon.h"
 #include "imaging/effects/FilterEmbossAlgorithm.h"
-#include "model/Body.h"
-#include "model/PropertyAngleImage.h"
-#include "model/Sprite.h"
 #include "tools/ToolPanel.h"
 #include "tools/effects/DirectionRow.h"
 #include "tools/effects/EffectRunner.h"
@@ -62,13 +59,5 @@ std::unique_ptr<EffectRunner> FilterEmboss::createRunner()
 {
     return std::make_unique<EffectRunnerOf<EmbossParams>>(
         std::make_unique<FilterEmbossAlgorithm>(),
-        [this](const Body &body) { return paramsOf(body); });
-}
-
-EmbossParams FilterEmboss::paramsOf(const Body &body) const
-{
-    EmbossParams params = m_settings;
-    params.sprite = body.sprite().image();
-    params.base = body.paintedNormalMap().angleImage();
-    return params;
+        [this](const Body & /*body*/) { return m_settings; });
 }

@@ -24,7 +24,5 @@ protected:
     std::unique_ptr<EffectRunner> createRunner() override;
 
 private:
-    EmbossParams paramsOf(const Body &body) const;
-
     EmbossParams m_settings; // without a body
 };

@@ -1,18 +1,13 @@
 #include "tools/effects/PreviewedFilter.h"
 
 #include "framework/UiScale.h"
-#include "model/Body.h"
 #include "model/PixelSelectionModel.h"
-#include "model/PropertyAngleImage.h"
-#include "model/Sprite.h"
 #include "tools/ToolPanel.h"
 #include "tools/effects/EffectRunner.h"
 #include "tools/effects/PositionedDialog.h"
 
 #include <QElapsedTimer>
 #include <QProgressBar>
-
-#include <algorithm>
 
 namespace {
 constexpr std::chrono::milliseconds patience(300); // before a wait is shown
@@ -70,9 +65,8 @@ void PreviewedFilter::watch()
 {
     ChangeManager &changes = ChangeManager::instance();
     for (Body *body : bodies()) {
-        m_watched.push_back({body,
-                             changes.observe(body->sprite(), *this),
-                             changes.observe(body->paintedNormalMap(), *this)});
+        m_observations.push_back(changes.observe(body->sprite(), *this));
+        m_observations.push_back(changes.observe(body->paintedNormalMap(), *this));
     }
     m_selectionConnection =
         connect(context().pixels, &PixelSelectionModel::selectionChanged, this, [this] {
@@ -83,10 +77,9 @@ void PreviewedFilter::watch()
 
 void PreviewedFilter::observableChanged(Observable &observable)
 {
-    for (const WatchedBody &watched : m_watched) {
-        Body &body = *watched.body;
-        if (&observable == &body.sprite() || &observable == &body.paintedNormalMap())
-            requestAnew(&body);
+    for (Body *body : bodies()) {
+        if (&observable == &body->sprite() || &observable == &body->paintedNormalMap())
+            requestAnew(body);
     }
 }
 
@@ -182,7 +175,7 @@ void PreviewedFilter::discardClicked()
 
 void PreviewedFilter::stop()
 {
-    m_watched.clear();
+    m_observations.clear();
     disconnect(m_selectionConnection);
     hideProgress();
     m_runner.reset();

@@ -49,13 +49,6 @@ protected:
     FloatImage selectionOf(const Body &body) const;
 
 private:
-    struct WatchedBody
-    {
-        Body *body;
-        Observation sprite;
-        Observation surface;
-    };
-
     void createProgress();
     void watch();
     void stop();
@@ -68,7 +61,7 @@ private:
 
     QString m_undoText;
     std::unique_ptr<EffectRunner> m_runner; // while it is open
-    std::vector<WatchedBody> m_watched;
+    std::vector<Observation> m_observations;
     QMetaObject::Connection m_selectionConnection;
     QTimer m_patience;
     QTimer m_beat;                     ///< of the progress
