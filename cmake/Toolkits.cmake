@@ -1,6 +1,6 @@
 # The outside libraries, the compiler's settings and the compiler cache.
 
-find_package(Qt5 5.15 REQUIRED COMPONENTS Core Gui Widgets Xml Concurrent Network Svg)
+find_package(Qt5 5.15 REQUIRED COMPONENTS Core Gui Widgets Xml Concurrent Network Svg LinguistTools)
 if(VESPERINE_BUILD_TESTS)
     find_package(Qt5 5.15 REQUIRED COMPONENTS Test)
 endif()
@@ -10,6 +10,11 @@ find_package(ZLIB REQUIRED)
 foreach(module Core Gui GuiPrivate Widgets Xml Concurrent Network Svg Test)
     if(TARGET Qt5::${module} AND NOT TARGET Qt::${module})
         add_library(Qt::${module} ALIAS Qt5::${module})
+    endif()
+endforeach()
+foreach(program rcc lrelease lupdate)
+    if(TARGET Qt5::${program} AND NOT TARGET Qt::${program})
+        add_executable(Qt::${program} ALIAS Qt5::${program})
     endif()
 endforeach()
 

@@ -11,6 +11,9 @@ struct ReadImage
     QByteArray md5Hex;   ///< of the whole content, whether it is an image or not
     QImage image;        ///< 8-bit ARGB, not premultiplied; null when it couldn't be decoded
     QString problem;     ///< why the file wasn't opened or decoded, for the log
+
+    /// The problem in the user's language.
+    QString shownProblem() const;
 };
 
 /// Reads a PNG or JPEG file, told by its content and not by its name. Only regular files of at most

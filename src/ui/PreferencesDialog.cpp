@@ -3,6 +3,7 @@
 #include "base/GSettings.h"
 #include "framework/GApplication.h"
 #include "framework/GPathEdit.h"
+#include "framework/LanguageChoice.h"
 #include "framework/UiScale.h"
 
 #include <QComboBox>
@@ -23,6 +24,7 @@ PreferencesDialog::PreferencesDialog(GApplication &application, QWidget *parent)
     , m_application(application)
     , m_patterns(new GDirectoryEdit(this))
     , m_theme(new QComboBox(this))
+    , m_language(new LanguageChoice(application.settings(), this))
 {
     setWindowTitle(tr("Preferences"));
     m_patterns->setLabel(tr("Custom pattern directory:"));
@@ -56,6 +58,7 @@ PreferencesDialog::PreferencesDialog(GApplication &application, QWidget *parent)
     themeRow->addWidget(m_theme);
     themeRow->addStretch();
     layout->addLayout(themeRow);
+    layout->addWidget(m_language);
     layout->addStretch();
     layout->addWidget(buttons);
     resize(scaled(480), scaled(260));
@@ -65,6 +68,7 @@ void PreferencesDialog::accept()
 {
     m_application.settings().setValue(patternsKey(), m_patterns->path());
     m_application.setTheme(ThemeChoice(m_theme->currentData().toInt()));
+    m_language->store();
     m_application.settings().flush();
     QDialog::accept();
 }

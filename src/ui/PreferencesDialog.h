@@ -4,6 +4,7 @@
 
 class GApplication;
 class GDirectoryEdit;
+class LanguageChoice;
 class QComboBox;
 
 /// What the user sets for the whole program. Settings are written when the dialog is accepted.
@@ -21,4 +22,5 @@ private:
     GApplication &m_application;
     GDirectoryEdit *m_patterns;
     QComboBox *m_theme;
+    LanguageChoice *m_language;
 };
