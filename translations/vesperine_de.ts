@@ -694,6 +694,10 @@ bleibt unverändert.</translation>
         <source>&amp;About %1</source>
         <translation>&amp;Über %1</translation>
     </message>
+    <message>
+        <source>%1 (read-only)</source>
+        <translation>%1 (schreibgeschützt)</translation>
+    </message>
 </context>
 <context>
     <name>GPathEdit</name>
@@ -969,10 +973,6 @@ bleibt unverändert.</translation>
     <message>
         <source>Apply or discard the effect first.</source>
         <translation>Zuerst den Effekt anwenden oder verwerfen.</translation>
-    </message>
-    <message>
-        <source>   x %1  y %2   slope %3, %4   normal %5 %6 %7</source>
-        <translation>   x %1  y %2   Neigung %3, %4   Normale %5 %6 %7</translation>
     </message>
 </context>
 <context>
@@ -1342,6 +1342,13 @@ Mit Alt beginnen | von der Auswahl abziehen</translation>
     </message>
 </context>
 <context>
+    <name>PointedPixelLabel</name>
+    <message>
+        <source>   x %1  y %2   slope %3, %4   normal %5 %6 %7</source>
+        <translation>   x %1  y %2   Neigung %3, %4   Normale %5 %6 %7</translation>
+    </message>
+</context>
+<context>
     <name>PreferencesDialog</name>
     <message>
         <source>Preferences</source>
@@ -1553,6 +1560,33 @@ Mit Alt beginnen | von der Auswahl abziehen</translation>
     <message>
         <source>Reset normalmap: </source>
         <translation>Zurückgesetzte Normal-Map: </translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; was changed by another program since it was opened. Save under another name, or open it again.</source>
+        <translation>„%1“ wurde seit dem Öffnen von einem anderen Programm geändert. Bitte unter anderem Namen speichern oder neu öffnen.</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; is open in %2. Save under another name.</source>
+        <translation>„%1“ ist offen in %2. Bitte unter anderem Namen speichern.</translation>
+    </message>
+</context>
+<context>
+    <name>ProjectLock</name>
+    <message>
+        <source>another program</source>
+        <translation>einem anderen Programm</translation>
+    </message>
+    <message>
+        <source>%1 (process %2) on %3</source>
+        <translation>%1 (Prozess %2) auf %3</translation>
+    </message>
+    <message>
+        <source>%1 (process %2) of %4 on %3</source>
+        <translation>%1 (Prozess %2) von %4 auf %3</translation>
+    </message>
+    <message>
+        <source>%1. If it no longer runs there, remove &apos;%2&apos;</source>
+        <translation>%1. Läuft es dort nicht mehr, dann „%2“ entfernen</translation>
     </message>
 </context>
 <context>
@@ -2158,6 +2192,38 @@ Map</translation>
     <message>
         <source>Cancel</source>
         <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Project in use</source>
+        <translation>Projekt in Gebrauch</translation>
+    </message>
+    <message>
+        <source>%1 is open in %2.</source>
+        <translation>%1 ist offen in %2.</translation>
+    </message>
+    <message>
+        <source>You can open it to read only; Save As... keeps changes elsewhere.</source>
+        <translation>Es lässt sich nur lesend öffnen; „Speichern unter...“ legt Änderungen woanders ab.</translation>
+    </message>
+    <message>
+        <source>Open read-only</source>
+        <translation>Nur lesend öffnen</translation>
+    </message>
+    <message>
+        <source>Project changed on disk</source>
+        <translation>Projektdatei geändert</translation>
+    </message>
+    <message>
+        <source>Another program has changed %1 since you opened it.</source>
+        <translation>Ein anderes Programm hat %1 seit dem Öffnen geändert.</translation>
+    </message>
+    <message>
+        <source>Replacing it loses what the other program wrote; Save As... keeps both.</source>
+        <translation>Beim Ersetzen geht verloren, was das andere Programm schrieb; „Speichern unter...“ behält beides.</translation>
+    </message>
+    <message>
+        <source>Replace</source>
+        <translation>Ersetzen</translation>
     </message>
 </context>
 <context>
