@@ -623,6 +623,10 @@ Bitte den Namen des Ordners prüfen.</translation>
 <context>
     <name>QShortcut</name>
     <message>
+        <source>+</source>
+        <translation>+</translation>
+    </message>
+    <message>
         <source>Ctrl</source>
         <translation>Strg</translation>
     </message>

@@ -32,7 +32,7 @@
     </message>
     <message>
         <source>Reset</source>
-        <translation>Zurücksetzen</translation>
+        <translation>Flach</translation>
     </message>
     <message>
         <source>x %1  y %2</source>
@@ -1125,7 +1125,7 @@ Alt halten | Winkel aus dem Bild aufnehmen</translation>
     </message>
     <message>
         <source>Erase</source>
-        <translation>Radierer</translation>
+        <translation>Radieren</translation>
     </message>
     <message>
         <source>Erase all</source>
@@ -1181,7 +1181,7 @@ X | hoch/tief umschalten</translation>
     </message>
     <message>
         <source>Move</source>
-        <translation>Schieben</translation>
+        <translation>Bewegen</translation>
     </message>
     <message>
         <source>Drag sprites to arrange them in the view.</source>
@@ -1327,6 +1327,57 @@ Mit Alt beginnen | von der Auswahl abziehen</translation>
     </message>
 </context>
 <context>
+    <name>Patterns</name>
+    <message>
+        <source>bark</source>
+        <translation>Rinde</translation>
+    </message>
+    <message>
+        <source>brick</source>
+        <translation>Ziegel</translation>
+    </message>
+    <message>
+        <source>chain-mail</source>
+        <translation>Kettenhemd</translation>
+    </message>
+    <message>
+        <source>hammered-metal</source>
+        <translation>Hammerschlag</translation>
+    </message>
+    <message>
+        <source>hexagons</source>
+        <translation>Sechsecke</translation>
+    </message>
+    <message>
+        <source>leather</source>
+        <translation>Leder</translation>
+    </message>
+    <message>
+        <source>sand</source>
+        <translation>Sand</translation>
+    </message>
+    <message>
+        <source>scales</source>
+        <translation>Schuppen</translation>
+    </message>
+    <message>
+        <source>scratches</source>
+        <translation>Kratzer</translation>
+    </message>
+    <message>
+        <source>stone</source>
+        <translation>Stein</translation>
+    </message>
+    <message>
+        <source>wood-grain</source>
+        <translation>Holzmaserung</translation>
+    </message>
+    <message>
+        <source>woven-cloth</source>
+        <translation>Gewebe</translation>
+    </message>
+</context>
+<context>
     <name>PixelSelectionModel</name>
     <message>
         <source>clear pixel selection</source>
@@ -1345,7 +1396,7 @@ Mit Alt beginnen | von der Auswahl abziehen</translation>
     <name>PointedPixelLabel</name>
     <message>
         <source>   x %1  y %2   slope %3, %4   normal %5 %6 %7</source>
-        <translation>   x %1  y %2   Neigung %3, %4   Normale %5 %6 %7</translation>
+        <translation>   x %1  y %2   Neigung %3; %4   Normale %5 %6 %7</translation>
     </message>
 </context>
 <context>

@@ -12,6 +12,8 @@
 #include <QLabel>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace {
 QString patternsKey()
 {
@@ -61,7 +63,8 @@ PreferencesDialog::PreferencesDialog(GApplication &application, QWidget *parent)
     layout->addWidget(m_language);
     layout->addStretch();
     layout->addWidget(buttons);
-    resize(scaled(480), scaled(260));
+    const int width = scaled(480);
+    resize(width, std::max(scaled(260), layout->totalHeightForWidth(width)));
 }
 
 void PreferencesDialog::accept()

@@ -34,10 +34,11 @@ QString PseudoLocale::translate(const char *context,
     const QString german = m_german.translate(context, source, comment, count);
     QString text = QString::fromUtf8(source);
     // What follows is no text.
-    const QRegularExpression filters(QStringLiteral(" ?\\((\\*\\.?\\w*[ )])+$"));
+    static const QRegularExpression filters(QStringLiteral(" ?\\((\\*\\.?\\w*[ )])+$"));
+    static const QRegularExpression tags(QStringLiteral("<[^>]*>"));
     const QString end = filters.match(text).captured();
     text.chop(end.size());
-    const int plain = QString(text).remove(QRegularExpression(QStringLiteral("<[^>]*>"))).size();
+    const int plain = QString(text).remove(tags).size();
     text += padding(std::max(int(german.size()) - int(end.size()) - plain, (plain * 2 + 4) / 5));
     const bool isTranslated = !german.isEmpty();
     return (isTranslated ? first : firstWithoutGerman) + text +
@@ -46,7 +47,7 @@ QString PseudoLocale::translate(const char *context,
 
 QString PseudoLocale::withoutMarked(QString text)
 {
-    const QRegularExpression marked(
+    static const QRegularExpression marked(
         QStringLiteral("[\u27e6\u27ea][^\u27e6\u27e7\u27ea\u27eb]*[\u27e7\u27eb]"));
     // What stands for a placeholder may be marked, too.
     for (int before = -1; before != text.size();) {

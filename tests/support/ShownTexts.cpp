@@ -13,10 +13,8 @@
 #include <QListWidget>
 #include <QMenuBar>
 #include <QRegularExpression>
-#include <QScrollArea>
+#include <QSet>
 #include <QSpinBox>
-#include <QStyle>
-#include <QStyleOption>
 #include <QToolButton>
 #include <QTreeWidget>
 
@@ -86,12 +84,15 @@ QStringList textsOf(const QObject &object)
 
 bool isUntranslated(const QString &text)
 {
-    QString rest = PseudoLocale::withoutMarked(text);
-    // Files, what patterns are called, rich text, and names that are the same everywhere.
-    rest.remove(QRegularExpression(QStringLiteral("<[^>]*>|\\S*[/.]\\w+|\\S*/")));
-    rest.remove(QRegularExpression(
-        QStringLiteral("\\b(Vesperine|English|Deutsch|Qt|x86_64\\S*|F[0-9]+)\\b|\\[\\*\\]")));
-    return rest.contains(QRegularExpression(QStringLiteral("\\p{L}{2,}")));
+    // Rich text, files, and names that are the same everywhere.
+    static const QRegularExpression exempt(
+        QStringLiteral("<[^>]*>|\\S*[/.]\\w+|\\S*/|\\b(Vesperine|English|Deutsch|F[0-9]+)\\b|"
+                       "#\\w{6}|\\[\\*\\]"));
+    static const QRegularExpression word(QStringLiteral("\\p{L}{2,}"));
+    // What the system tells of itself.
+    if (text.startsWith(QGuiApplication::applicationDisplayName() + QStringLiteral(": ")))
+        return false;
+    return PseudoLocale::withoutMarked(text).remove(exempt).contains(word);
 }
 
 QList<QObject *> objectsWithTexts()
@@ -119,15 +120,6 @@ int widthOfText(const QWidget &widget, const QString &text)
     return widget.fontMetrics().size(Qt::TextShowMnemonic, text).width();
 }
 
-int roomOf(const QComboBox &box)
-{
-    QStyleOptionComboBox option;
-    option.initFrom(&box);
-    const auto part = QStyle::SC_ComboBoxEditField;
-    const int icon = box.itemIcon(box.currentIndex()).isNull() ? 0 : box.iconSize().width() + 4;
-    return box.style()->subControlRect(QStyle::CC_ComboBox, &option, part, &box).width() - icon;
-}
-
 // How many pixels are missing, where that can be told.
 int missingWidth(const QWidget &widget)
 {
@@ -137,8 +129,10 @@ int missingWidth(const QWidget &widget)
         return label->wordWrap() ? label->heightForWidth(label->width()) - label->height()
                                  : label->sizeHint().width() - label->width();
     }
-    if (const auto *box = qobject_cast<const QComboBox *>(&widget))
-        return box->isEditable() ? 0 : widthOfText(*box, box->currentText()) - roomOf(*box);
+    // Names of files, which may be long, don't widen a box.
+    if (const auto *box = qobject_cast<const QComboBox *>(&widget);
+        box && box->sizeAdjustPolicy() != QComboBox::AdjustToMinimumContentsLengthWithIcon)
+        return box->sizeHint().width() - box->width();
     if (const auto *button = qobject_cast<const QAbstractButton *>(&widget)) {
         const auto *tool = qobject_cast<const QToolButton *>(button);
         const bool isSeen =
@@ -175,8 +169,12 @@ int widthOutside(const QWidget &widget)
 QStringList untranslatedTexts()
 {
     QStringList found;
+    static QSet<QString> known;
     for (const QObject *object : objectsWithTexts()) {
         for (const QString &text : textsOf(*object)) {
+            if (text.isEmpty() || known.contains(text))
+                continue;
+            known.insert(text);
             if (isUntranslated(text))
                 found.append(
                     QStringLiteral("not translated: '%1', %2").arg(text, placeOf(*object)));
@@ -184,7 +182,6 @@ QStringList untranslatedTexts()
                 found.append(QStringLiteral("no German: '%1', %2").arg(text, placeOf(*object)));
         }
     }
-    found.removeDuplicates();
     return found;
 }
 

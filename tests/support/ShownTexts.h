@@ -3,7 +3,7 @@
 #include <QStringList>
 
 /// Texts of all windows and actions that are neither marked by PseudoLocale nor names, numbers or
-/// files, and those that lack a German translation.
+/// files, and those that lack a German translation. Each is told once.
 QStringList untranslatedTexts();
 
 enum class FixedSizes { Skipped, Included };

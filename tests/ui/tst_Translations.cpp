@@ -1,17 +1,23 @@
 #include "framework/Language.h"
+#include "model/Body.h"
+#include "model/Project.h"
+#include "model/Sprite.h"
+#include "model/properties/GUndoStack.h"
+#include "model/properties/PropertyListT.h"
+#include "model/properties/PropertyT.h"
 #include "support/PseudoLocale.h"
 #include "support/ShownTexts.h"
 #include "support/Studio.h"
 #include "support/WindowTest.h"
-#include "ui/FeedbackDialog.h"
-#include "ui/PublishDialog.h"
 #include "ui/ToolsSidebar.h"
 #include "ui/WindowPrompts.h"
 
 #include <QAction>
+#include <QActionGroup>
 #include <QDialog>
 #include <QMenu>
 #include <QMenuBar>
+#include <QPointer>
 #include <QTimer>
 
 /// Opens whatever the window can show, and reads it: in a pseudo language, which finds what is not
@@ -35,7 +41,7 @@ private Q_SLOTS:
 private:
     void look();
     void lookAtModal();
-    void runAll(const QList<QAction *> &actions);
+    void runAll(const QList<QAction *> &actions, const std::function<void()> &prepare = {});
 
     bool m_isPseudo = qEnvironmentVariableIsEmpty("LANGUAGE");
     std::unique_ptr<PseudoLocale> m_pseudo;
@@ -48,11 +54,9 @@ namespace {
 // What would end the window or the test.
 bool mayRun(const QAction &action)
 {
-    const QKeySequence keys = action.shortcut();
+    const QStringList ending{"Ctrl+Q"_s, "Ctrl+W"_s, "Ctrl+M"_s, "F11"_s};
     return action.isEnabled() && !action.isSeparator() && !action.menu() &&
-           action.menuRole() != QAction::QuitRole && keys != QKeySequence(QKeySequence::Close) &&
-           keys != QKeySequence(QKeySequence::FullScreen) &&
-           keys != QKeySequence(Qt::CTRL | Qt::Key_M);
+           !ending.contains(action.shortcut().toString(QKeySequence::PortableText));
 }
 
 QList<QAction *> actionsOf(const QMenu &menu)
@@ -110,9 +114,10 @@ void TestTranslations::speaksTheWantedLanguage()
 void TestTranslations::cleanup()
 {
     m_faults.removeDuplicates();
-    const QString faults = m_faults.join(QLatin1Char('\n'));
-    m_faults.clear();
-    QVERIFY2(faults.isEmpty(), qUtf8Printable(faults));
+    const QStringList faults = std::exchange(m_faults, {});
+    for (const QString &fault : faults)
+        qWarning("%s", qUtf8Printable(fault));
+    QVERIFY2(faults.isEmpty(), "see the warnings above");
 }
 
 void TestTranslations::look()
@@ -134,10 +139,14 @@ void TestTranslations::lookAtModal()
 }
 
 // Each shows its panel, or its dialog, which is closed again.
-void TestTranslations::runAll(const QList<QAction *> &actions)
+void TestTranslations::runAll(const QList<QAction *> &actions, const std::function<void()> &prepare)
 {
-    for (QAction *action : actions) {
-        if (!mayRun(*action))
+    // Another project comes with undo actions of its own.
+    const QList<QPointer<QAction>> present(actions.begin(), actions.end());
+    for (const QPointer<QAction> &action : present) {
+        if (prepare)
+            prepare();
+        if (!action || !mayRun(*action))
             continue;
         const bool wasChecked = action->isChecked();
         action->trigger();
@@ -146,7 +155,8 @@ void TestTranslations::runAll(const QList<QAction *> &actions)
             if (auto *dialog = qobject_cast<QDialog *>(window); dialog && dialog->isVisible())
                 dialog->reject();
         }
-        if (action->isCheckable() && !action->actionGroup() && action->isChecked() != wasChecked)
+        if (action && action->isCheckable() && !action->actionGroup() &&
+            action->isChecked() != wasChecked)
             action->trigger();
     }
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
@@ -161,29 +171,35 @@ void TestTranslations::showsTheWindow()
     if (m_isPseudo)
         return;
     // The toolkit's words, too.
-    QCOMPARE(QKeySequence(Qt::CTRL | Qt::Key_S).toString(QKeySequence::NativeText), "Strg+S"_s);
+    QCOMPARE(QKeySequence("Ctrl+S"_s).toString(QKeySequence::NativeText), "Strg+S"_s);
     QCOMPARE(window.menuBar()->actions().first()->text(), "&Datei"_s);
 }
 
 void TestTranslations::showsEveryCommand()
 {
     Studio studio;
-    auto &window = *qobject_cast<MainWindow *>(studio.view().window());
-    runAll(window.findChild<ToolsSidebar *>()->actions());
-    studio.paint({{10, 10}, {20, 20}});
-    look();
-    QFile::remove(window.project().bodies().all().first()->sprite().filename().value().path());
+    auto &window = *qobject_cast<MainWindow *>(studio.viewport().window());
+    // As every command finds it: two sprites, one selected, and something to be lost.
+    const auto prepare = [&studio] {
+        while (studio.bodyCount() < 2)
+            studio.stack().undo();
+        studio.body(1).name().setValue("c"_s, "d"_s, false);
+        studio.select(0);
+    };
+    window.project().publishNormalmapPostfix().setValue("_n"_s); // nothing is asked by an export
+    runAll(window.findChild<ToolsSidebar *>()->actions(), prepare);
     const int before = m_modalCount;
-    runAll(allActions(window));
-    QVERIFY(m_modalCount >= before + 8);
-    window.project().undoStack().markSaved();
+    runAll(allActions(window), prepare);
+    QVERIFY(m_modalCount >= before + 10);
+    window.openPath("/nowhere.vep"_s);
+    studio.stack().markSaved();
 }
 
 // Those that nothing in the menus leads to.
 void TestTranslations::showsEveryQuestion()
 {
     Studio studio;
-    QWidget &window = *studio.view().window();
+    QWidget &window = *studio.viewport().window();
     WindowPrompts prompts(window);
     const QStringList files{"/tmp/a.png"_s};
     prompts.askMissingTextures(files);
@@ -192,7 +208,6 @@ void TestTranslations::showsEveryQuestion()
     prompts.tell(files.first());
     prompts.showTold();
     prompts.askSearchFolder();
-    QCOMPARE(m_modalCount > 0, true);
 }
 
 int main(int argc, char **argv)
