@@ -237,8 +237,16 @@ Esc bricht ab</translation>
         <translation>Laufwerk</translation>
     </message>
     <message>
+        <source>%1 File</source>
+        <translation>%1-Datei</translation>
+    </message>
+    <message>
         <source>File</source>
         <translation>Datei</translation>
+    </message>
+    <message>
+        <source>Unknown</source>
+        <translation>Unbekannt</translation>
     </message>
     <message>
         <source>File Folder</source>

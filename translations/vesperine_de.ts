@@ -349,7 +349,7 @@
     </message>
     <message>
         <source>Bevel and emboss</source>
-        <translation>Abschrägen und Prägen</translation>
+        <translation>Kante und Prägen</translation>
     </message>
     <message>
         <source>Apply</source>
@@ -475,11 +475,11 @@
     <name>FilterCreateRim</name>
     <message>
         <source>Bevel...</source>
-        <translation>Abschrägen...</translation>
+        <translation>Kante abschrägen...</translation>
     </message>
     <message>
         <source>Bevel</source>
-        <translation>Schräge</translation>
+        <translation>Kante</translation>
     </message>
     <message>
         <source>create rim</source>
@@ -697,6 +697,10 @@ bleibt unverändert.</translation>
     <message>
         <source>%1 (read-only)</source>
         <translation>%1 (schreibgeschützt)</translation>
+    </message>
+    <message>
+        <source>“%1”</source>
+        <translation>„%1“</translation>
     </message>
 </context>
 <context>

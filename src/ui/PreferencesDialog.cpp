@@ -1,6 +1,7 @@
 #include "ui/PreferencesDialog.h"
 
 #include "base/GSettings.h"
+#include "framework/ControlSizes.h"
 #include "framework/GApplication.h"
 #include "framework/GPathEdit.h"
 #include "framework/LanguageChoice.h"
@@ -43,6 +44,7 @@ PreferencesDialog::PreferencesDialog(GApplication &application, QWidget *parent)
     m_theme->setCurrentIndex(m_theme->findData(int(application.theme())));
     auto *themeLabel = new QLabel(tr("<b>Appearance:</b>"), this);
     themeLabel->setBuddy(m_theme);
+    themeLabel->setMinimumWidth(scaled(labelColumnWidth));
     m_theme->setAccessibleName(tr("Appearance"));
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
     connect(buttons, &QDialogButtonBox::accepted, this, &PreferencesDialog::accept);
@@ -56,6 +58,7 @@ PreferencesDialog::PreferencesDialog(GApplication &application, QWidget *parent)
     layout->addWidget(hint);
     layout->addSpacing(scaled(8));
     auto *themeRow = new QHBoxLayout;
+    themeRow->setSpacing(scaled(8));
     themeRow->addWidget(themeLabel);
     themeRow->addWidget(m_theme);
     themeRow->addStretch();
