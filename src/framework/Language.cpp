@@ -78,7 +78,7 @@ QString languageToSpeak(const QString &chosen, const QStringList &wanted)
 {
     const QStringList available = availableLanguages();
     for (const QString &name : QStringList{chosen} + wanted) {
-        const QString code = name.section(QLatin1Char('-'), 0, 0).section(QLatin1Char('_'), 0, 0);
+        QString code = name.section(QLatin1Char('-'), 0, 0).section(QLatin1Char('_'), 0, 0);
         if (available.contains(code))
             return code;
     }
