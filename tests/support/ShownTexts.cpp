@@ -84,15 +84,16 @@ QStringList textsOf(const QObject &object)
 
 bool isUntranslated(const QString &text)
 {
-    // Rich text, files, and names that are the same everywhere.
+    // Files, and names that are the same everywhere.
+    static const QRegularExpression tag(QStringLiteral("<[^>]*>"));
     static const QRegularExpression exempt(
-        QStringLiteral("<[^>]*>|\\S*[/.]\\w+|\\S*/|\\b(Vesperine|English|Deutsch|F[0-9]+)\\b|"
-                       "#\\w{6}|\\[\\*\\]"));
+        QStringLiteral("(?<!\\S)[~/]\\S*|\\S+\\.(png|jpe?g|ve[px])\\b|#\\w{6}|\\[\\*\\]|"
+                       "\\b(Vesperine|English|Deutsch|F[0-9]+)\\b"));
     static const QRegularExpression word(QStringLiteral("\\p{L}{2,}"));
     // What the system tells of itself.
     if (text.startsWith(QGuiApplication::applicationDisplayName() + QStringLiteral(": ")))
         return false;
-    return PseudoLocale::withoutMarked(text).remove(exempt).contains(word);
+    return PseudoLocale::withoutMarked(text).remove(tag).remove(exempt).contains(word);
 }
 
 QList<QObject *> objectsWithTexts()
