@@ -37,6 +37,13 @@ QImage litBody(const Body &body, const Light &light)
     return litImage(sprite, exportedNormalMap(body.surface(), sprite), light);
 }
 
+QImage litSurface(const AngleImage &surface, const Light &light)
+{
+    QImage clay(surface.size(), QImage::Format_ARGB32);
+    clay.fill(QColor(176, 176, 176));
+    return litImage(clay, exportedNormalMap(surface, clay), light);
+}
+
 void writePicture(const Project &project,
                   const QImage &picture,
                   const QString &path,

@@ -2,7 +2,9 @@
 #include "cli/Commands.h"
 #include "cli/LitBody.h"
 #include "cli/OpenedProject.h"
+#include "imaging/AngleImage.h"
 #include "model/Project.h"
+#include "model/Sprite.h"
 #include "model/properties/PropertyT.h"
 
 #include <QPainter>
@@ -44,7 +46,8 @@ QImage arranged(const QVector<QImage> &pictures, int side)
     return result;
 }
 
-// The first bodies with a sprite, in the light of a lamp above their upper left corner.
+// The first bodies with a sprite, or else a surface, in the light of a lamp above their upper left
+// corner.
 QVector<QImage> litBodies(const Project &project, Console &console)
 {
     QVector<QImage> pictures;
@@ -56,6 +59,9 @@ QVector<QImage> litBodies(const Project &project, Console &console)
         const QString trouble = loadForLight(*body);
         if (trouble.isEmpty())
             pictures.append(litBody(*body, lamp));
+        else if (!body->sprite().isLoaded() && !body->surface().isNull())
+            // A sandbox shows a thumbnailer the project without its sprites.
+            pictures.append(litSurface(body->surface(), lamp));
         else
             console.tell(QStringLiteral("'%1' is left out: %2").arg(body->name().value(), trouble));
     }
@@ -66,8 +72,8 @@ void writeThumbnail(const ThumbnailOptions &options, const Project &project, Con
 {
     const QVector<QImage> pictures = litBodies(project, console);
     if (pictures.isEmpty())
-        throw Error(QStringLiteral("There is nothing to show: '%1' has no body with a sprite; put "
-                                   "one in with add, or find missing ones with repair")
+        throw Error(QStringLiteral("There is nothing to show: '%1' has no body with a sprite or a "
+                                   "surface; put one in with add, or find missing ones with repair")
                         .arg(options.project));
     writePicture(
         project, arranged(pictures, options.size), options.output, QByteArrayLiteral("png"));
