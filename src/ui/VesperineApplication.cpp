@@ -3,7 +3,9 @@
 #include "base/GLogger.h"
 #include "base/GSettings.h"
 #include "preview/GraphicsCheck.h"
+#include "ui/EditorOptions.h"
 #include "ui/MainWindow.h"
+#include "ui/ProjectFileTypes.h"
 
 #include <QDesktopServices>
 #include <QIcon>
@@ -16,6 +18,8 @@
 void VesperineApplication::prepare()
 {
     GApplication::prepare();
+    // By this name a desktop finds icon and entry of the window.
+    setDesktopFileName(QStringLiteral("org.vesperine.editor"));
     prepareGraphics();
 }
 
@@ -39,6 +43,8 @@ bool VesperineApplication::setUp()
         QTimer::singleShot(0, this, [] { exit(1); });
         return false;
     }
+    for (const FileAssociation &type : projectFileTypes(applicationDirPath()))
+        registerAssociation(type);
     setWindowIcon(QIcon(QStringLiteral(":/Vesperine.png")));
     QDesktopServices::setUrlHandler(QStringLiteral("ve"), this, "handleInternalURLs");
     connect(this, &GApplication::openRequested, this, [this](const QString &path) {
@@ -56,17 +62,14 @@ int VesperineApplication::run()
     GLogger::setVerbosity(GLogger::warnings);
     const QStringList given = arguments().mid(1);
     for (const QString &argument : given) {
-        if (argument == QLatin1String("-v")) {
-            GLogger::setVerbosity(GLogger::information);
-        } else if (argument == QLatin1String("-vv")) {
-            GLogger::setVerbosity(GLogger::debugging);
-        } else if (argument == QLatin1String("-vvv")) {
-            GLogger::setVerbosity(GLogger::everything);
-        } else if (argument == QLatin1String("--flushsettings")) {
-            std::puts("Flushing all settings");
-            settings().clear();
-            settings().flush();
-            return 0;
+        if (const EditorOption *option = findEditorOption(argument)) {
+            if (option->effect == EditorOption::Effect::FlushSettings) {
+                std::puts("Flushing all settings");
+                settings().clear();
+                settings().flush();
+                return 0;
+            }
+            GLogger::setVerbosity(option->verbosity);
         } else if (!argument.startsWith(QLatin1Char('-'))) {
             m_documents.append(argument);
         } else {
