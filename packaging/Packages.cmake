@@ -8,10 +8,10 @@ set(CPACK_PACKAGE_VENDOR "The Vesperine developers")
 set(CPACK_PACKAGE_CONTACT "${VESPERINE_CONTACT}")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "editor of surfaces and normal maps for 2D sprites")
 set(CPACK_PACKAGE_DESCRIPTION
-"Vesperine gives flat 2D sprites a painted surface and writes the normal maps
-with which a game engine lights them. The editor shows sprites under a light that
-you move; vesperine-cli does the same work in scripts and build systems, without a
-display.")
+"Vesperine gives flat 2D sprites a painted surface and writes the normal
+maps with which a game engine lights them. The editor shows sprites under
+a light that you move; vesperine-cli does the same work in scripts and
+build systems, without a display.")
 set(CPACK_PACKAGE_INSTALL_DIRECTORY Vesperine)
 set(CPACK_PACKAGE_EXECUTABLES vesperine Vesperine)
 set(CPACK_RESOURCE_FILE_LICENSE ${PROJECT_SOURCE_DIR}/LICENSE)
@@ -54,7 +54,7 @@ set(CPACK_RPM_EXCLUDE_FROM_AUTO_FILELIST_ADDITION
     /usr/share/applications /usr/share/icons /usr/share/metainfo /usr/share/mime
     /usr/share/mime/packages /usr/share/thumbnailers /usr/share/bash-completion
     /usr/share/bash-completion/completions /usr/share/zsh /usr/share/zsh/site-functions
-    /usr/share/zsh/vendor-completions /usr/share/fish /usr/share/fish/vendor_completions.d)
+    /usr/share/man /usr/share/man/man1 /usr/share/zsh/vendor-completions /usr/share/fish /usr/share/fish/vendor_completions.d)
 foreach(size 16x16 24x24 32x32 48x48 64x64 128x128 256x256 512x512 scalable)
     list(APPEND CPACK_RPM_EXCLUDE_FROM_AUTO_FILELIST_ADDITION /usr/share/icons/hicolor/${size}
         /usr/share/icons/hicolor/${size}/apps /usr/share/icons/hicolor/${size}/mimetypes)

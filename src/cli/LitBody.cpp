@@ -40,7 +40,7 @@ QImage litBody(const Body &body, const Light &light)
 QImage litSurface(const AngleImage &surface, const Light &light)
 {
     QImage clay(surface.size(), QImage::Format_ARGB32);
-    clay.fill(QColor(176, 176, 176));
+    clay.fill(QColor(128, 128, 128));
     return litImage(clay, exportedNormalMap(surface, clay), light);
 }
 
