@@ -94,12 +94,13 @@ std::string valueCases(const CommandDescription &command, const std::string &fun
 {
     std::string cases;
     for (const OptionDescription &option : command.options) {
-        const std::string kind = kindWord(option.value);
         if (option.value.empty())
             continue;
+        const std::string kind = kindWord(option.value);
+        std::string action = function;
+        action.append("_offer \"$word\"").append(kind).append("; return");
         cases +=
-            caseLine(command.name + ":" + option.names.back(),
-                     kind.empty() ? "return" : function + "_offer \"$word\"" + kind + "; return");
+            caseLine(command.name + ":" + option.names.back(), kind.empty() ? "return" : action);
     }
     return cases;
 }

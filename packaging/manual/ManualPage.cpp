@@ -93,7 +93,7 @@ std::string purpose(const ProgramDescription &program)
 std::string manualPage(const ProgramDescription &program)
 {
     std::ostringstream page;
-    page << ".TH " << shown(upperCase(program.name)) << " 1 \"\" \"Vesperine "
+    page << ".TH " << shown(upperCase(program.name)) << R"( 1 "" "Vesperine )"
          << shown(program.version) << "\" \"User Commands\"\n.nh\n.ad l\n.SH NAME\n"
          << shown(program.name) << " \\- " << shown(purpose(program)) << "\n.SH SYNOPSIS\n";
     if (program.commands.empty())

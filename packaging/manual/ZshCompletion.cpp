@@ -40,7 +40,9 @@ std::string optionLines(const CommandDescription &command, const std::string &in
         for (const std::string &name : option.names) {
             const std::string text = replaced(replaced(option.text, "[", "\\["), "]", "\\]");
             const std::string value = option.value.empty() ? "" : valueSpec(option.value);
-            lines += " \\\n" + indent + quoted("*" + name + "[" + text + "]" + value);
+            std::string spec = "*";
+            spec.append(name).append("[").append(text).append("]").append(value);
+            lines += " \\\n" + indent + quoted(spec);
         }
     return lines;
 }

@@ -8,7 +8,7 @@ QByteArray said(const QString &program, const QStringList &arguments)
     process.setProcessChannelMode(QProcess::MergedChannels);
     process.start(program, arguments);
     const bool hasEnded = process.waitForFinished(120000);
-    const QByteArray words = process.readAll();
+    QByteArray words = process.readAll();
     if (!hasEnded || process.exitStatus() != QProcess::NormalExit || process.exitCode() != 0)
         qFatal("%s failed: %s", qPrintable(program), words.constData());
     return words;
