@@ -20,6 +20,7 @@
 #include "ui/NormalMapEditor.h"
 #include "ui/PointedPixelLabel.h"
 #include "ui/PreferencesDialog.h"
+#include "ui/SampleAction.h"
 #include "ui/ShapeTreeView.h"
 #include "ui/SpriteActions.h"
 #include "ui/SpritesSidebar.h"
@@ -159,6 +160,7 @@ void MainWindow::createMenus()
     menuBar()->addMenu(help);
     help->addSeparator();
     help->addAction(m_feedback);
+    addSampleAction(*help, [this](const QStringList &paths) { openOrAdd(paths); });
     connect(m_feedback, &QAction::triggered, this, &MainWindow::showFeedback);
     setGestures(editorGestures());
 }
