@@ -8,6 +8,8 @@ set_source_files_properties(${icons} PROPERTIES MACOSX_PACKAGE_LOCATION Resource
 set_target_properties(vesperine PROPERTIES MACOSX_BUNDLE ON OUTPUT_NAME Vesperine
     MACOSX_BUNDLE_INFO_PLIST ${PROJECT_SOURCE_DIR}/packaging/macos/Info.plist.in)
 install(TARGETS vesperine BUNDLE DESTINATION .)
-find_program(MACDEPLOYQT macdeployqt REQUIRED)
-install(CODE "execute_process(COMMAND \"${MACDEPLOYQT}\"
-    \"\${CMAKE_INSTALL_PREFIX}/Vesperine.app\" COMMAND_ERROR_IS_FATAL ANY)")
+find_program(MACDEPLOYQT macdeployqt)
+if(MACDEPLOYQT)
+    install(CODE "execute_process(COMMAND \"${MACDEPLOYQT}\"
+        \"\${CMAKE_INSTALL_PREFIX}/Vesperine.app\" COMMAND_ERROR_IS_FATAL ANY)")
+endif()

@@ -2,7 +2,11 @@
 # is developed. "cpack -G NSIS" in the build folder, with windeployqt in PATH.
 
 # The toolkit's libraries and plugins come along; those of OpenCV and zlib too.
-find_program(WINDEPLOYQT windeployqt REQUIRED)
+find_program(WINDEPLOYQT windeployqt)
+if(NOT WINDEPLOYQT)
+    message(STATUS "Without windeployqt the installer would lack the toolkit")
+    return()
+endif()
 install(CODE "execute_process(COMMAND \"${WINDEPLOYQT}\" --release --no-translations
     \"\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_BINDIR}/vesperine.exe\" COMMAND_ERROR_IS_FATAL ANY)")
 install(CODE "file(GET_RUNTIME_DEPENDENCIES
