@@ -88,6 +88,7 @@ void addLinks(QTreeWidgetItem &group, const QTextBlock &block, const QUrl &home)
             continue;
         auto *entry = new QTreeWidgetItem(&group, {part.fragment().text()});
         entry->setData(0, pageRole, home.resolved(QUrl(format.anchorHref())));
+        entry->setSizeHint(0, QSize(0, scaled(20)));
     }
 }
 } // namespace
