@@ -110,16 +110,16 @@ void GuideStage::effectTile(const char *effect, const Settings &settings, const 
     m_window.project().undoStack().undo();
 }
 
-void GuideStage::dialog(const QString &text, const char *name)
+void GuideStage::dialog(const QString &action, const char *name)
 {
     DialogScript script;
     script.then([this, name](QWidget &dialog) {
         takeWidget(dialog, name);
         dialog.close();
     });
-    for (QAction *action : m_window.findChildren<QAction *>()) {
-        if (action->text().remove(QLatin1Char('&')) == text)
-            action->trigger();
+    for (QAction *each : m_window.findChildren<QAction *>()) {
+        if (each->text().remove(QLatin1Char('&')) == action)
+            each->trigger();
     }
 }
 
