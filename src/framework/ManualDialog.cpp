@@ -5,7 +5,6 @@
 #include "framework/ThemedIcon.h"
 #include "framework/UiScale.h"
 
-#include <QAction>
 #include <QDialogButtonBox>
 #include <QEvent>
 #include <QFile>
@@ -67,6 +66,18 @@ QString textOf(const QUrl &page)
 QUrl whole(const QUrl &page)
 {
     return page.adjusted(QUrl::RemoveFragment);
+}
+
+QToolButton *createStep(const QString &text, const QString &icon, const QKeySequence &keys)
+{
+    auto *step = new QToolButton;
+    step->setIcon(themedIcon(icon));
+    step->setIconSize(QSize(20, 20) * uiScaleFactor());
+    step->setAutoRaise(true);
+    step->setAccessibleName(text);
+    step->setShortcut(keys);
+    step->setToolTip(QStringLiteral("%1 (%2)").arg(text, keys.toString(QKeySequence::NativeText)));
+    return step;
 }
 
 QTreeWidgetItem *addGroup(QTreeWidget &list, const QString &title)
@@ -157,18 +168,18 @@ void ManualDialog::createContents()
 
 QLayout *ManualDialog::createNavigation()
 {
-    QAction *back =
+    QToolButton *back =
         createStep(tr("Back"), QStringLiteral(":/icons/page_back.svg"), QKeySequence::Back);
-    QAction *forward = createStep(
+    QToolButton *forward = createStep(
         tr("Forward"), QStringLiteral(":/icons/page_forward.svg"), QKeySequence::Forward);
-    QAction *home = createStep(tr("Contents"),
-                               QStringLiteral(":/icons/home.svg"),
-                               QKeySequence(QStringLiteral("Alt+Home")));
-    connect(back, &QAction::triggered, m_browser, &QTextBrowser::backward);
-    connect(forward, &QAction::triggered, m_browser, &QTextBrowser::forward);
-    connect(home, &QAction::triggered, m_browser, &QTextBrowser::home);
-    connect(m_browser, &QTextBrowser::backwardAvailable, back, &QAction::setEnabled);
-    connect(m_browser, &QTextBrowser::forwardAvailable, forward, &QAction::setEnabled);
+    QToolButton *home = createStep(tr("Contents"),
+                                   QStringLiteral(":/icons/home.svg"),
+                                   QKeySequence(QStringLiteral("Alt+Home")));
+    connect(back, &QToolButton::clicked, m_browser, &QTextBrowser::backward);
+    connect(forward, &QToolButton::clicked, m_browser, &QTextBrowser::forward);
+    connect(home, &QToolButton::clicked, m_browser, &QTextBrowser::home);
+    connect(m_browser, &QTextBrowser::backwardAvailable, back, &QWidget::setEnabled);
+    connect(m_browser, &QTextBrowser::forwardAvailable, forward, &QWidget::setEnabled);
     back->setEnabled(false);
     forward->setEnabled(false);
 
@@ -184,27 +195,12 @@ QLayout *ManualDialog::createNavigation()
     connect(next, &QShortcut::activated, this, &ManualDialog::find);
 
     auto *row = new QHBoxLayout;
-    for (QAction *step : {back, forward, home}) {
-        auto *button = new QToolButton;
-        button->setDefaultAction(step);
-        button->setIconSize(QSize(20, 20) * uiScaleFactor());
-        button->setAutoRaise(true);
-        button->setAccessibleName(step->text());
-        row->addWidget(button);
-    }
+    for (QToolButton *step : {back, forward, home})
+        row->addWidget(step);
     row->addStretch();
     row->addWidget(m_outcome);
     row->addWidget(m_search);
     return row;
-}
-
-QAction *
-ManualDialog::createStep(const QString &text, const QString &icon, const QKeySequence &keys)
-{
-    auto *step = new QAction(themedIcon(icon), text, this);
-    step->setShortcut(keys);
-    step->setToolTip(QStringLiteral("%1 (%2)").arg(text, keys.toString(QKeySequence::NativeText)));
-    return step;
 }
 
 void ManualDialog::changeEvent(QEvent *event)

@@ -4,7 +4,6 @@
 #include <QUrl>
 
 QT_BEGIN_NAMESPACE
-class QAction;
 class QLabel;
 class QLineEdit;
 class QTextBrowser;
@@ -29,7 +28,6 @@ private:
     void createBrowser();
     void createContents();
     QLayout *createNavigation();
-    QAction *createStep(const QString &text, const QString &icon, const QKeySequence &keys);
     void followPage(const QUrl &page);
     /// Goes to the next place of the text that is searched for, on this page or one that follows.
     void find();
