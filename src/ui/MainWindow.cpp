@@ -48,7 +48,7 @@ GMainWindow::ApplicationTexts applicationTexts()
 {
     return {MainWindow::tr("Gives flat sprites a surface that a game can light."),
             MainWindow::tr("MIT licence. Made with Qt, OpenCV and OpenGL."),
-            QStringLiteral(":/manual/index.html")};
+            QStringLiteral(":/guide/index.html")};
 }
 
 bool isProjectFile(const QString &path)
