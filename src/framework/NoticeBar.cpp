@@ -5,8 +5,8 @@
 #include <QAction>
 #include <QApplication>
 #include <QEvent>
-#include <QHBoxLayout>
 #include <QLabel>
+#include <QLayout>
 #include <QMainWindow>
 #include <QPushButton>
 
@@ -34,6 +34,7 @@ bool isOfTheHand(QEvent::Type type)
 NoticeBar::NoticeBar(const QString &text, QMainWindow &window)
     : QToolBar(&window)
     , m_window(window)
+    , m_label(new QLabel(text, this))
 {
     setObjectName(QStringLiteral("notice"));
     setMovable(false);
@@ -41,13 +42,13 @@ NoticeBar::NoticeBar(const QString &text, QMainWindow &window)
     // Not among the toolbars that the window's context menu shows and hides.
     toggleViewAction()->setVisible(false);
     setAccessibleName(text);
-    layout()->setContentsMargins(scaled(12), scaled(4), scaled(12), scaled(4));
     layout()->setSpacing(scaled(8));
-    auto *label = new QLabel(text, this);
-    label->setTextFormat(Qt::PlainText);
-    label->setWordWrap(true);
-    label->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
-    addWidget(label);
+    m_label->setTextFormat(Qt::PlainText);
+    m_label->setWordWrap(true);
+    m_label->setMinimumWidth(scaled(240));
+    m_label->setIndent(scaled(8));
+    m_label->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+    addWidget(m_label);
     hide();
     m_rest.setSingleShot(true);
     m_rest.setInterval(std::chrono::seconds(1));
@@ -69,6 +70,13 @@ void NoticeBar::showAtRest()
 {
     qApp->installEventFilter(this);
     m_rest.start();
+}
+
+// A toolbar does not ask a text how high it is in the width that it gets.
+void NoticeBar::resizeEvent(QResizeEvent *event)
+{
+    QToolBar::resizeEvent(event);
+    m_label->setFixedHeight(m_label->heightForWidth(m_label->width()));
 }
 
 bool NoticeBar::eventFilter(QObject *watched, QEvent *event)

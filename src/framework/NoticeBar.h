@@ -4,6 +4,7 @@
 #include <QToolBar>
 
 QT_BEGIN_NAMESPACE
+class QLabel;
 class QMainWindow;
 class QPushButton;
 QT_END_NAMESPACE
@@ -27,11 +28,13 @@ Q_SIGNALS:
     void appeared();
 
 protected:
+    void resizeEvent(QResizeEvent *event) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     void appear();
 
     QMainWindow &m_window;
+    QLabel *m_label;
     QTimer m_rest;
 };

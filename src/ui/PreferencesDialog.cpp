@@ -65,7 +65,8 @@ PreferencesDialog::PreferencesDialog(GApplication &application, QWidget *parent)
     }
     layout->addStretch();
     layout->addWidget(buttons);
-    resize(scaled(480), scaled(260));
+    const int width = scaled(480);
+    resize(width, qMax(scaled(260), layout->totalHeightForWidth(width)));
 }
 
 void PreferencesDialog::accept()
