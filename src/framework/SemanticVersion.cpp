@@ -60,7 +60,7 @@ QString SemanticVersion::toString() const
 
 std::strong_ordering operator<=>(const SemanticVersion &left, const SemanticVersion &right)
 {
-    if (const auto order = compareLists(left.m_core, right.m_core); order != 0)
+    if (const auto order = compareLists(left.m_core, right.m_core); std::is_neq(order))
         return order;
     // What comes before a release is older than it.
     if (left.isPreRelease() != right.isPreRelease())

@@ -6,13 +6,13 @@
 #include <QDateTime>
 
 namespace {
-constexpr qint64 secondsADay = 24 * 60 * 60;
+constexpr qint64 secondsADay = 86400;
 
-constexpr QLatin1String dailyKey("updates/daily");
-constexpr QLatin1String questionKey("updates/questionPut");
-constexpr QLatin1String preReleasesKey("updates/preReleases");
-constexpr QLatin1String skippedKey("updates/skippedVersion");
-constexpr QLatin1String lastKey("updates/lastQuestion");
+const QLatin1String dailyKey("updates/daily");
+const QLatin1String questionKey("updates/questionPut");
+const QLatin1String preReleasesKey("updates/preReleases");
+const QLatin1String skippedKey("updates/skippedVersion");
+const QLatin1String lastKey("updates/lastQuestion");
 } // namespace
 
 SemanticVersion runningVersion()

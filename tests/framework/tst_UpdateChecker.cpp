@@ -169,7 +169,7 @@ private Q_SLOTS:
         const UpdateAnswer &given = answers.first();
         QTEST(given.newer ? given.newer->version.toString() : given.problem, "expected");
         QVERIFY(!m_plain.waitForNewConnection(0));
-        QVERIFY(m_server->endlessBytes < 16 * 1024 * 1024);
+        QVERIFY(m_server->endlessBytes < qint64(16) << 20);
         QVERIFY(m_server->requests.size() <= 4);
         if (path == "/feed"_s) {
             QStringList sent = QString::fromLatin1(m_server->requests.value(0))

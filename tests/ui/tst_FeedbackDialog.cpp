@@ -76,7 +76,7 @@ private Q_SLOTS:
             FeedbackDialog dialog({"Qt: 5"_s, {}, {}}, settings);
             showActive(dialog);
             auto &text = shownChild<QPlainTextEdit>(dialog, "Your feedback"_s);
-            const QString found = text.toPlainText();
+            QString found = text.toPlainText();
             const auto buttons = dialog.findChildren<QAbstractButton *>();
             for (const QAbstractButton *button : buttons)
                 if (button->isVisible() && button->text().contains("mail"_s))
