@@ -215,6 +215,7 @@ private Q_SLOTS:
     {
         GSettings settings;
         QMainWindow window;
+        window.resize(800, 300);
         showActive(window);
         UpdateNotices notices(source(m_server->url("/feed"_s)), settings, window);
         const auto bar = [&] {
