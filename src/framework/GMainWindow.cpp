@@ -370,5 +370,6 @@ QMenu *GMainWindow::createHelpMenu(const ApplicationTexts &texts)
     menu->addActions({m_manual, shortcuts, information});
     menu->addSeparator();
     menu->addAction(about);
+    m_help = menu;
     return menu;
 }

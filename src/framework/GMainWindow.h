@@ -4,12 +4,12 @@
 
 #include <QHash>
 #include <QMainWindow>
+#include <QMenu>
 #include <QPointer>
 
 class GAction;
 class GSettings;
 class QDialog;
-class QMenu;
 class RecentFiles;
 
 /// The window of an application that works on one document at a time: its document actions, its
@@ -40,6 +40,8 @@ public:
 
     /// Opens @p path after asking for unsaved changes; false when it was cancelled or refused.
     bool openPath(const QString &path);
+    /// Puts @p action, which somebody else owns, at the end of the Help menu.
+    void addHelpAction(QAction &action) { m_help->addAction(&action); }
 
 public Q_SLOTS:
     void newDocument();
@@ -120,6 +122,7 @@ private:
     GAction *m_manual;
     GAction *m_fullScreen;
     RecentFiles *m_recent;
+    QMenu *m_help = nullptr;
     QHash<QString, QAction *> m_panelActions;
     QHash<QString, QPointer<QDialog>> m_dialogs;
     QList<ShortcutGroup> m_gestures;

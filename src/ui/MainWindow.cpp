@@ -384,5 +384,5 @@ void MainWindow::showPreferences()
 
 void MainWindow::showFeedback()
 {
-    FeedbackDialog(systemSummary() + systemInformation(), this).exec();
+    FeedbackDialog({systemSummary() + systemInformation()}, m_application.settings(), this).exec();
 }

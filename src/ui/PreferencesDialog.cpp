@@ -1,9 +1,11 @@
 #include "ui/PreferencesDialog.h"
 
+#include "base/BuildOptions.h"
 #include "base/GSettings.h"
 #include "framework/GApplication.h"
 #include "framework/GPathEdit.h"
 #include "framework/UiScale.h"
+#include "framework/UpdateChoice.h"
 
 #include <QComboBox>
 #include <QDialogButtonBox>
@@ -56,15 +58,23 @@ PreferencesDialog::PreferencesDialog(GApplication &application, QWidget *parent)
     themeRow->addWidget(m_theme);
     themeRow->addStretch();
     layout->addLayout(themeRow);
+    if (!updateFeedAddress().isEmpty()) {
+        m_updates = new UpdateChoice(application.settings(), this);
+        layout->addSpacing(scaled(8));
+        layout->addWidget(m_updates);
+    }
     layout->addStretch();
     layout->addWidget(buttons);
-    resize(scaled(480), scaled(260));
+    const int width = scaled(480);
+    resize(width, qMax(scaled(260), layout->totalHeightForWidth(width)));
 }
 
 void PreferencesDialog::accept()
 {
     m_application.settings().setValue(patternsKey(), m_patterns->path());
     m_application.setTheme(ThemeChoice(m_theme->currentData().toInt()));
+    if (m_updates)
+        m_updates->store();
     m_application.settings().flush();
     QDialog::accept();
 }

@@ -1,7 +1,9 @@
 #include "ui/VesperineApplication.h"
 
+#include "base/BuildOptions.h"
 #include "base/GLogger.h"
 #include "base/GSettings.h"
+#include "framework/UpdateNotices.h"
 #include "preview/GraphicsCheck.h"
 #include "ui/EditorOptions.h"
 #include "ui/MainWindow.h"
@@ -85,6 +87,11 @@ void VesperineApplication::launch()
     m_window->show();
     if (!m_documents.isEmpty())
         m_window->openOrAdd(std::exchange(m_documents, {}));
+    if (const QUrl feed = updateFeedAddress(); !feed.isEmpty()) {
+        m_updates = std::make_unique<UpdateNotices>(
+            UpdateChecker::Source{.feed = feed}, settings(), *m_window);
+        m_window->addHelpAction(m_updates->checkAction());
+    }
 }
 
 void VesperineApplication::handleInternalURLs(const QUrl &url)
