@@ -14,11 +14,11 @@ public:
 
     QString searchFolder; ///< empty: missing files are not searched
     bool removesMissing = false;
-    bool clearsResized = false;
+    ResizedAnswer resizedAnswer;
 
     MissingTextures askMissingTextures(const QStringList &files) override;
     QString askSearchFolder() override;
-    bool askClearResized(const QStringList &files) override;
+    ResizedAnswer askResized(const QStringList &files) override;
     void showSummary(const QStringList &changes) override;
     void tell(const QString &message) override;
     bool showProgress(int done, int total) override;

@@ -130,22 +130,57 @@ private:
 
     void addRepair()
     {
-        auto *repair = command("repair", "Find missing sprites, drop them, clear resized surfaces");
+        auto *repair = command("repair", "Find missing sprites, drop them, fit resized surfaces");
         project(repair);
         outputProject(repair);
         repair->add_option("--search", m_search, "Folder to look for missing sprites in");
         repair->add_flag("--remove-missing", m_removeMissing, "Remove bodies without a sprite");
-        repair->add_flag("--clear-resized", m_clearResized, "Clear surfaces of another size");
+        auto *clear =
+            repair->add_flag("--clear-resized", m_clearResized, "Clear surfaces of another size");
+        auto *scale =
+            repair->add_flag("--scale-resized", m_scaleResized, "Scale them to the sprite's size");
+        auto *anchor = repair->add_option(
+            "--anchor-resized", m_anchor, "Give them the sprite's size, with this part in place");
+        anchor->check(CLI::IsMember(anchorWords()))->excludes(clear)->excludes(scale);
+        clear->excludes(scale);
         repair->callback([this] {
             m_command = [this](Console &console) {
                 return runRepair({text(m_project),
                                   text(m_outputProject),
                                   text(m_search),
                                   m_removeMissing,
-                                  m_clearResized},
+                                  resizedAnswer()},
                                  console);
             };
         });
+    }
+
+    static std::vector<std::string> anchorWords()
+    {
+        return {"top-left",
+                "top",
+                "top-right",
+                "left",
+                "middle",
+                "right",
+                "bottom-left",
+                "bottom",
+                "bottom-right"};
+    }
+
+    ResizedAnswer resizedAnswer() const
+    {
+        using Action = ResizedAnswer::Action;
+        const std::pair<const char *, Qt::AlignmentFlag> edges[] = {{"left", Qt::AlignLeft},
+                                                                    {"right", Qt::AlignRight},
+                                                                    {"top", Qt::AlignTop},
+                                                                    {"bottom", Qt::AlignBottom}};
+        Qt::Alignment anchor;
+        for (const auto &[word, edge] : edges)
+            anchor.setFlag(edge, m_anchor.find(word) != std::string::npos);
+        if (!m_anchor.empty())
+            return {Action::Anchor, anchor};
+        return {m_scaleResized ? Action::Scale : m_clearResized ? Action::Clear : Action::Keep, {}};
     }
 
     void addImport()
@@ -255,6 +290,8 @@ private:
     bool m_force = false;
     bool m_removeMissing = false;
     bool m_clearResized = false;
+    bool m_scaleResized = false;
+    std::string m_anchor;
     bool m_json = false;
 };
 } // namespace

@@ -22,6 +22,8 @@ public:
 
     /// Shows the dialog and returns the index of the button, -1 when it was closed without one.
     int choose();
+    /// Puts @p widget, with what it is about beside it, below the list.
+    void addBelowList(QWidget &widget, const QString &explanation);
 
 private:
     int m_chosen = -1;

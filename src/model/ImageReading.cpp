@@ -3,6 +3,7 @@
 #include <QBuffer>
 #include <QColorSpace>
 #include <QCryptographicHash>
+#include <QDateTime>
 #include <QFile>
 #include <QFileInfo>
 #include <QImageReader>
@@ -67,6 +68,16 @@ bool endsAsJpeg(const QByteArray &content)
     return false;
 }
 
+// Some file systems count in steps of two seconds.
+FileStamp settledStampOf(const QString &path)
+{
+    constexpr qint64 coarsest = 2000;
+    const FileStamp stamp = stampOf(path);
+    const bool isFresh = stamp.changed > QDateTime::currentMSecsSinceEpoch() - coarsest ||
+                         stamp.modified > QDateTime::currentMSecsSinceEpoch() - coarsest;
+    return isFresh ? FileStamp{-2, 0, 0} : stamp;
+}
+
 QImage decode(const QByteArray &content, QString *problem)
 {
     const QByteArray format = formatOf(content);
@@ -109,9 +120,20 @@ QImage decode(const QByteArray &content, QString *problem)
 
 } // namespace
 
+FileStamp stampOf(const QString &path)
+{
+    const QFileInfo file(path);
+    if (!file.isFile())
+        return {};
+    return {file.size(),
+            file.fileTime(QFile::FileModificationTime).toMSecsSinceEpoch(),
+            file.fileTime(QFile::FileMetadataChangeTime).toMSecsSinceEpoch()};
+}
+
 ReadImage readImageFile(const QString &path)
 {
     ReadImage result;
+    result.stamp = settledStampOf(path);
     // Anything else, a pipe above all, could keep the program waiting for ever.
     if (!QFileInfo(path).isFile()) {
         result.problem = QStringLiteral("not a file");

@@ -4,6 +4,19 @@
 #include <QImage>
 #include <QString>
 
+/// What tells cheaply whether a file may have another content than before. The default is that of a
+/// file that is not there.
+struct FileStamp
+{
+    qint64 size = -1;
+    qint64 modified = 0; ///< milliseconds since the epoch, as the next one
+    qint64 changed = 0;  ///< also when another file has taken its name
+
+    bool operator==(const FileStamp &) const = default;
+};
+
+FileStamp stampOf(const QString &path);
+
 /// A sprite's file as it was read.
 struct ReadImage
 {
@@ -11,6 +24,9 @@ struct ReadImage
     QByteArray md5Hex;   ///< of the whole content, whether it is an image or not
     QImage image;        ///< 8-bit ARGB, not premultiplied; null when it couldn't be decoded
     QString problem;     ///< why the file wasn't opened or decoded, for the log
+    /// From before the content was read. None that any file has when it was so fresh that another
+    /// content could come under the same stamp.
+    FileStamp stamp;
 };
 
 /// Reads a PNG or JPEG file, told by its content and not by its name. Only regular files of at most

@@ -23,7 +23,7 @@ public:
 
     MissingTextures askMissingTextures(const QStringList &files) override;
     QString askSearchFolder() override;
-    bool askClearResized(const QStringList &files) override;
+    ResizedAnswer askResized(const QStringList &files) override;
     void showSummary(const QStringList &changes) override;
     /// Kept until showTold(), so that many messages make one dialog.
     void tell(const QString &message) override;
