@@ -48,8 +48,9 @@ void ListDialog::addBelowList(QWidget &widget, const QString &explanation)
     row->addWidget(&widget);
     row->addWidget(createQuietText(explanation, this), 1);
     static_cast<QVBoxLayout *>(layout())->insertLayout(belowList, row);
-    // The buttons come after it for the keyboard, too.
-    setTabOrder(findChild<QListWidget *>(), &widget);
+    // The buttons come last for the keyboard, too.
+    for (QPushButton *button : findChildren<QPushButton *>())
+        setTabOrder(previousInFocusChain(), button);
 }
 
 int ListDialog::choose()

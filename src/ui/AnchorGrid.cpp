@@ -24,6 +24,7 @@ public:
         , m_places(places)
     {
         setCheckable(true);
+        setFocusPolicy(Qt::StrongFocus);
         setAccessibleName(name);
         setToolTip(name);
         setFixedSize(scaled(controlHeight), scaled(controlHeight));
@@ -84,9 +85,7 @@ AnchorGrid::AnchorGrid(QWidget *parent)
         m_places->addButton(button, place);
         layout->addWidget(button, place / side, place % side);
     }
-    auto *middle = m_places->button(side * side / 2);
-    middle->setChecked(true);
-    setFocusProxy(middle);
+    m_places->button(side * side / 2)->setChecked(true);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     connect(m_places, &QButtonGroup::idToggled, this, [this] {
         for (QAbstractButton *button : m_places->buttons())
