@@ -48,9 +48,12 @@ void ListDialog::addBelowList(QWidget &widget, const QString &explanation)
     row->addWidget(&widget);
     row->addWidget(createQuietText(explanation, this), 1);
     static_cast<QVBoxLayout *>(layout())->insertLayout(belowList, row);
-    // The buttons come last for the keyboard, too.
-    for (QPushButton *button : findChildren<QPushButton *>())
-        setTabOrder(previousInFocusChain(), button);
+    // For the keyboard, too.
+    QWidget *last = findChild<QListWidget *>();
+    for (QWidget *child : widget.findChildren<QWidget *>()) {
+        setTabOrder(last, child);
+        last = child;
+    }
 }
 
 int ListDialog::choose()

@@ -40,6 +40,8 @@ SpriteWatcher::SpriteWatcher(QObject *parent)
 {
     m_following.setSingleShot(true);
     m_quiet.setSingleShot(true);
+    connect(
+        this, &SpriteWatcher::finished, this, &SpriteWatcher::takeResults, Qt::QueuedConnection);
     connect(&m_following, &QTimer::timeout, this, &SpriteWatcher::follow);
     connect(&m_quiet, &QTimer::timeout, this, &SpriteWatcher::look);
     connect(&m_watcher, &QFileSystemWatcher::fileChanged, this, &SpriteWatcher::fileTouched);
@@ -214,9 +216,14 @@ void SpriteWatcher::lookAtDoubtful()
         }
         return paths;
     };
-    m_looking = PoolTask<QStringList>(differing, [this] {
-        QMetaObject::invokeMethod(this, &SpriteWatcher::takeLooked, Qt::QueuedConnection);
-    });
+    m_looking = PoolTask<QStringList>(differing, [this] { Q_EMIT finished(QPrivateSignal()); });
+}
+
+void SpriteWatcher::takeResults()
+{
+    if (m_looking.isValid() && m_looking.isFinished())
+        takeLooked();
+    takeRead();
 }
 
 void SpriteWatcher::takeLooked()
@@ -224,8 +231,6 @@ void SpriteWatcher::takeLooked()
     read(toSet(m_looking.take()));
     if (!m_quiet.isActive() && !(m_touched.isEmpty() && m_doubtful.isEmpty()))
         look();
-    else
-        settle();
 }
 
 // In this order: what is written after the watches are kept is told by an event.
@@ -249,11 +254,8 @@ void SpriteWatcher::startReading()
         next = m_toRead.erase(next);
         if (!m_files.contains(path))
             continue;
-        m_reading[path] = PoolTask<ReadImage>(
-            [path] { return readImageFile(path); },
-            [this] {
-                QMetaObject::invokeMethod(this, &SpriteWatcher::takeRead, Qt::QueuedConnection);
-            });
+        m_reading[path] = PoolTask<ReadImage>([path] { return readImageFile(path); },
+                                              [this] { Q_EMIT finished(QPrivateSignal()); });
     }
 }
 

@@ -50,6 +50,8 @@ Q_SIGNALS:
     void changed();
     /// All is looked at that was to be.
     void settled();
+    /// A task, told on the pool's thread.
+    void finished(QPrivateSignal);
 
 private:
     using Stamps = QHash<QString, FileStamp>;
@@ -63,6 +65,7 @@ private:
     void schedule();
     void look();
     void lookAtDoubtful();
+    void takeResults();
     void takeLooked();
     void read(const QSet<QString> &paths);
     void startReading();

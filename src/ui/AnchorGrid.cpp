@@ -24,7 +24,7 @@ public:
         , m_places(places)
     {
         setCheckable(true);
-        setFocusPolicy(Qt::StrongFocus);
+        setAutoExclusive(true); // which lets arrow keys go from one to the next
         setAccessibleName(name);
         setToolTip(name);
         setFixedSize(scaled(controlHeight), scaled(controlHeight));
@@ -82,10 +82,13 @@ AnchorGrid::AnchorGrid(QWidget *parent)
     for (const QString &name : names) {
         const int place = m_places->buttons().size();
         auto *button = new PlaceButton(name, *m_places, this);
+        button->setFocusPolicy(Qt::ClickFocus); // by Tab, only the chosen one
         m_places->addButton(button, place);
         layout->addWidget(button, place / side, place % side);
     }
-    m_places->button(side * side / 2)->setChecked(true);
+    auto *middle = m_places->button(side * side / 2);
+    middle->setFocusPolicy(Qt::StrongFocus);
+    middle->setChecked(true);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     connect(m_places, &QButtonGroup::idToggled, this, [this] {
         for (QAbstractButton *button : m_places->buttons())
