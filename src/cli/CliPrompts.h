@@ -16,6 +16,7 @@ public:
     bool removesMissing = false;
     ResizedAnswer resizedAnswer;
 
+    bool askReadOnly(const QString &file, const QString &holder) override;
     MissingTextures askMissingTextures(const QStringList &files) override;
     QString askSearchFolder() override;
     ResizedAnswer askResized(const QStringList &files) override;

@@ -71,10 +71,11 @@ bool endsAsJpeg(const QByteArray &content)
 // Some file systems count in steps of two seconds.
 FileStamp settledStampOf(const QString &path)
 {
-    constexpr qint64 coarsest = 2000;
+    constexpr qint64 coarsest = 2'000'000'000;
+    constexpr qint64 millisecond = 1'000'000;
     const FileStamp stamp = stampOf(path);
-    const bool isFresh = stamp.changed > QDateTime::currentMSecsSinceEpoch() - coarsest ||
-                         stamp.modified > QDateTime::currentMSecsSinceEpoch() - coarsest;
+    const qint64 now = QDateTime::currentMSecsSinceEpoch() * millisecond;
+    const bool isFresh = stamp.modified > now - coarsest;
     return isFresh ? FileStamp{-2, 0, 0} : stamp;
 }
 
@@ -119,16 +120,6 @@ QImage decode(const QByteArray &content, QString *problem)
 }
 
 } // namespace
-
-FileStamp stampOf(const QString &path)
-{
-    const QFileInfo file(path);
-    if (!file.isFile())
-        return {};
-    return {file.size(),
-            file.fileTime(QFile::FileModificationTime).toMSecsSinceEpoch(),
-            file.fileTime(QFile::FileMetadataChangeTime).toMSecsSinceEpoch()};
-}
 
 ReadImage readImageFile(const QString &path)
 {

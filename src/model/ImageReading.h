@@ -1,21 +1,10 @@
 #pragma once
 
+#include "model/FileStamp.h"
+
 #include <QByteArray>
 #include <QImage>
 #include <QString>
-
-/// What tells cheaply whether a file may have another content than before. The default is that of a
-/// file that is not there.
-struct FileStamp
-{
-    qint64 size = -1;
-    qint64 modified = 0; ///< milliseconds since the epoch, as the next one
-    qint64 changed = 0;  ///< also when another file has taken its name
-
-    bool operator==(const FileStamp &) const = default;
-};
-
-FileStamp stampOf(const QString &path);
 
 /// A sprite's file as it was read.
 struct ReadImage

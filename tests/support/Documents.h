@@ -41,13 +41,16 @@ public:
     QVector<MissingTextures> missingAnswers; ///< one a question, then Continue
     QString searchFolder;
     ResizedAnswer resizedAnswer;
+    bool readsOnly = true;
     int cancelsAt = -1;
 
+    QStringList holders;
     QStringList missing;
     QStringList resized;
     QStringList summary;
     QStringList told;
 
+    bool askReadOnly(const QString &file, const QString &holder) override;
     MissingTextures askMissingTextures(const QStringList &files) override;
     QString askSearchFolder() override { return searchFolder; }
     ResizedAnswer askResized(const QStringList &files) override;
