@@ -5,6 +5,33 @@
 
 #include <CLI/CLI.hpp>
 
+namespace {
+std::vector<std::string> anchorWords()
+{
+    return {"top-left",
+            "top",
+            "top-right",
+            "left",
+            "middle",
+            "right",
+            "bottom-left",
+            "bottom",
+            "bottom-right"};
+}
+
+Qt::Alignment anchorOf(const std::string &word)
+{
+    const std::pair<const char *, Qt::AlignmentFlag> edges[] = {{"left", Qt::AlignLeft},
+                                                                {"right", Qt::AlignRight},
+                                                                {"top", Qt::AlignTop},
+                                                                {"bottom", Qt::AlignBottom}};
+    Qt::Alignment anchor;
+    for (const auto &[name, edge] : edges)
+        anchor.setFlag(edge, word.find(name) != std::string::npos);
+    return anchor;
+}
+} // namespace
+
 CommandLine::CommandLine()
     : m_app(std::make_unique<CLI::App>("Gives sprites a surface and writes their normal maps.",
                                        "vesperine-cli"))
@@ -117,23 +144,38 @@ void CommandLine::addChanges()
 
 void CommandLine::addRepair()
 {
-    auto *repair = command("repair", "Find missing sprites, drop them, clear resized surfaces");
+    auto *repair = command("repair", "Find missing sprites, drop them, fit resized surfaces");
     project(repair);
     outputProject(repair);
     repair->add_option("--search", m_search, "Folder to look for missing sprites in")
         ->type_name("FOLDER");
     repair->add_flag("--remove-missing", m_removeMissing, "Remove bodies without a sprite");
-    repair->add_flag("--clear-resized", m_clearResized, "Clear surfaces of another size");
+    auto *clear =
+        repair->add_flag("--clear-resized", m_clearResized, "Clear surfaces of another size");
+    auto *scale =
+        repair->add_flag("--scale-resized", m_scaleResized, "Scale them to the sprite's size");
+    auto *anchor = repair->add_option(
+        "--anchor-resized", m_anchor, "Give them the sprite's size, with this part in place");
+    anchor->check(CLI::IsMember(anchorWords()))->excludes(clear)->excludes(scale);
+    clear->excludes(scale);
     repair->callback([this] {
         m_command = [this](Console &console) {
             return runRepair({text(m_project),
                               text(m_outputProject),
                               text(m_search),
                               m_removeMissing,
-                              m_clearResized},
+                              resizedAnswer()},
                              console);
         };
     });
+}
+
+ResizedAnswer CommandLine::resizedAnswer() const
+{
+    using Action = ResizedAnswer::Action;
+    if (!m_anchor.empty())
+        return {Action::Anchor, anchorOf(m_anchor)};
+    return {m_scaleResized ? Action::Scale : m_clearResized ? Action::Clear : Action::Keep, {}};
 }
 
 void CommandLine::addImport()

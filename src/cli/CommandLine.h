@@ -32,6 +32,7 @@ private:
                    ExitCode (*run)(const ChangeOptions &, Console &));
     void addChanges();
     void addRepair();
+    ResizedAnswer resizedAnswer() const;
     void addImport();
     void addReports();
     void addExport();
@@ -58,5 +59,7 @@ private:
     bool m_force = false;
     bool m_removeMissing = false;
     bool m_clearResized = false;
+    bool m_scaleResized = false;
+    std::string m_anchor;
     bool m_json = false;
 };

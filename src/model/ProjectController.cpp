@@ -14,11 +14,14 @@
 #include "model/PropertyAngleImage.h"
 #include "model/Sprite.h"
 #include "model/SpriteFiles.h"
+#include "model/SurfaceFitting.h"
 #include "model/properties/PropertyT.h"
 
 #include <QDir>
 #include <QFileInfo>
 
+#include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace {
@@ -39,6 +42,15 @@ QStringList pathsOf(const QVector<Body *> &bodies)
 QString lastSpriteImportKey()
 {
     return QStringLiteral("lastSpriteImportPath");
+}
+
+QVector<Body *> resizedAmong(const QVector<Body *> &bodies)
+{
+    QVector<Body *> resized;
+    std::copy_if(bodies.begin(), bodies.end(), std::back_inserter(resized), [](const Body *body) {
+        return body->sprite().isWrongSized();
+    });
+    return resized;
 }
 
 QString bodyName(const QString &path)
@@ -213,7 +225,7 @@ void ProjectController::resolveTextures()
 {
     QStringList changes;
     resolveMissing(changes);
-    resolveResized(changes);
+    changes += resolveResized(m_project->bodies().all());
     if (!changes.isEmpty())
         m_prompts.showSummary(changes);
 }
@@ -337,20 +349,33 @@ void ProjectController::searchMissing(const QString &folder, QStringList &change
     }
 }
 
-void ProjectController::resolveResized(QStringList &changes)
+QVector<Body *> ProjectController::reloadSprites(const QHash<QString, ReadImage> &read)
 {
-    QVector<Body *> resized;
+    QVector<Body *> reloaded;
     for (Body *body : m_project->bodies().all()) {
-        if (body->sprite().isWrongSized())
-            resized.append(body);
+        Sprite &sprite = body->sprite();
+        const auto found = read.find(sprite.filename().value().path());
+        if (found == read.end() || sprite.isOf(*found))
+            continue;
+        const QSize painted = body->paintedSize();
+        // Without a surface, the placeholder of a missing file keeps the size of its image.
+        sprite.load(
+            *found, painted.isEmpty() ? sprite.image().size() : painted, !painted.isEmpty());
+        reloaded.append(body);
     }
-    if (resized.isEmpty() || !m_prompts.askClearResized(pathsOf(resized)))
-        return;
-    const UndoMacro macro(m_project->undoStack(), tr("reset normalmaps"));
-    for (Body *body : std::as_const(resized)) {
-        const QSize size = body->sprite().fileSize();
-        body->paintedNormalMap().setAngleImage(AngleImage(size.width(), size.height()),
-                                               tr("reset normalmap"));
-        changes.append(tr("Reset normalmap: ") + body->name().value());
+    return reloaded;
+}
+
+// Asked again when a file changes once more before its surface has its size.
+QStringList ProjectController::resolveResized(const QVector<Body *> &bodies)
+{
+    QStringList changes;
+    for (auto resized = resizedAmong(bodies); !resized.isEmpty(); resized = resizedAmong(resized)) {
+        const ResizedAnswer answer = m_prompts.askResized(pathsOf(resized));
+        if (answer.action == ResizedAnswer::Action::Keep)
+            break;
+        changes += fitSurfaces(
+            resized, answer, [&](int done) { m_prompts.showProgress(done, resized.size()); });
     }
+    return changes;
 }

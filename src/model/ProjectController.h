@@ -4,6 +4,7 @@
 #include "model/ItemSelectionModel.h"
 
 #include <QCoreApplication>
+#include <QHash>
 #include <QImage>
 #include <QStringList>
 
@@ -15,6 +16,7 @@ class GSettings;
 class ProjectLock;
 class ProjectPrompts;
 struct NormalMapExport;
+struct ReadImage;
 
 /// Carries out the document operations that menus and the command line ask for, by undoable steps.
 /// Owns the selection of bodies and a share of the project; settings and prompts outlive it.
@@ -63,6 +65,12 @@ public:
     void resolveTextures();
     /// Both in turn.
     void checkTextures();
+    /// Shows what was read of sprite files, by their paths, where it is not shown yet; surfaces
+    /// stay as they are. Returns the bodies that show something else now.
+    QVector<Body *> reloadSprites(const QHash<QString, ReadImage> &read);
+    /// Asks what to do with the surfaces of those of @p bodies whose sprites have another size.
+    /// Returns the changes that were made.
+    QStringList resolveResized(const QVector<Body *> &bodies);
     /// Writes the normal maps of all bodies as the project's settings tell; false when the user
     /// cancels. Throws Error at the first failure. Maps that were written before stay.
     bool saveNormalMaps();
@@ -88,7 +96,6 @@ private:
     QVector<Body *> missingBodies() const;
     void resolveMissing(QStringList &changes);
     void searchMissing(const QString &folder, QStringList &changes);
-    void resolveResized(QStringList &changes);
 
     GSettings &m_settings;
     ProjectPrompts &m_prompts;

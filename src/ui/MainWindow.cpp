@@ -170,9 +170,7 @@ void MainWindow::createEditMenu()
     QMenu *edit = menuBar()->addMenu(tr("&Edit"));
     m_undoActions = new UndoActions(*edit, this);
     edit->addSeparator();
-    edit->addAction(&m_spriteActions->addSprites());
-    edit->addAction(&m_spriteActions->removeSprites());
-    edit->addAction(&m_spriteActions->renameSprite());
+    m_spriteActions->addEditActions(*edit);
     edit->addSeparator();
     m_tools->addEditActions(*edit);
     edit->addSeparator();
@@ -243,6 +241,7 @@ void MainWindow::installProject()
     Project &project = m_controller.project();
     m_sprites->setProject(&project);
     m_editor->setProject(&project);
+    m_spriteActions->setProject(&project);
     m_undoActions->setStack(project.undoStack());
     m_tools->reloadTools();
     connect(&project.undoStack(), &GUndoStack::indexChanged, this, [this] {
@@ -290,6 +289,7 @@ bool MainWindow::loadDocument(const QString &path)
         return false;
     }
     m_prompts.showTold();
+    const PromptedTask task(m_prompts, tr("Fitting surfaces"), false);
     m_controller.resolveTextures();
     updateActions();
     return true;
