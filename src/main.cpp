@@ -1,5 +1,6 @@
 #include "base/GLogger.h"
 #include "base/Resources.h"
+#include "framework/CrashLog.h"
 #include "ui/VesperineApplication.h"
 
 #include <cstdio>
@@ -10,6 +11,7 @@ int main(int argc, char **argv)
     GLogger::install();
     initialiseResources();
     VesperineApplication::prepare();
+    CrashLog::start();
     // The application object would abort without a display.
     if (const QString problem = GApplication::missingDisplay(argc, argv); !problem.isEmpty()) {
         std::fprintf(stderr, "%s vesperine-cli works without one.\n", qPrintable(problem));
