@@ -108,14 +108,14 @@ std::optional<CrashLog::Report> CrashLog::takeUnread(const QString &folder)
 {
     std::optional<Report> newest;
     for (const QFileInfo &report : reportsIn(folder, QStringLiteral("fault-*.new.txt"))) {
+        const QDateTime time = report.lastModified(); // later there is no such file
         // Before it is shown: what can't be shown is not tried at every start.
         QString path = report.filePath();
         path.replace(QLatin1String(".new.txt"), QLatin1String(".txt"));
         QFile file(report.filePath());
         if (!file.rename(path) || newest || !file.open(QIODevice::ReadOnly))
             continue;
-        newest = Report{
-            path, report.lastModified(), withReadableNames(QString::fromUtf8(file.read(longest)))};
+        newest = Report{path, time, withReadableNames(QString::fromUtf8(file.read(longest)))};
     }
     return newest;
 }

@@ -31,7 +31,7 @@ CrashReportDialog::CrashReportDialog(const CrashLog::Report &report, QWidget *pa
     setWindowTitle(tr("Crash Report"));
     resize(scaled(640), scaled(480));
     const QString time = QLocale().toString(report.time, QLocale::ShortFormat);
-    auto *what = createText(tr("%1 ended by a fault of its own on %2. ")
+    auto *what = createText(tr("%1 ended unexpectedly on %2. ")
                                 .arg(QGuiApplication::applicationDisplayName(), time) +
                             CrashLog::explain(report));
     QFont strong = font();

@@ -134,6 +134,7 @@ private Q_SLOTS:
                                     QStringLiteral("\nSignal: %1 SIG").arg(signal),
                                     QStringLiteral("Renderer: a slow one")})
             QVERIFY2(text.contains(part), qPrintable(text));
+        QVERIFY(qAbs(report->time.secsTo(QDateTime::currentDateTime())) < 60);
         QVERIFY(!CrashLog::explain(*report).isEmpty());
         QVERIFY(!CrashLog::takeUnread(m_folder.path(QString()))); // once
         if (function.isEmpty())
