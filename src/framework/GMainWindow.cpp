@@ -131,7 +131,7 @@ bool GMainWindow::save()
 {
     finishEditing();
     const QString path = documentPath();
-    return path.isEmpty() ? saveAs() : finishSaving(storeDocument(path));
+    return path.isEmpty() || isDocumentReadOnly() ? saveAs() : finishSaving(storeDocument(path));
 }
 
 bool GMainWindow::saveAs()
@@ -247,6 +247,9 @@ void GMainWindow::updateTitle()
     QString name = documentName();
     // Doubled, the placeholder of the modified mark stands for itself.
     name.replace(QLatin1String("[*]"), QLatin1String("[*][*]"));
+    if (isDocumentReadOnly())
+        name = tr("%1 (read-only)").arg(name);
+    m_save->setEnabled(!isDocumentReadOnly());
     setWindowFilePath(documentPath());
     setWindowTitle(
         QStringLiteral("%1[*] \u2013 %2").arg(name, QGuiApplication::applicationDisplayName()));

@@ -7,13 +7,12 @@
 class ExportActions;
 class GApplication;
 class NormalMapEditor;
-class QLabel;
+class PointedPixelLabel;
 class SpriteActions;
 class SpritesSidebar;
 class ToolsSidebar;
 class UndoActions;
 class ZoomWidget;
-struct PointedPixel;
 
 /// The program's one window, which works on one project at a time: list and light on the left, the
 /// preview in the middle, tools on the right. It places the panels and joins them; what they do is
@@ -41,6 +40,7 @@ protected:
     bool storeDocument(const QString &path) override;
     QString documentPath() const override;
     bool isDocumentModified() const override;
+    bool isDocumentReadOnly() const override;
     QString systemInformation() const override;
     QWidget *documentWidget() const override;
 
@@ -58,7 +58,6 @@ private:
     void installProject();
     void lockForEffect(bool isOpen);
     void updateActions();
-    void showPointedPixel(const PointedPixel &pixel);
     void showFeedback();
 
     GApplication &m_application;
@@ -68,7 +67,7 @@ private:
     NormalMapEditor *m_editor;
     ToolsSidebar *m_tools;
     ZoomWidget *m_zoom;
-    QLabel *m_pointed;
+    PointedPixelLabel *m_pointed;
     SpriteActions *m_spriteActions;
     ExportActions *m_exportActions;
     UndoActions *m_undoActions = nullptr;
