@@ -8,7 +8,7 @@
 class LogFile
 {
 public:
-    static constexpr qint64 limit = 1024 * 1024; ///< bytes of each of the two files
+    static constexpr qint64 limit = 1 << 20; ///< bytes of each of the two files
 
     /// Makes the folder when it is missing.
     void open(const QString &folder);

@@ -75,7 +75,7 @@ public:
         // A sanitizer has given each thread one already.
         if (sigaltstack(nullptr, &present) != 0 || (present.ss_flags & SS_DISABLE) == 0)
             return;
-        const auto size = std::max<std::size_t>(std::size_t(SIGSTKSZ), 64 * 1024);
+        const auto size = std::max<std::size_t>(std::size_t(SIGSTKSZ), 1 << 16);
         m_memory = std::make_unique_for_overwrite<char[]>(size); // NOLINT(*-avoid-c-arrays)
         stack_t stack{};
         stack.ss_sp = m_memory.get();
@@ -178,7 +178,8 @@ void *faultyInstruction(const void *context)
 {
     const auto &machine = static_cast<const ucontext_t *>(context)->uc_mcontext;
 #if defined(__x86_64__)
-    return reinterpret_cast<void *>(machine.gregs[REG_RIP]);
+    return reinterpret_cast<void *>( // NOLINT(performance-no-int-to-ptr)
+        machine.gregs[REG_RIP]);
 #elif defined(__aarch64__)
     return reinterpret_cast<void *>(machine.pc);
 #else

@@ -18,7 +18,7 @@
 
 namespace {
 
-constexpr qint64 longest = 1024 * 1024; // bytes of a report that are read
+constexpr qint64 longest = 1 << 20; // bytes of a report that are read
 
 QString tr(const char *text)
 {
@@ -55,7 +55,7 @@ QString readableName(const QString &symbol)
     int status = 0;
     char *const name =
         abi::__cxa_demangle(symbol.toLatin1().constData(), nullptr, nullptr, &status);
-    const QString readable = name ? QString::fromUtf8(name) : symbol;
+    QString readable = name ? QString::fromUtf8(name) : symbol;
     std::free(name); // NOLINT(*-no-malloc): the library's way to hand it over
     return readable;
 #else

@@ -31,9 +31,9 @@ CrashReportDialog::CrashReportDialog(const CrashLog::Report &report, QWidget *pa
     setWindowTitle(tr("Crash Report"));
     resize(scaled(640), scaled(480));
     const QString time = QLocale().toString(report.time, QLocale::ShortFormat);
-    auto *what = createText(tr("%1 ended unexpectedly on %2. ")
-                                .arg(QGuiApplication::applicationDisplayName(), time) +
-                            CrashLog::explain(report));
+    auto *what = createText(
+        tr("%1 ended unexpectedly on %2. ").arg(QGuiApplication::applicationDisplayName(), time) +
+        CrashLog::explain(report));
     QFont strong = font();
     strong.setWeight(QFont::DemiBold);
     what->setFont(strong);

@@ -123,12 +123,14 @@ QWidget *ShortcutsDialog::createEditor()
     layout->addWidget(m_command);
     layout->addLayout(keys);
     layout->addLayout(told);
+    QWidget::setTabOrder(m_edit, m_takeOver);
     return editor;
 }
 
 void ShortcutsDialog::connectEditor()
 {
     connect(m_search, &QLineEdit::textChanged, this, &ShortcutsDialog::filter);
+    connect(m_search, &QLineEdit::returnPressed, this, &ShortcutsDialog::goToFirst);
     connect(m_list, &QTreeWidget::currentItemChanged, this, &ShortcutsDialog::showCurrent);
     connect(m_list, &QTreeWidget::itemActivated, m_edit, [this] { m_edit->setFocus(); });
     connect(m_edit, &KeyEdit::pressed, this, &ShortcutsDialog::take);
@@ -216,6 +218,17 @@ void ShortcutsDialog::filter()
     }
 }
 
+void ShortcutsDialog::goToFirst()
+{
+    for (QTreeWidgetItemIterator row(m_list, QTreeWidgetItemIterator::NotHidden); *row; ++row) {
+        if ((*row)->parent()) {
+            m_list->setCurrentItem(*row);
+            m_list->setFocus();
+            return;
+        }
+    }
+}
+
 QAction *ShortcutsDialog::current() const
 {
     const QTreeWidgetItem *row = m_list->currentItem();
@@ -240,7 +253,9 @@ void ShortcutsDialog::showCurrent()
 void ShortcutsDialog::take(const QKeySequence &keys)
 {
     const QAction *command = current();
-    if (!command)
+    // The way to the button that takes a key over is no other choice.
+    const bool isLeaving = keys == QKeySequence(Qt::Key_Tab) && m_takeOver->isVisible();
+    if (!command || isLeaving)
         return;
     const QString refusal = m_shortcuts.refusal(keys);
     const QAction *holder = m_shortcuts.holder(keys);
@@ -260,7 +275,7 @@ void ShortcutsDialog::take(const QKeySequence &keys)
         return; // the field shows what would be taken over
     } else {
         tell(refusal.isEmpty() ? tr("%1 stays with %2.").arg(textOf(keys), quoted(*holder))
-                               : refusal,
+                               : tr("%1 Choose other keys.").arg(refusal),
              true);
     }
     m_edit->setKeySequence(command->shortcut());

@@ -11,6 +11,7 @@ QT_BEGIN_NAMESPACE
 class QAction;
 class QKeySequence;
 class QLabel;
+class QLineEdit;
 class QPushButton;
 class QTreeWidget;
 class QTreeWidgetItem;
@@ -35,6 +36,7 @@ private:
     void addGestures();
     QTreeWidgetItem *addGroup(const QString &title);
     void filter();
+    void goToFirst();
     void showKeys(QTreeWidgetItem &row, const QAction &command);
     void showCurrent();
     void take(const QKeySequence &keys);
@@ -47,7 +49,7 @@ private:
 
     Shortcuts &m_shortcuts;
     const QList<ShortcutGroup> m_gestures;
-    class QLineEdit *m_search;
+    QLineEdit *m_search;
     QTreeWidget *m_list;
     QLabel *m_command;
     KeyEdit *m_edit;

@@ -37,7 +37,7 @@ Q_NEVER_INLINE int writeNowhere()
 }
 
 // NOLINTNEXTLINE(misc-no-recursion): until there is no room left
-Q_NEVER_INLINE int callForEver(int *former)
+Q_NEVER_INLINE int callForEver(const int *former)
 {
     volatile int room[1000] = {}; // NOLINT(*-avoid-c-arrays)
     room[0] = *former + 1;
@@ -105,10 +105,10 @@ private Q_SLOTS:
         QTest::addColumn<QString>("function");
         QTest::newRow("abort") << SIGABRT << "stopItself()";
         QTest::newRow("write") << SIGSEGV << "writeNowhere()";
-        QTest::newRow("overflow") << SIGSEGV << "callForEver(int*)";
+        QTest::newRow("overflow") << SIGSEGV << "callForEver(int const*)";
         QTest::newRow("pool-abort") << SIGABRT << "stopItself()";
         QTest::newRow("pool-write") << SIGSEGV << "writeNowhere()";
-        QTest::newRow("pool-overflow") << SIGSEGV << "callForEver(int*)";
+        QTest::newRow("pool-overflow") << SIGSEGV << "callForEver(int const*)";
         // The report breaks off, and the program ends all the same.
         QTest::newRow("spoilt") << SIGSEGV << "";
     }
