@@ -1,5 +1,6 @@
 #include "base/GLogger.h"
 #include "base/Resources.h"
+#include "framework/CrashLog.h"
 #include "ui/EditorOptions.h"
 #include "ui/VesperineApplication.h"
 
@@ -13,6 +14,7 @@ int main(int argc, char **argv)
     VesperineApplication::prepare();
     if (answerFromCommandLine(argc, argv))
         return 0;
+    CrashLog::start();
     // The application object would abort without a display.
     if (const QString problem = GApplication::missingDisplay(argc, argv); !problem.isEmpty()) {
         std::fprintf(stderr, "%s vesperine-cli works without one.\n", qPrintable(problem));

@@ -5,6 +5,7 @@
 #include "framework/GAction.h"
 #include "framework/ManualDialog.h"
 #include "framework/RecentFiles.h"
+#include "framework/Shortcuts.h"
 #include "framework/ShortcutsDialog.h"
 #include "framework/SystemInformationDialog.h"
 #include "framework/WindowLayout.h"
@@ -40,11 +41,13 @@ QList<QKeySequence> platformKeys(QKeySequence::StandardKey key, const char *fall
 }
 
 GAction *createAction(GMainWindow *window,
+                      const char *id,
                       const QString &text,
                       const QList<QKeySequence> &keys,
                       QAction::MenuRole role = QAction::NoRole)
 {
     auto *action = new GAction(text, window);
+    action->setObjectName(QLatin1String(id));
     action->setShortcuts(keys);
     action->setMenuRole(role);
     return action;
@@ -61,17 +64,20 @@ GMainWindow::GMainWindow(GSettings &settings, const DocumentType &type, QWidget 
     : QMainWindow(parent)
     , m_settings(settings)
     , m_type(type)
-    , m_new(createAction(this, tr("&New"), platformKeys(QKeySequence::New, "Ctrl+N")))
-    , m_open(createAction(this, tr("&Open..."), platformKeys(QKeySequence::Open, "Ctrl+O")))
-    , m_save(createAction(this, tr("&Save"), platformKeys(QKeySequence::Save, "Ctrl+S")))
-    , m_saveAs(
-          createAction(this, tr("Save &As..."), platformKeys(QKeySequence::SaveAs, "Ctrl+Shift+S")))
-    , m_close(createAction(this, tr("&Close"), platformKeys(QKeySequence::Close, "Ctrl+W")))
+    , m_new(createAction(this, "new", tr("&New"), platformKeys(QKeySequence::New, "Ctrl+N")))
+    , m_open(createAction(this, "open", tr("&Open..."), platformKeys(QKeySequence::Open, "Ctrl+O")))
+    , m_save(createAction(this, "save", tr("&Save"), platformKeys(QKeySequence::Save, "Ctrl+S")))
+    , m_saveAs(createAction(
+          this, "saveAs", tr("Save &As..."), platformKeys(QKeySequence::SaveAs, "Ctrl+Shift+S")))
+    , m_close(
+          createAction(this, "close", tr("&Close"), platformKeys(QKeySequence::Close, "Ctrl+W")))
     , m_quit(createAction(
-          this, tr("&Quit"), platformKeys(QKeySequence::Quit, "Ctrl+Q"), QAction::QuitRole))
-    , m_manual(createAction(this, tr("&Manual"), platformKeys(QKeySequence::HelpContents, "F1")))
-    , m_fullScreen(
-          createAction(this, tr("&Full Screen"), platformKeys(QKeySequence::FullScreen, "F11")))
+          this, "quit", tr("&Quit"), platformKeys(QKeySequence::Quit, "Ctrl+Q"), QAction::QuitRole))
+    , m_manual(createAction(
+          this, "manual", tr("&Manual"), platformKeys(QKeySequence::HelpContents, "F1")))
+    , m_fullScreen(createAction(
+          this, "fullScreen", tr("&Full Screen"), platformKeys(QKeySequence::FullScreen, "F11")))
+    , m_shortcuts(new Shortcuts(settings, *this))
     , m_recent(new RecentFiles(settings, tr("Open &Recent"), this))
 {
     connect(m_new, &QAction::triggered, this, &GMainWindow::newDocument);
@@ -260,6 +266,7 @@ void GMainWindow::setReplaceable(bool isReplaceable)
 void GMainWindow::restoreLayout()
 {
     ::restoreLayout(*this, m_settings);
+    m_shortcuts->apply();
     for (auto panel = m_panelActions.cbegin(); panel != m_panelActions.cend(); ++panel)
         panel.value()->setChecked(
             m_settings.value(panelKey(panel.key()), panel.value()->isChecked()).toBool());
@@ -316,7 +323,7 @@ QMenu *GMainWindow::createWindowMenu(const QList<QWidget *> &panels)
 {
     auto *menu = new QMenu(tr("&Window"), this);
     GAction *minimise =
-        createAction(this, tr("Mi&nimise"), {QKeySequence(QStringLiteral("Ctrl+M"))});
+        createAction(this, "minimise", tr("Mi&nimise"), {QKeySequence(QStringLiteral("Ctrl+M"))});
     connect(minimise, &QAction::triggered, this, &QWidget::showMinimized);
     menu->addActions({minimise, m_fullScreen});
     menu->addSeparator();
@@ -345,9 +352,10 @@ void GMainWindow::showOnce(const QString &name, Create create)
 QMenu *GMainWindow::createHelpMenu(const ApplicationTexts &texts)
 {
     auto *menu = new QMenu(tr("&Help"), this);
-    GAction *shortcuts = createAction(this, tr("Keyboard &Shortcuts"), {});
-    GAction *information = createAction(this, tr("System &Information"), {});
+    GAction *shortcuts = createAction(this, "shortcuts", tr("Keyboard &Shortcuts"), {});
+    GAction *information = createAction(this, "systemInformation", tr("System &Information"), {});
     GAction *about = createAction(this,
+                                  "about",
                                   tr("&About %1").arg(QGuiApplication::applicationDisplayName()),
                                   {},
                                   QAction::AboutRole);
@@ -356,7 +364,7 @@ QMenu *GMainWindow::createHelpMenu(const ApplicationTexts &texts)
     });
     connect(shortcuts, &QAction::triggered, this, [this] {
         showOnce(QStringLiteral("shortcuts"),
-                 [this] { return new ShortcutsDialog(shortcutGroups(*this, m_gestures), this); });
+                 [this] { return new ShortcutsDialog(*m_shortcuts, m_gestures, this); });
     });
     connect(information, &QAction::triggered, this, [this] {
         showOnce(QStringLiteral("information"), [this] {

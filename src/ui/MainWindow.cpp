@@ -159,6 +159,7 @@ void MainWindow::createMenus()
     QMenu *help = createHelpMenu(applicationTexts());
     menuBar()->addMenu(help);
     help->addSeparator();
+    m_feedback->setObjectName(QStringLiteral("feedback"));
     help->addAction(m_feedback);
     addSampleAction(*help, [this](const QStringList &paths) { openOrAdd(paths); });
     connect(m_feedback, &QAction::triggered, this, &MainWindow::showFeedback);
@@ -175,6 +176,7 @@ void MainWindow::createEditMenu()
     m_tools->addEditActions(*edit);
     edit->addSeparator();
     edit->addAction(m_preferences);
+    m_preferences->setObjectName(QStringLiteral("preferences"));
     m_preferences->setShortcut(QKeySequence(QStringLiteral("Ctrl+,")));
     m_preferences->setMenuRole(QAction::PreferencesRole);
     connect(m_preferences, &QAction::triggered, this, &MainWindow::showPreferences);
@@ -195,14 +197,12 @@ void MainWindow::createToolBar()
     QToolBar *bar = addToolBar(tr("Toolbar"));
     bar->setObjectName(QStringLiteral("toolbar"));
     bar->setMovable(false);
-    bar->addAction(&openAction());
-    bar->addAction(&saveAction());
+    bar->addActions({&openAction(), &saveAction()});
     bar->addSeparator();
     bar->addAction(&m_spriteActions->addSprites());
     bar->addAction(&m_spriteActions->removeSprites());
     bar->addSeparator();
-    bar->addAction(&m_undoActions->undoButton());
-    bar->addAction(&m_undoActions->redoButton());
+    bar->addActions({&m_undoActions->undoButton(), &m_undoActions->redoButton()});
     bar->addSeparator();
     bar->addAction(&m_exportActions->exportNormals());
     bar->addAction(&m_exportActions->exportLitSprite());

@@ -37,6 +37,10 @@ SpriteActions::SpriteActions(ProjectController &controller,
           new GAction(themedIcon(QStringLiteral(":/icons/select_all.svg")), tr("Select all"), this))
     , m_reloading(new SpriteReloading(controller, prompts, editor, this))
 {
+    m_add->setObjectName(QStringLiteral("addSprites"));
+    m_remove->setObjectName(QStringLiteral("removeSprites"));
+    m_rename->setObjectName(QStringLiteral("renameSprite"));
+    m_selectAll->setObjectName(QStringLiteral("selectAll"));
     m_add->setStatusTip(tr("Add a new sprite"));
     m_remove->setStatusTip(tr("Remove selected sprites"));
     m_remove->setShortcut(QKeySequence(Qt::Key_Delete));

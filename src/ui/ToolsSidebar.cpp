@@ -258,6 +258,7 @@ std::vector<AngleImageTool *> ToolsSidebar::allTools() const
 void ToolsSidebar::registerActions()
 {
     for (const AngleImageTool *tool : allTools()) {
+        tool->action().setObjectName(nameOf(*tool));
         m_actions->addAction(&tool->action());
         addAction(&tool->action());
     }

@@ -3,7 +3,10 @@
 #include "base/BuildOptions.h"
 #include "base/GLogger.h"
 #include "base/GSettings.h"
+#include "framework/CrashHandler.h"
+#include "framework/CrashReportDialog.h"
 #include "framework/UpdateNotices.h"
+#include "imaging/PoolThread.h"
 #include "preview/GraphicsCheck.h"
 #include "ui/EditorOptions.h"
 #include "ui/MainWindow.h"
@@ -38,7 +41,11 @@ VesperineApplication::~VesperineApplication()
 
 bool VesperineApplication::setUp()
 {
-    if (const QString problem = checkGraphics(); !problem.isEmpty()) {
+    setPoolThreadPrologue(CrashHandler::prepareThread);
+    QString graphics;
+    const QString problem = checkGraphics(&graphics);
+    CrashHandler::setGraphics(graphics.toUtf8());
+    if (!problem.isEmpty()) {
         QMessageBox box(QMessageBox::Critical, tr("Error"), problem);
         box.addButton(tr("Quit"), QMessageBox::RejectRole);
         box.exec();
@@ -85,6 +92,7 @@ void VesperineApplication::launch()
 {
     m_window = std::make_unique<MainWindow>(*this);
     m_window->show();
+    CrashReportDialog::showLast(m_window.get());
     if (!m_documents.isEmpty())
         m_window->openOrAdd(std::exchange(m_documents, {}));
     if (const QUrl feed = updateFeedAddress(); !feed.isEmpty()) {
