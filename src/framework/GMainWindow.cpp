@@ -17,8 +17,11 @@
 #include <QMenu>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScopedValueRollback>
 #include <QStandardPaths>
 #include <QToolBar>
+
+#include <utility>
 
 namespace {
 
@@ -123,23 +126,34 @@ bool GMainWindow::openPath(const QString &path)
 
 bool GMainWindow::save()
 {
+    if (m_isStoring)
+        return false;
     finishEditing();
     const QString path = documentPath();
-    return path.isEmpty() ? saveAs() : finishSaving(storeDocument(path));
+    return path.isEmpty() ? saveAs() : store(path);
 }
 
 bool GMainWindow::saveAs()
 {
     finishEditing();
     const QString path = chooseSavePath();
-    return !path.isEmpty() && finishSaving(storeDocument(path));
+    return !path.isEmpty() && store(path);
 }
 
-bool GMainWindow::finishSaving(bool isStored)
+// Storing may show its progress, and the desktop's requests come through then: nothing takes the
+// place of what is being stored, and a window that shall close does so once it is.
+bool GMainWindow::store(const QString &path)
 {
+    bool isStored = false;
+    {
+        const QScopedValueRollback storing(m_isStoring, true);
+        isStored = storeDocument(path);
+    }
     if (isStored)
         rememberDocument();
     updateTitle();
+    if (std::exchange(m_closesAfterStoring, false) && isStored)
+        QMetaObject::invokeMethod(this, &QWidget::close, Qt::QueuedConnection);
     return isStored;
 }
 
@@ -166,6 +180,8 @@ void GMainWindow::finishEditing()
 
 bool GMainWindow::mayReplaceDocument()
 {
+    if (m_isStoring)
+        return false;
     finishEditing();
     if (!isDocumentModified())
         return true;
@@ -266,6 +282,7 @@ void GMainWindow::restoreLayout()
 
 void GMainWindow::closeEvent(QCloseEvent *event)
 {
+    m_closesAfterStoring = m_isStoring;
     event->setAccepted(mayReplaceDocument());
     if (!event->isAccepted())
         return;

@@ -66,18 +66,38 @@ void ProjectController::openProject(const QString &fileName)
     DataModelReader reader(QStringLiteral(".vep"), QStringLiteral(".vexml"));
     const auto project = reader.read(fileName);
     install(project);
-    if (!reader.damagedBodies().isEmpty())
+    tellDamaged(reader.damagedBodies());
+}
+
+void ProjectController::installRecovered(const std::shared_ptr<Project> &project,
+                                         const QStringList &damagedBodies)
+{
+    install(project);
+    project->undoStack().resetClean();
+    tellDamaged(damagedBodies);
+}
+
+void ProjectController::tellDamaged(const QStringList &bodies)
+{
+    if (!bodies.isEmpty())
         m_prompts.tell(tr("The painted surfaces of these bodies are damaged, they count as not "
                           "painted: %1")
-                           .arg(reader.damagedBodies().join(QStringLiteral(", "))));
+                           .arg(bodies.join(QStringLiteral(", "))));
 }
 
 void ProjectController::save()
 {
-    DataModelWriter(*m_project).write([this](int done, int total) {
-        m_prompts.showProgress(done, total);
+    // Showing the progress lets other things happen, which the file does not hold then.
+    const auto project = m_project;
+    bool isAsWritten = true;
+    const QObject watching;
+    QObject::connect(&project->undoStack(), &GUndoStack::indexChanged, &watching, [&isAsWritten] {
+        isAsWritten = false;
     });
-    m_project->undoStack().markSaved();
+    DataModelWriter(*project).write(
+        [this](int done, int total) { m_prompts.showProgress(done, total); });
+    if (isAsWritten)
+        project->undoStack().markSaved();
 }
 
 void ProjectController::saveAs(const GFileName &fileName)

@@ -37,6 +37,10 @@ public:
     /// Opens a project file; damaged surfaces are told. Its sprites are loaded by checkTextures()
     /// or loadTextures(). Throws Error when it can't be read, the present project stays then.
     void openProject(const QString &fileName);
+    /// Takes @p project, which comes from no file as it stands, as a modified one;
+    /// @p damagedBodies are told. Its sprites are loaded as after openProject().
+    void installRecovered(const std::shared_ptr<Project> &project,
+                          const QStringList &damagedBodies);
     /// Saves to the project's file. Throws Error; the file on disk is then as it was.
     void save();
     /// Saves under another name. Throws Error; the project keeps its former name then.
@@ -70,6 +74,7 @@ public:
 
 private:
     void install(const std::shared_ptr<Project> &project);
+    void tellDamaged(const QStringList &bodies);
     void loadSprites(const QVector<Body *> &bodies);
     void loadOutdatedSprites();
     QVector<Body *> missingBodies() const;

@@ -19,6 +19,7 @@
 #include "ui/FeedbackDialog.h"
 #include "ui/NormalMapEditor.h"
 #include "ui/PreferencesDialog.h"
+#include "ui/ProjectRecovery.h"
 #include "ui/ShapeTreeView.h"
 #include "ui/SpriteActions.h"
 #include "ui/SpritesSidebar.h"
@@ -50,12 +51,6 @@ GMainWindow::ApplicationTexts applicationTexts()
             QStringLiteral(":/manual/index.html")};
 }
 
-bool isProjectFile(const QString &path)
-{
-    return path.endsWith(QLatin1String(".vep"), Qt::CaseInsensitive) ||
-           path.endsWith(QLatin1String(".vex"), Qt::CaseInsensitive);
-}
-
 QWidget *makeSpacer(QWidget *parent)
 {
     auto *spacer = new QWidget(parent);
@@ -81,6 +76,7 @@ MainWindow::MainWindow(GApplication &application, QWidget *parent)
     , m_spriteActions(
           new SpriteActions(m_controller, m_prompts, m_sprites->list(), *m_editor, this))
     , m_exportActions(new ExportActions(m_controller, m_prompts, *m_editor, this))
+    , m_recovery(new ProjectRecovery(m_controller, m_prompts, application.settings(), this))
     , m_feedback(new GAction(themedIcon(QStringLiteral(":/qrv_tools/icons/Icons_Comment.svg")),
                              tr("Send feedback..."),
                              this))
@@ -234,6 +230,7 @@ void MainWindow::connectPanels()
     const auto show = [this](const QString &message) { statusBar()->showMessage(message); };
     connect(m_editor, &NormalMapEditor::noticed, this, show);
     connect(m_spriteActions, &SpriteActions::noticed, this, show);
+    connect(m_recovery, &ProjectRecovery::noticed, this, show);
     connect(m_spriteActions, &SpriteActions::bodiesChanged, this, &MainWindow::updateActions);
 }
 
@@ -245,6 +242,7 @@ void MainWindow::installProject()
     m_sprites->setProject(&project);
     m_editor->setProject(&project);
     m_undoActions->setStack(project.undoStack());
+    m_recovery->setProject(&project);
     m_tools->reloadTools();
     connect(&project.undoStack(), &GUndoStack::indexChanged, this, [this] {
         updateTitle();
@@ -354,6 +352,8 @@ void MainWindow::closeEvent(QCloseEvent *event)
 {
     m_editor->discardEffect();
     GMainWindow::closeEvent(event);
+    if (event->isAccepted())
+        m_recovery->setProject(nullptr);
 }
 
 void MainWindow::dragEnterEvent(QDragEnterEvent *event)

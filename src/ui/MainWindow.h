@@ -7,6 +7,7 @@
 class ExportActions;
 class GApplication;
 class NormalMapEditor;
+class ProjectRecovery;
 class QLabel;
 class SpriteActions;
 class SpritesSidebar;
@@ -28,6 +29,7 @@ public:
     ~MainWindow() override;
 
     Project &project() const { return m_controller.project(); }
+    ProjectRecovery &recovery() const { return *m_recovery; }
     /// Opens a project among @p paths, or adds what else they name as sprites.
     void openOrAdd(const QStringList &paths);
 
@@ -72,6 +74,7 @@ private:
     SpriteActions *m_spriteActions;
     ExportActions *m_exportActions;
     UndoActions *m_undoActions = nullptr;
+    ProjectRecovery *m_recovery;
     GAction *m_feedback;
     GAction *m_preferences;
 };

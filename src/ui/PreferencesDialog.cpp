@@ -4,6 +4,7 @@
 #include "framework/GApplication.h"
 #include "framework/GPathEdit.h"
 #include "framework/UiScale.h"
+#include "ui/RecoveryInterval.h"
 
 #include <QComboBox>
 #include <QDialogButtonBox>
@@ -23,6 +24,7 @@ PreferencesDialog::PreferencesDialog(GApplication &application, QWidget *parent)
     , m_application(application)
     , m_patterns(new GDirectoryEdit(this))
     , m_theme(new QComboBox(this))
+    , m_recovery(new RecoveryInterval(application.settings(), this))
 {
     setWindowTitle(tr("Preferences"));
     m_patterns->setLabel(tr("Custom pattern directory:"));
@@ -56,6 +58,7 @@ PreferencesDialog::PreferencesDialog(GApplication &application, QWidget *parent)
     themeRow->addWidget(m_theme);
     themeRow->addStretch();
     layout->addLayout(themeRow);
+    layout->addWidget(m_recovery);
     layout->addStretch();
     layout->addWidget(buttons);
     resize(scaled(480), scaled(260));
@@ -65,6 +68,7 @@ void PreferencesDialog::accept()
 {
     m_application.settings().setValue(patternsKey(), m_patterns->path());
     m_application.setTheme(ThemeChoice(m_theme->currentData().toInt()));
+    m_recovery->store();
     m_application.settings().flush();
     QDialog::accept();
 }

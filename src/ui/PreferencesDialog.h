@@ -5,6 +5,7 @@
 class GApplication;
 class GDirectoryEdit;
 class QComboBox;
+class RecoveryInterval;
 
 /// What the user sets for the whole program. Settings are written when the dialog is accepted.
 class PreferencesDialog : public QDialog
@@ -21,4 +22,5 @@ private:
     GApplication &m_application;
     GDirectoryEdit *m_patterns;
     QComboBox *m_theme;
+    RecoveryInterval *m_recovery;
 };

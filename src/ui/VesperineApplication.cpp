@@ -4,6 +4,7 @@
 #include "base/GSettings.h"
 #include "preview/GraphicsCheck.h"
 #include "ui/MainWindow.h"
+#include "ui/ProjectRecovery.h"
 
 #include <QDesktopServices>
 #include <QIcon>
@@ -80,6 +81,7 @@ void VesperineApplication::launch()
 {
     m_window = std::make_unique<MainWindow>(*this);
     m_window->show();
+    m_window->recovery().offer();
     if (!m_documents.isEmpty())
         m_window->openOrAdd(std::exchange(m_documents, {}));
 }

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <QByteArray>
+
+class Project;
+struct RecoveryEntry;
+
+/// A checksum of all that a project file holds of @p project, but for its own name and the names of
+/// its data files.
+QByteArray fingerprintOf(Project &project);
+/// The same of the project of a file, or of a snapshot; empty when it can't be read.
+QByteArray fingerprintOf(const QString &path);
+QByteArray fingerprintOf(const RecoveryEntry &entry);
