@@ -37,7 +37,7 @@ QString writeSurfaces(QVector<SurfaceFile> &files)
         const QByteArray packed =
             file.packed.isEmpty() ? qCompress(file.value, fastest) : file.packed;
         file.value.clear();
-        if (const QString problem = writeFile(file.path, packed); !problem.isEmpty())
+        if (QString problem = writeFile(file.path, packed); !problem.isEmpty())
             return problem;
     }
     return {};
@@ -71,8 +71,7 @@ QString complete(Completion parts)
     parts.index.xml = toDocument(parts.elements).toString(1).toUtf8();
     if (const auto problem = findXmlProblem(parts.index.xml))
         return problem->message;
-    if (const QString problem = writeFile(parts.indexPath, parts.index.toBytes());
-        !problem.isEmpty())
+    if (QString problem = writeFile(parts.indexPath, parts.index.toBytes()); !problem.isEmpty())
         return problem;
     RecoveryFolder::removeOthers(parts.folder, parts.index.fileNames());
     return {};

@@ -416,12 +416,11 @@ int TestProjectRecovery::outcomeOf(std::unique_ptr<MainWindow> &window,
         others.hasReplaced() ? others.replaced() : fingerprintOf(window->project());
     const bool isOpen = window->isVisible() && !others.hasReplaced();
     const bool isModified = isOpen && window->isWindowModified();
-    if (isModified) {
-        if (!QTest::qWaitFor([&writer] { return !writer.isBusy(); }))
-            return -1;
+    const auto rests = [&writer] { return !writer.isBusy(); };
+    if (isModified && QTest::qWaitFor(rests))
         window->recovery().takeSnapshot();
-        QTest::qWaitFor([&writer] { return !writer.isBusy(); });
-    }
+    if (isModified && !QTest::qWaitFor(rests))
+        return -1;
     window.reset();
     const auto entries = RecoveryStore(ProjectRecovery::root()).takeLeftOvers(now());
     const bool isKept = entries.size() == 1 && fingerprintOf(entries[0]) == last;
