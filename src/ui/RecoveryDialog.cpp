@@ -122,7 +122,7 @@ void RecoveryDialog::addRow(const RecoveryEntry &entry)
                              : tr("Can't be read"));
     if (!entry.index || wasTried(entry))
         row->setData(SpriteListModel::statusIconRole,
-                     QStringLiteral(":/qrv_tools/icons/Icons_SpriteWrongSize.svg"));
+                     QStringLiteral(":/qrv_tools/icons/Icons_SpriteMissing.svg"));
 }
 
 RecoveryEntry *RecoveryDialog::choose()
