@@ -1,5 +1,11 @@
 #include "cli/CliPrompts.h"
 
+// Its projects are locked when they are saved, not when they are opened.
+bool CliPrompts::askReadOnly(const QString &, const QString &)
+{
+    return true;
+}
+
 ProjectPrompts::MissingTextures CliPrompts::askMissingTextures(const QStringList &)
 {
     if (!m_searched && !searchFolder.isEmpty())

@@ -16,6 +16,7 @@ public:
     bool removesMissing = false;
     bool clearsResized = false;
 
+    bool askReadOnly(const QString &file, const QString &holder) override;
     MissingTextures askMissingTextures(const QStringList &files) override;
     QString askSearchFolder() override;
     bool askClearResized(const QStringList &files) override;

@@ -16,7 +16,7 @@ OpenedProject::OpenedProject(Console &console)
 bool OpenedProject::openWithoutSprites(const QString &path)
 {
     try {
-        m_controller.openProject(path);
+        m_controller.openProject(path, ProjectController::Lock::OnSaving);
     } catch (const Error &error) {
         m_console.complain(error.message());
         return false;

@@ -130,7 +130,7 @@ bool GMainWindow::save()
         return false;
     finishEditing();
     const QString path = documentPath();
-    return path.isEmpty() ? saveAs() : store(path);
+    return path.isEmpty() || isDocumentReadOnly() ? saveAs() : store(path);
 }
 
 bool GMainWindow::saveAs()
@@ -257,6 +257,9 @@ void GMainWindow::updateTitle()
     QString name = documentName();
     // Doubled, the placeholder of the modified mark stands for itself.
     name.replace(QLatin1String("[*]"), QLatin1String("[*][*]"));
+    if (isDocumentReadOnly())
+        name = tr("%1 (read-only)").arg(name);
+    m_save->setEnabled(!isDocumentReadOnly());
     setWindowFilePath(documentPath());
     setWindowTitle(
         QStringLiteral("%1[*] \u2013 %2").arg(name, QGuiApplication::applicationDisplayName()));

@@ -59,6 +59,8 @@ protected:
     /// Empty when the document was never saved.
     virtual QString documentPath() const = 0;
     virtual bool isDocumentModified() const = 0;
+    /// True when the document may only be saved under another name.
+    virtual bool isDocumentReadOnly() const { return false; }
     /// Versions, paths, graphics: what a report of a fault needs, in lines.
     virtual QString systemInformation() const = 0;
     /// Gets the focus when a widget gives it up, as editors do after Enter and Escape.
@@ -66,7 +68,7 @@ protected:
 
     /// Whether the user can take another document, new or opened, in place of the present one.
     void setReplaceable(bool isReplaceable);
-    /// To be called when the document or its modified state has become another.
+    /// To be called when the document, its modified or its read-only state has become another.
     void updateTitle();
     /// Restores geometry, toolbars, shown panels and the splitters named by object name; called at
     /// the end of the derived constructor, after a first resize(). All are kept on close.

@@ -9,6 +9,7 @@
 #include "model/ImageReading.h"
 #include "model/NormalMapExport.h"
 #include "model/Project.h"
+#include "model/ProjectLock.h"
 #include "model/ProjectPrompts.h"
 #include "model/PropertyAngleImage.h"
 #include "model/Sprite.h"
@@ -58,20 +59,43 @@ ProjectController::~ProjectController() = default;
 
 void ProjectController::createProject()
 {
+    m_lock.reset();
+    m_stamped.clear();
     install(std::make_shared<Project>());
 }
 
-void ProjectController::openProject(const QString &fileName)
+bool ProjectController::openProject(const QString &fileName, Lock lock)
 {
+    std::shared_ptr<ProjectLock> taken;
+    if (lock == Lock::OnOpening) {
+        const bool isOurs = m_lock && m_lock->isOf(fileName) && m_lock->mayWrite();
+        taken = isOurs ? m_lock : std::make_shared<ProjectLock>(fileName);
+        if (!taken->mayWrite() && !m_prompts.askReadOnly(fileName, taken->otherHolder()))
+            return false;
+    }
+    // Before it is read: what changes meanwhile is noticed.
+    const QString file = GFileName(fileName).canonicalPath();
+    const FileStamp stamp = stampOf(file);
     DataModelReader reader(QStringLiteral(".vep"), QStringLiteral(".vexml"));
     const auto project = reader.read(fileName);
+    m_lock = taken;
+    m_stamped = file;
+    m_stamp = stamp;
     install(project);
     tellDamaged(reader.damagedBodies());
+    return true;
 }
 
 void ProjectController::installRecovered(const std::shared_ptr<Project> &project,
-                                         const QStringList &damagedBodies)
+                                         const QStringList &damagedBodies,
+                                         const QDateTime &time)
 {
+    const GFileName &fileName = project->filename().value();
+    m_lock.reset();
+    m_lock = fileName.isEmpty() ? nullptr : std::make_shared<ProjectLock>(fileName.path());
+    m_stamped = fileName.canonicalPath();
+    const bool isYounger = QFileInfo(m_stamped).lastModified() > time;
+    m_stamp = isYounger ? FileStamp() : stampOf(m_stamped);
     install(project);
     project->undoStack().resetClean();
     tellDamaged(damagedBodies);
@@ -85,7 +109,41 @@ void ProjectController::tellDamaged(const QStringList &bodies)
                            .arg(bodies.join(QStringLiteral(", "))));
 }
 
-void ProjectController::save()
+bool ProjectController::isReadOnly() const
+{
+    return m_lock && !m_lock->mayWrite();
+}
+
+bool ProjectController::isChangedOnDisk(const GFileName &fileName) const
+{
+    const QString file = fileName.canonicalPath();
+    if (file != m_stamped)
+        return false;
+    const FileStamp present = stampOf(file);
+    return present.exists() && present != m_stamp;
+}
+
+void ProjectController::saveAs(const GFileName &fileName, Changed changed)
+{
+    const auto lock = lockForSaving(fileName.path());
+    if (changed == Changed::Refuse && isChangedOnDisk(fileName))
+        throw Error(tr("'%1' was changed by another program since it was opened. Save under "
+                       "another name, or open it again.")
+                        .arg(fileName.path()));
+    const GFileName former = m_project->filename().value();
+    m_project->filename().setValue(fileName);
+    try {
+        write();
+    } catch (...) {
+        m_project->filename().setValue(former);
+        throw;
+    }
+    m_lock = lock;
+    m_stamped = fileName.canonicalPath();
+    m_stamp = stampOf(m_stamped);
+}
+
+void ProjectController::write()
 {
     // Showing the progress lets other things happen, which the file does not hold then.
     const auto project = m_project;
@@ -100,16 +158,16 @@ void ProjectController::save()
         project->undoStack().markSaved();
 }
 
-void ProjectController::saveAs(const GFileName &fileName)
+std::shared_ptr<ProjectLock> ProjectController::lockForSaving(const QString &fileName) const
 {
-    const GFileName former = m_project->filename().value();
-    m_project->filename().setValue(fileName);
-    try {
-        save();
-    } catch (...) {
-        m_project->filename().setValue(former);
-        throw;
-    }
+    const bool isOurs = m_lock && m_lock->isOf(fileName) && m_lock->mayWrite();
+    if (isOurs || fileName.isEmpty())
+        return m_lock;
+    auto lock = std::make_shared<ProjectLock>(fileName);
+    if (!lock->mayWrite())
+        throw Error(
+            tr("'%1' is open in %2. Save under another name.").arg(fileName, lock->otherHolder()));
+    return lock;
 }
 
 void ProjectController::addSprites(const QStringList &paths)

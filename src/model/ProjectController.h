@@ -1,8 +1,10 @@
 #pragma once
 
+#include "model/FileStamp.h"
 #include "model/ItemSelectionModel.h"
 
 #include <QCoreApplication>
+#include <QDateTime>
 #include <QImage>
 #include <QStringList>
 
@@ -11,6 +13,7 @@
 
 class GFileName;
 class GSettings;
+class ProjectLock;
 class ProjectPrompts;
 struct NormalMapExport;
 
@@ -34,17 +37,28 @@ public:
     void setInstalled(std::function<void()> installed) { m_installed = std::move(installed); }
     /// Starts with an empty project.
     void createProject();
+    /// When a project's file is locked against other writers.
+    enum class Lock { OnOpening, OnSaving };
     /// Opens a project file; damaged surfaces are told. Its sprites are loaded by checkTextures()
-    /// or loadTextures(). Throws Error when it can't be read, the present project stays then.
-    void openProject(const QString &fileName);
-    /// Takes @p project, which comes from no file as it stands, as a modified one;
-    /// @p damagedBodies are told. Its sprites are loaded as after openProject().
+    /// or loadTextures(). False when another program has it and the user would rather not read it
+    /// only. Throws Error when it can't be read. The present project stays in both cases.
+    bool openProject(const QString &fileName, Lock lock);
+    /// Takes @p project, which is as a program had it unsaved at @p time, as a modified one under
+    /// its own file name; @p damagedBodies are told. A file that is younger counts as changed by
+    /// others, one that another program has may only be read. Its sprites are loaded as after
+    /// openProject().
     void installRecovered(const std::shared_ptr<Project> &project,
-                          const QStringList &damagedBodies);
-    /// Saves to the project's file. Throws Error; the file on disk is then as it was.
-    void save();
-    /// Saves under another name. Throws Error; the project keeps its former name then.
-    void saveAs(const GFileName &fileName);
+                          const QStringList &damagedBodies,
+                          const QDateTime &time);
+    /// True when another program had the project when it was opened: it is not to be saved there.
+    bool isReadOnly() const;
+    /// True when @p fileName is the project's file and other than this controller read or left it.
+    bool isChangedOnDisk(const GFileName &fileName) const;
+    /// What becomes of a file that another program has changed since it was opened.
+    enum class Changed { Refuse, Replace };
+    /// Saves under @p fileName and keeps the file locked. Throws Error, also when another program
+    /// has the file or has changed it; file and project are then as they were, under their names.
+    void saveAs(const GFileName &fileName, Changed changed = Changed::Refuse);
 
     /// Adds a body for each image among @p paths, folders with all that is below them, and selects
     /// the new ones. Throws Error that names those that could not be added; the others are.
@@ -75,6 +89,9 @@ public:
 private:
     void install(const std::shared_ptr<Project> &project);
     void tellDamaged(const QStringList &bodies);
+    void write();
+    /// The lock to save @p fileName under; throws Error when another program has it.
+    std::shared_ptr<ProjectLock> lockForSaving(const QString &fileName) const;
     void loadSprites(const QVector<Body *> &bodies);
     void loadOutdatedSprites();
     QVector<Body *> missingBodies() const;
@@ -87,4 +104,7 @@ private:
     std::shared_ptr<Project> m_project;
     std::function<void()> m_installed;
     ItemSelectionModel m_selection;
+    std::shared_ptr<ProjectLock> m_lock; ///< of the project's file; null without one
+    FileStamp m_stamp;                   ///< of the project's file as it was read or left
+    QString m_stamped;                   ///< that file, behind all links
 };

@@ -11,6 +11,9 @@ public:
     enum class MissingTextures { Search, Remove, Continue };
 
     virtual ~ProjectPrompts() = default;
+    /// Another program, @p holder in words, has the project @p file. True to open it all the same,
+    /// to be read only.
+    virtual bool askReadOnly(const QString &file, const QString &holder) = 0;
     /// Sprite files can't be loaded. Asked again after a search that did not find them all.
     virtual MissingTextures askMissingTextures(const QStringList &files) = 0;
     /// The folder to search for missing files, empty for none.

@@ -18,6 +18,7 @@
 #include "ui/ExportActions.h"
 #include "ui/FeedbackDialog.h"
 #include "ui/NormalMapEditor.h"
+#include "ui/PointedPixelLabel.h"
 #include "ui/PreferencesDialog.h"
 #include "ui/ProjectRecovery.h"
 #include "ui/ShapeTreeView.h"
@@ -27,7 +28,6 @@
 #include "ui/UndoActions.h"
 
 #include <QDragEnterEvent>
-#include <QLabel>
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QMimeData>
@@ -72,7 +72,7 @@ MainWindow::MainWindow(GApplication &application, QWidget *parent)
                                makeEffects(application.settings()),
                                this))
     , m_zoom(new ZoomWidget(this))
-    , m_pointed(new QLabel(this))
+    , m_pointed(new PointedPixelLabel(this))
     , m_spriteActions(
           new SpriteActions(m_controller, m_prompts, m_sprites->list(), *m_editor, this))
     , m_exportActions(new ExportActions(m_controller, m_prompts, *m_editor, this))
@@ -121,10 +121,6 @@ void MainWindow::placePanels()
     statusBar()->setStyleSheet(QStringLiteral(
         "QStatusBar, QLabel { color: #202024; }"
         "QStatusBar { border-top: 1px solid palette(shadow); background: #dddddd; };"));
-    m_pointed->setObjectName(QStringLiteral("pointedPixel"));
-    m_pointed->setTextFormat(Qt::PlainText);
-    m_pointed->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    m_pointed->setContentsMargins(0, 0, scaled(12), 0);
     statusBar()->addPermanentWidget(m_pointed);
     statusBar()->addPermanentWidget(m_zoom);
 }
@@ -226,7 +222,8 @@ void MainWindow::connectPanels()
     connect(&m_sprites->list(), &ShapeTreeView::pathsDropped, this, &MainWindow::openOrAdd);
     connect(m_editor, &NormalMapEditor::pathsDropped, this, &MainWindow::openOrAdd);
     connect(m_editor, &NormalMapEditor::effectOpenChanged, this, &MainWindow::lockForEffect);
-    connect(m_editor, &NormalMapEditor::pointedPixelChanged, this, &MainWindow::showPointedPixel);
+    connect(
+        m_editor, &NormalMapEditor::pointedPixelChanged, m_pointed, &PointedPixelLabel::showPixel);
     const auto show = [this](const QString &message) { statusBar()->showMessage(message); };
     connect(m_editor, &NormalMapEditor::noticed, this, show);
     connect(m_spriteActions, &SpriteActions::noticed, this, show);
@@ -282,7 +279,8 @@ void MainWindow::createDocument()
 bool MainWindow::loadDocument(const QString &path)
 {
     try {
-        m_controller.openProject(path);
+        if (!m_controller.openProject(path, ProjectController::Lock::OnOpening))
+            return false;
     } catch (const Error &error) {
         QMessageBox::critical(this, tr("Error"), error.message());
         return false;
@@ -302,9 +300,12 @@ bool MainWindow::storeDocument(const QString &path)
             tr("'.vex' file format is no longer supported, please use '.vep' instead"));
         return saveAs();
     }
+    const GFileName file(path);
+    if (m_controller.isChangedOnDisk(file) && !m_prompts.askReplaceChanged(path))
+        return false;
     try {
         const PromptedTask task(m_prompts, tr("Saving"), false);
-        m_controller.saveAs(GFileName(path));
+        m_controller.saveAs(file, ProjectController::Changed::Replace);
     } catch (const Error &error) {
         QMessageBox::critical(this, tr("Error"), error.message());
         return false;
@@ -320,6 +321,11 @@ QString MainWindow::documentPath() const
 bool MainWindow::isDocumentModified() const
 {
     return m_controller.project().undoStack().isModified();
+}
+
+bool MainWindow::isDocumentReadOnly() const
+{
+    return m_controller.isReadOnly();
 }
 
 QString MainWindow::systemInformation() const
@@ -366,25 +372,6 @@ void MainWindow::dropEvent(QDropEvent *event)
 {
     acceptCopy(*event);
     openOrAdd(droppedPaths(*event->mimeData()));
-}
-
-void MainWindow::showPointedPixel(const PointedPixel &pixel)
-{
-    if (!pixel.body) {
-        m_pointed->clear();
-        return;
-    }
-    // A name may hold what looks like a placeholder, and be longer than the window is wide.
-    const QString name = m_pointed->fontMetrics().elidedText(
-        pixel.body->name().value(), Qt::ElideMiddle, scaled(200));
-    m_pointed->setText(name + tr("   x %1  y %2   slope %3, %4   normal %5 %6 %7")
-                                  .arg(pixel.pixel.x())
-                                  .arg(pixel.pixel.y())
-                                  .arg(pixel.slope.x(), 0, 'f', 2)
-                                  .arg(pixel.slope.y(), 0, 'f', 2)
-                                  .arg(pixel.normal.red())
-                                  .arg(pixel.normal.green())
-                                  .arg(pixel.normal.blue()));
 }
 
 void MainWindow::showPreferences()

@@ -7,14 +7,13 @@
 class ExportActions;
 class GApplication;
 class NormalMapEditor;
+class PointedPixelLabel;
 class ProjectRecovery;
-class QLabel;
 class SpriteActions;
 class SpritesSidebar;
 class ToolsSidebar;
 class UndoActions;
 class ZoomWidget;
-struct PointedPixel;
 
 /// The program's one window, which works on one project at a time: list and light on the left, the
 /// preview in the middle, tools on the right. It places the panels and joins them; what they do is
@@ -43,6 +42,7 @@ protected:
     bool storeDocument(const QString &path) override;
     QString documentPath() const override;
     bool isDocumentModified() const override;
+    bool isDocumentReadOnly() const override;
     QString systemInformation() const override;
     QWidget *documentWidget() const override;
 
@@ -60,7 +60,6 @@ private:
     void installProject();
     void lockForEffect(bool isOpen);
     void updateActions();
-    void showPointedPixel(const PointedPixel &pixel);
     void showFeedback();
 
     GApplication &m_application;
@@ -70,7 +69,7 @@ private:
     NormalMapEditor *m_editor;
     ToolsSidebar *m_tools;
     ZoomWidget *m_zoom;
-    QLabel *m_pointed;
+    PointedPixelLabel *m_pointed;
     SpriteActions *m_spriteActions;
     ExportActions *m_exportActions;
     UndoActions *m_undoActions = nullptr;

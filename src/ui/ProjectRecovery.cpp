@@ -110,7 +110,7 @@ bool ProjectRecovery::recover(RecoveryEntry &entry)
             tr("%1\n\nThe snapshot is kept in '%2'.").arg(error.message(), entry.folder->path()));
         return false;
     }
-    m_controller.installRecovered(project, damagedBodies);
+    m_controller.installRecovered(project, damagedBodies, entry.index->time);
     m_writer.adopt(std::move(entry), *project);
     // Once it has been drawn, too.
     constexpr int enough = 2000; // milliseconds

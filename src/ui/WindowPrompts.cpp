@@ -4,8 +4,11 @@
 
 #include <QCloseEvent>
 #include <QFileDialog>
+#include <QFileInfo>
+#include <QMessageBox>
 #include <QProgressBar>
 #include <QProgressDialog>
+#include <QPushButton>
 
 namespace {
 /// Stays when it has no button to cancel by: the window below must not be used meanwhile.
@@ -44,6 +47,36 @@ WindowPrompts::WindowPrompts(QWidget &window)
 WindowPrompts::~WindowPrompts()
 {
     endTask();
+}
+
+bool WindowPrompts::askReadOnly(const QString &file, const QString &holder)
+{
+    return agreesTo({tr("Project in use"),
+                     tr("%1 is open in %2.").arg(QFileInfo(file).fileName(), holder),
+                     tr("You can open it to read only; Save As... keeps changes elsewhere."),
+                     tr("Open read-only")});
+}
+
+bool WindowPrompts::askReplaceChanged(const QString &file)
+{
+    return agreesTo(
+        {tr("Project changed on disk"),
+         tr("Another program has changed %1 since you opened it.").arg(QFileInfo(file).fileName()),
+         tr("Replacing it loses what the other program wrote; Save As... keeps both."),
+         tr("Replace")});
+}
+
+bool WindowPrompts::agreesTo(const Proposal &proposal)
+{
+    QMessageBox box(
+        QMessageBox::Warning, proposal.title, proposal.text, QMessageBox::Cancel, &m_window);
+    box.setTextFormat(Qt::PlainText);
+    box.setInformativeText(proposal.consequence);
+    box.setWindowModality(Qt::WindowModal);
+    const QPushButton *agreeing = box.addButton(proposal.button, QMessageBox::AcceptRole);
+    box.setDefaultButton(QMessageBox::Cancel);
+    box.exec();
+    return box.clickedButton() == agreeing;
 }
 
 ProjectPrompts::MissingTextures WindowPrompts::askMissingTextures(const QStringList &files)

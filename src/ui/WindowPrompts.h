@@ -21,6 +21,7 @@ public:
     explicit WindowPrompts(QWidget &window);
     ~WindowPrompts() override;
 
+    bool askReadOnly(const QString &file, const QString &holder) override;
     MissingTextures askMissingTextures(const QStringList &files) override;
     QString askSearchFolder() override;
     bool askClearResized(const QStringList &files) override;
@@ -29,6 +30,8 @@ public:
     void tell(const QString &message) override;
     bool showProgress(int done, int total) override;
 
+    /// Another program has changed the project @p file since it was opened. True to replace it.
+    bool askReplaceChanged(const QString &file);
     /// Names the operation whose progress is shown from now on.
     void beginTask(const QString &name, bool canBeCancelled);
     /// Takes the progress away.
@@ -37,6 +40,15 @@ public:
     void showTold();
 
 private:
+    struct Proposal
+    {
+        QString title;
+        QString text;
+        QString consequence;
+        QString button;
+    };
+    /// Asks before something that is not done by default.
+    bool agreesTo(const Proposal &proposal);
     void createProgress(int total);
 
     QWidget &m_window;

@@ -8,6 +8,8 @@
 
 #include <QDir>
 #include <QFile>
+#include <QProcess>
+#include <QSysInfo>
 #include <QTest>
 
 #include <memory>
@@ -84,10 +86,87 @@ private Q_SLOTS:
             QVERIFY(!errorOf([&] { m_controller->saveAs(GFileName(path(name))); }).isEmpty());
         QVERIFY(m_controller->project().filename().value() == good);
         QVERIFY(stack().isModified());
-        m_controller->openProject(path("p.vep"));
+        QVERIFY(m_controller->openProject(path("p.vep"), ProjectController::Lock::OnOpening));
         QCOMPARE(stack().count(), 0);
         QVERIFY(!stack().isModified());
         QCOMPARE(m_controller->selection().selection().size(), 1);
+    }
+
+    void aProjectHasOneWriter()
+    {
+        using Lock = ProjectController::Lock;
+        const GFileName file(path("shared.vep"));
+        m_controller->saveAs(file);
+        const QString link = path("link.vep");
+        QVERIFY(QFile::link(file.path(), link));
+        GSettings settings;
+        ScriptedPrompts prompts;
+        prompts.readsOnly = false;
+        ProjectController second(settings, prompts);
+        QVERIFY(!second.openProject(link, Lock::OnOpening));
+        QVERIFY(prompts.holders.value(0).contains(QString::number(qApp->applicationPid())));
+        prompts.readsOnly = true;
+        QVERIFY(second.openProject(link, Lock::OnOpening));
+        QVERIFY(second.isReadOnly());
+        const QByteArray before = contentOf(file.path());
+        QVERIFY(!errorOf([&] { second.saveAs(file); }).isEmpty());
+        QCOMPARE(contentOf(file.path()), before);
+        second.saveAs(GFileName(path("own.vep")));
+        QVERIFY(!second.isReadOnly());
+        m_controller->createProject();
+        QVERIFY(second.openProject(link, Lock::OnOpening));
+        QVERIFY(!second.isReadOnly());
+    }
+
+    void locksOfTheDeadAndOfOtherComputers()
+    {
+        const QString file = path("left.vep");
+        m_controller->saveAs(GFileName(file));
+        m_controller->createProject();
+        QProcess dead;
+        dead.start(QStringLiteral("true"), {});
+        QVERIFY(dead.waitForStarted());
+        const QByteArray process = QByteArray::number(dead.processId());
+        QVERIFY(dead.waitForFinished());
+        const QString lock = path(".left.vep.lock");
+        const auto leave = [&](const QString &host) {
+            m_folder.write(QStringLiteral(".left.vep.lock"),
+                           process + "\nvesperine\n" + host.toUtf8() + '\n');
+        };
+        leave(QSysInfo::machineHostName());
+        QVERIFY(m_controller->openProject(file, ProjectController::Lock::OnOpening));
+        QVERIFY(!m_controller->isReadOnly() && m_prompts.holders.isEmpty());
+        m_controller->createProject();
+        QVERIFY(!QFile::exists(lock));
+        leave(QStringLiteral("elsewhere"));
+        QVERIFY(m_controller->openProject(file, ProjectController::Lock::OnOpening));
+        QVERIFY(m_controller->isReadOnly());
+        QVERIFY(m_prompts.holders.value(0).contains(lock));
+    }
+
+    void aFileThatAnotherProgramChangedIsNotReplaced()
+    {
+        const GFileName file(path("changed.vep"));
+        m_controller->saveAs(file);
+        GSettings settings;
+        ScriptedPrompts prompts;
+        ProjectController other(settings, prompts);
+        QVERIFY(other.openProject(file.path(), ProjectController::Lock::OnSaving));
+        m_controller->createProject();
+        other.saveAs(file); // what this one read is still there
+        QVERIFY(m_controller->openProject(file.path(), ProjectController::Lock::OnSaving));
+        other.project().lightHeight().setValue(5, QString());
+        other.saveAs(file);
+        other.createProject();
+        const QByteArray theirs = contentOf(file.path());
+        QVERIFY(m_controller->isChangedOnDisk(file));
+        QVERIFY(!errorOf([&] { m_controller->saveAs(file); }).isEmpty());
+        QCOMPARE(contentOf(file.path()), theirs);
+        m_controller->saveAs(file, ProjectController::Changed::Replace);
+        QVERIFY(contentOf(file.path()) != theirs);
+        QFile::remove(file.path());
+        m_controller->saveAs(file);
+        QVERIFY(QFile::exists(file.path()));
     }
 
     void checkingTextures()

@@ -11,19 +11,6 @@
 #include <QSignalSpy>
 #include <QTest>
 
-namespace {
-AngleImage noise(int side, quint32 seed)
-{
-    QRandomGenerator random(seed);
-    AngleImage surface(side, side);
-    for (int y = 0; y < side; ++y) {
-        for (int x = 0; x < side; ++x)
-            surface.row(y)[x] = {qint16(random.generate()), qint16(random.generate())};
-    }
-    return surface;
-}
-} // namespace
-
 class TestRecoveryWriter : public QObject
 {
     Q_OBJECT
@@ -159,23 +146,6 @@ private Q_SLOTS:
             QCOMPARE(later[0].index.has_value(), index.isEmpty());
         if (!index.isEmpty())
             QVERIFY(fingerprintOf(later[0]).isEmpty());
-    }
-
-    // A lost data file costs its body only, as in a project file.
-    void damageCostsItsBody()
-    {
-        {
-            RecoveryWriter writer(store());
-            writer.write(*m_project);
-            QVERIFY(waitFor(writer));
-        }
-        auto entries = store().takeLeftOvers(now());
-        const QString name = entries.at(0).index->dataFiles.begin().value();
-        QVERIFY(QFile::resize(entries[0].folder->filePath(name), 20));
-        QStringList damaged;
-        const auto project = RecoveryStore::read(entries[0], &damaged);
-        QCOMPARE(damaged.size(), 1);
-        QCOMPARE(project->bodies().all().size(), 3);
     }
 
 private:

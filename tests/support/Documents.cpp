@@ -55,6 +55,12 @@ Body &addBody(Project &project, const QString &name, const QString &spritePath)
     return *body;
 }
 
+bool ScriptedPrompts::askReadOnly(const QString &, const QString &holder)
+{
+    holders.append(holder);
+    return readsOnly;
+}
+
 ProjectPrompts::MissingTextures ScriptedPrompts::askMissingTextures(const QStringList &files)
 {
     missing = files;

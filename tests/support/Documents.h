@@ -41,13 +41,16 @@ public:
     QVector<MissingTextures> missingAnswers; ///< one a question, then Continue
     QString searchFolder;
     bool clearsResized = false;
+    bool readsOnly = true;
     int cancelsAt = -1;
 
+    QStringList holders;
     QStringList missing;
     QStringList resized;
     QStringList summary;
     QStringList told;
 
+    bool askReadOnly(const QString &file, const QString &holder) override;
     MissingTextures askMissingTextures(const QStringList &files) override;
     QString askSearchFolder() override { return searchFolder; }
     bool askClearResized(const QStringList &files) override;

@@ -8,6 +8,7 @@
 #include "model/properties/PropertyT.h"
 
 #include <QCryptographicHash>
+#include <QRandomGenerator>
 
 namespace {
 template <class Read>
@@ -47,4 +48,13 @@ QByteArray fingerprintOf(const RecoveryEntry &entry)
 {
     QStringList damagedBodies;
     return fingerprintOfRead([&] { return RecoveryStore::read(entry, &damagedBodies); });
+}
+
+AngleImage noise(int side, quint32 seed)
+{
+    QRandomGenerator random(seed);
+    AngleImage surface(side, side);
+    for (int y = 0; y < side; ++y)
+        random.fillRange(reinterpret_cast<quint32 *>(surface.row(y)), side);
+    return surface;
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QByteArray>
+#include "imaging/AngleImage.h"
 
 class Project;
 struct RecoveryEntry;
@@ -11,3 +11,6 @@ QByteArray fingerprintOf(Project &project);
 /// The same of the project of a file, or of a snapshot; empty when it can't be read.
 QByteArray fingerprintOf(const QString &path);
 QByteArray fingerprintOf(const RecoveryEntry &entry);
+
+/// A square surface of random slopes, which takes long to pack.
+AngleImage noise(int side, quint32 seed);
