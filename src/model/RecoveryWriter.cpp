@@ -135,6 +135,8 @@ void RecoveryWriter::adopt(RecoveryEntry entry, Project &project)
 {
     settle();
     m_folder = std::move(entry.folder);
+    // Nobody has seen what becomes of it.
+    m_folder->setMark(RecoveryFolder::Mark::Shown, false);
     m_lastSnapshot = takeSnapshot(project);
     m_lastSnapshot->shrink();
     m_lastFiles = entry.index->fileNames();

@@ -78,6 +78,7 @@ private Q_SLOTS:
         // Recovered and changed, it goes on where it was, and goes when the project is saved.
         QStringList damaged;
         const auto project = RecoveryStore::read(mine[0], &damaged);
+        mine[0].folder->setMark(RecoveryFolder::Mark::Shown);
         RecoveryWriter next(store());
         next.adopt(std::move(mine[0]), *project);
         next.write(*project);
@@ -87,7 +88,9 @@ private Q_SLOTS:
         next.write(*project);
         QVERIFY(waitFor(next));
         QCOMPARE((dataFiles() & files).size(), 2);
-        QCOMPARE(fingerprintOf(copied()), fingerprintOf(*project));
+        const RecoveryEntry copy = copied();
+        QCOMPARE(fingerprintOf(copy), fingerprintOf(*project));
+        QVERIFY(!copy.folder->hasMark(RecoveryFolder::Mark::Shown));
         next.write(*project);
         next.drop();
         QVERIFY(waitFor(next));
