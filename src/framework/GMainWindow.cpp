@@ -194,7 +194,9 @@ bool GMainWindow::mayReplaceDocument()
     box.setWindowModality(Qt::WindowModal);
     box.setDefaultButton(QMessageBox::Save);
     const int answer = box.exec();
-    return answer == QMessageBox::Discard || (answer == QMessageBox::Save && save());
+    // What has changed while it was being saved is not in the file.
+    return answer == QMessageBox::Discard ||
+           (answer == QMessageBox::Save && save() && !isDocumentModified());
 }
 
 QString GMainWindow::chooseSavePath()

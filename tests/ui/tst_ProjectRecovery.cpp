@@ -15,6 +15,7 @@
 #include "ui/NormalMapEditor.h"
 #include "ui/ProjectRecovery.h"
 
+#include <QAbstractButton>
 #include <QDir>
 #include <QLabel>
 #include <QMessageBox>
@@ -103,8 +104,11 @@ public:
         , m_otherPath(otherPath)
         , m_random(seed)
     {
-        connect(&m_timer, &QTimer::timeout, this, &Interference::act);
-        m_timer.start(5);
+        // One that opens a question does not come again before the answer.
+        connect(&m_acting, &QTimer::timeout, this, &Interference::act);
+        connect(&m_answering, &QTimer::timeout, this, &Interference::answer);
+        m_acting.start(25);
+        m_answering.start(5);
     }
 
     bool hasDiscarded() const { return m_hasDiscarded; }
@@ -156,12 +160,16 @@ public:
 private:
     void act()
     {
+        if (!qobject_cast<QMessageBox *>(QApplication::activeModalWidget()) &&
+            m_random.bounded(3) == 0)
+            doSomething();
+    }
+
+    void answer()
+    {
         auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
-        if (!box) {
-            if (m_random.bounded(8) == 0)
-                doSomething();
+        if (!box)
             return;
-        }
         const QMessageBox::StandardButton answers[] = {
             QMessageBox::Save, QMessageBox::Save, QMessageBox::Cancel, QMessageBox::Discard};
         const auto answer = answers[m_random.bounded(4)];
@@ -172,7 +180,8 @@ private:
     MainWindow &m_window;
     QString m_otherPath;
     QRandomGenerator m_random;
-    QTimer m_timer;
+    QTimer m_acting;
+    QTimer m_answering;
     QByteArray m_replaced;
     bool m_hasDiscarded = false;
     bool m_hasReplaced = false;
