@@ -8,15 +8,6 @@
 #include "model/Sprite.h"
 #include "model/properties/PropertyT.h"
 
-Light lampOf(const Project &project, const QVector3D &place)
-{
-    return {project.ambientLightColor().value(),
-            project.lightColor().value(),
-            double(project.lightBrightness().value()),
-            Light::Kind::Position,
-            place};
-}
-
 QString loadForLight(const Body &body)
 {
     body.loadSprite();

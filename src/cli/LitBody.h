@@ -1,13 +1,10 @@
 #pragma once
 
-#include "imaging/LitImage.h"
+#include "model/LitThumbnail.h"
 
 class AngleImage;
 class Body;
 class Project;
-
-/// A lamp at @p place with the colours and the brightness that the project sets.
-Light lampOf(const Project &project, const QVector3D &place);
 
 /// Reads the body's sprite. Why it has no lit picture then; empty when it has one.
 QString loadForLight(const Body &body);

@@ -107,7 +107,7 @@ private:
     QString chooseSavePath();
     bool isDocumentSuffix(const QString &suffix) const;
     bool mayOverwrite(const QString &path);
-    bool finishSaving(bool isStored);
+    bool store(const QString &path);
     void rememberDocument();
     void returnFocus(QWidget *old, QWidget *now);
     /// Shows the dialog that @p create makes, or the one that is open already.
@@ -130,4 +130,6 @@ private:
     QHash<QString, QAction *> m_panelActions;
     QHash<QString, QPointer<QDialog>> m_dialogs;
     QList<ShortcutGroup> m_gestures;
+    bool m_isStoring = false;
+    bool m_closesAfterStoring = false;
 };

@@ -94,11 +94,31 @@ bool ProjectController::openProject(const QString &fileName, Lock lock)
     m_stamped = file;
     m_stamp = stamp;
     install(project);
-    if (!reader.damagedBodies().isEmpty())
+    tellDamaged(reader.damagedBodies());
+    return true;
+}
+
+void ProjectController::installRecovered(const std::shared_ptr<Project> &project,
+                                         const QStringList &damagedBodies,
+                                         const QDateTime &time)
+{
+    const GFileName &fileName = project->filename().value();
+    m_lock.reset();
+    m_lock = fileName.isEmpty() ? nullptr : std::make_shared<ProjectLock>(fileName.path());
+    m_stamped = fileName.canonicalPath();
+    const bool isYounger = QFileInfo(m_stamped).lastModified() > time;
+    m_stamp = isYounger ? FileStamp() : stampOf(m_stamped);
+    install(project);
+    project->undoStack().resetClean();
+    tellDamaged(damagedBodies);
+}
+
+void ProjectController::tellDamaged(const QStringList &bodies)
+{
+    if (!bodies.isEmpty())
         m_prompts.tell(tr("The painted surfaces of these bodies are damaged, they count as not "
                           "painted: %1")
-                           .arg(reader.damagedBodies().join(QStringLiteral(", "))));
-    return true;
+                           .arg(bodies.join(QStringLiteral(", "))));
 }
 
 bool ProjectController::isReadOnly() const
@@ -137,10 +157,17 @@ void ProjectController::saveAs(const GFileName &fileName, Changed changed)
 
 void ProjectController::write()
 {
-    DataModelWriter(*m_project).write([this](int done, int total) {
-        m_prompts.showProgress(done, total);
+    // Showing the progress lets other things happen, which the file does not hold then.
+    const auto project = m_project;
+    bool isAsWritten = true;
+    const QObject watching;
+    QObject::connect(&project->undoStack(), &GUndoStack::indexChanged, &watching, [&isAsWritten] {
+        isAsWritten = false;
     });
-    m_project->undoStack().markSaved();
+    DataModelWriter(*project).write(
+        [this](int done, int total) { m_prompts.showProgress(done, total); });
+    if (isAsWritten)
+        project->undoStack().markSaved();
 }
 
 std::shared_ptr<ProjectLock> ProjectController::lockForSaving(const QString &fileName) const

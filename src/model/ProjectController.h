@@ -4,6 +4,7 @@
 #include "model/ItemSelectionModel.h"
 
 #include <QCoreApplication>
+#include <QDateTime>
 #include <QHash>
 #include <QImage>
 #include <QStringList>
@@ -44,6 +45,13 @@ public:
     /// or loadTextures(). False when another program has it and the user would rather not read it
     /// only. Throws Error when it can't be read. The present project stays in both cases.
     bool openProject(const QString &fileName, Lock lock);
+    /// Takes @p project, which is as a program had it unsaved at @p time, as a modified one under
+    /// its own file name; @p damagedBodies are told. A file that is younger counts as changed by
+    /// others, one that another program has may only be read. Its sprites are loaded as after
+    /// openProject().
+    void installRecovered(const std::shared_ptr<Project> &project,
+                          const QStringList &damagedBodies,
+                          const QDateTime &time);
     /// True when another program had the project when it was opened: it is not to be saved there.
     bool isReadOnly() const;
     /// True when @p fileName is the project's file and other than this controller read or left it.
@@ -88,6 +96,7 @@ public:
 
 private:
     void install(const std::shared_ptr<Project> &project);
+    void tellDamaged(const QStringList &bodies);
     void write();
     /// The lock to save @p fileName under; throws Error when another program has it.
     std::shared_ptr<ProjectLock> lockForSaving(const QString &fileName) const;

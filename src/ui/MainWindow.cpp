@@ -20,6 +20,7 @@
 #include "ui/NormalMapEditor.h"
 #include "ui/PointedPixelLabel.h"
 #include "ui/PreferencesDialog.h"
+#include "ui/ProjectRecovery.h"
 #include "ui/SampleAction.h"
 #include "ui/ShapeTreeView.h"
 #include "ui/SpriteActions.h"
@@ -51,12 +52,6 @@ GMainWindow::ApplicationTexts applicationTexts()
             QStringLiteral(":/guide/index.html")};
 }
 
-bool isProjectFile(const QString &path)
-{
-    return path.endsWith(QLatin1String(".vep"), Qt::CaseInsensitive) ||
-           path.endsWith(QLatin1String(".vex"), Qt::CaseInsensitive);
-}
-
 QWidget *makeSpacer(QWidget *parent)
 {
     auto *spacer = new QWidget(parent);
@@ -82,6 +77,7 @@ MainWindow::MainWindow(GApplication &application, QWidget *parent)
     , m_spriteActions(
           new SpriteActions(m_controller, m_prompts, m_sprites->list(), *m_editor, this))
     , m_exportActions(new ExportActions(m_controller, m_prompts, *m_editor, this))
+    , m_recovery(new ProjectRecovery(m_controller, m_prompts, application.settings(), this))
     , m_feedback(new GAction(themedIcon(QStringLiteral(":/qrv_tools/icons/Icons_Comment.svg")),
                              tr("Send feedback..."),
                              this))
@@ -231,6 +227,7 @@ void MainWindow::connectPanels()
     const auto show = [this](const QString &message) { statusBar()->showMessage(message); };
     connect(m_editor, &NormalMapEditor::noticed, this, show);
     connect(m_spriteActions, &SpriteActions::noticed, this, show);
+    connect(m_recovery, &ProjectRecovery::noticed, this, show);
     connect(m_spriteActions, &SpriteActions::bodiesChanged, this, &MainWindow::updateActions);
 }
 
@@ -243,6 +240,7 @@ void MainWindow::installProject()
     m_editor->setProject(&project);
     m_spriteActions->setProject(&project);
     m_undoActions->setStack(project.undoStack());
+    m_recovery->setProject(&project);
     m_tools->reloadTools();
     connect(&project.undoStack(), &GUndoStack::indexChanged, this, [this] {
         updateTitle();
@@ -362,6 +360,8 @@ void MainWindow::closeEvent(QCloseEvent *event)
 {
     m_editor->discardEffect();
     GMainWindow::closeEvent(event);
+    if (event->isAccepted())
+        m_recovery->setProject(nullptr);
 }
 
 void MainWindow::dragEnterEvent(QDragEnterEvent *event)

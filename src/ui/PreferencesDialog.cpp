@@ -6,6 +6,7 @@
 #include "framework/GPathEdit.h"
 #include "framework/UiScale.h"
 #include "framework/UpdateChoice.h"
+#include "ui/RecoveryInterval.h"
 
 #include <QComboBox>
 #include <QDialogButtonBox>
@@ -25,6 +26,7 @@ PreferencesDialog::PreferencesDialog(GApplication &application, QWidget *parent)
     , m_application(application)
     , m_patterns(new GDirectoryEdit(this))
     , m_theme(new QComboBox(this))
+    , m_recovery(new RecoveryInterval(application.settings(), this))
 {
     setWindowTitle(tr("Preferences"));
     m_patterns->setLabel(tr("Custom pattern directory:"));
@@ -58,6 +60,7 @@ PreferencesDialog::PreferencesDialog(GApplication &application, QWidget *parent)
     themeRow->addWidget(m_theme);
     themeRow->addStretch();
     layout->addLayout(themeRow);
+    layout->addWidget(m_recovery);
     if (!updateFeedAddress().isEmpty()) {
         m_updates = new UpdateChoice(application.settings(), this);
         layout->addSpacing(scaled(8));
@@ -73,6 +76,7 @@ void PreferencesDialog::accept()
 {
     m_application.settings().setValue(patternsKey(), m_patterns->path());
     m_application.setTheme(ThemeChoice(m_theme->currentData().toInt()));
+    m_recovery->store();
     if (m_updates)
         m_updates->store();
     m_application.settings().flush();

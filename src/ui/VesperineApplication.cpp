@@ -11,6 +11,7 @@
 #include "ui/EditorOptions.h"
 #include "ui/MainWindow.h"
 #include "ui/ProjectFileTypes.h"
+#include "ui/ProjectRecovery.h"
 
 #include <QDesktopServices>
 #include <QIcon>
@@ -93,6 +94,7 @@ void VesperineApplication::launch()
     m_window = std::make_unique<MainWindow>(*this);
     m_window->show();
     CrashReportDialog::showLast(m_window.get());
+    m_window->recovery().offer();
     if (!m_documents.isEmpty())
         m_window->openOrAdd(std::exchange(m_documents, {}));
     if (const QUrl feed = updateFeedAddress(); !feed.isEmpty()) {
