@@ -1,5 +1,7 @@
 #include "base/GLogger.h"
 #include "base/Resources.h"
+#include "framework/CrashLog.h"
+#include "ui/EditorOptions.h"
 #include "ui/VesperineApplication.h"
 
 #include <cstdio>
@@ -10,6 +12,9 @@ int main(int argc, char **argv)
     GLogger::install();
     initialiseResources();
     VesperineApplication::prepare();
+    if (answerFromCommandLine(argc, argv))
+        return 0;
+    CrashLog::start();
     // The application object would abort without a display.
     if (const QString problem = GApplication::missingDisplay(argc, argv); !problem.isEmpty()) {
         std::fprintf(stderr, "%s vesperine-cli works without one.\n", qPrintable(problem));

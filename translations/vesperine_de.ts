@@ -13,6 +13,45 @@
     </message>
 </context>
 <context>
+    <name>AnchorGrid</name>
+    <message>
+        <source>Top left</source>
+        <translation>Oben links</translation>
+    </message>
+    <message>
+        <source>Top</source>
+        <translation>Oben</translation>
+    </message>
+    <message>
+        <source>Top right</source>
+        <translation>Oben rechts</translation>
+    </message>
+    <message>
+        <source>Left</source>
+        <translation>Links</translation>
+    </message>
+    <message>
+        <source>Middle</source>
+        <translation>Mitte</translation>
+    </message>
+    <message>
+        <source>Right</source>
+        <translation>Rechts</translation>
+    </message>
+    <message>
+        <source>Bottom left</source>
+        <translation>Unten links</translation>
+    </message>
+    <message>
+        <source>Bottom</source>
+        <translation>Unten</translation>
+    </message>
+    <message>
+        <source>Bottom right</source>
+        <translation>Unten rechts</translation>
+    </message>
+</context>
+<context>
     <name>AnglePicker</name>
     <message>
         <source>Angle</source>
@@ -133,6 +172,48 @@
     </message>
 </context>
 <context>
+    <name>CrashLog</name>
+    <message>
+        <source>It used memory that it does not own.</source>
+        <translation>Es griff auf Speicher zu, der ihm nicht gehört.</translation>
+    </message>
+    <message>
+        <source>It stopped itself because something was not as it must be.</source>
+        <translation>Es hielt sich selbst an, weil etwas nicht so war, wie es sein muss.</translation>
+    </message>
+    <message>
+        <source>It came to a calculation that has no result.</source>
+        <translation>Es kam zu einer Rechnung ohne Ergebnis.</translation>
+    </message>
+    <message>
+        <source>It came to an instruction that this processor does not know.</source>
+        <translation>Es kam zu einem Befehl, den dieser Prozessor nicht kennt.</translation>
+    </message>
+</context>
+<context>
+    <name>CrashReportDialog</name>
+    <message>
+        <source>Crash Report</source>
+        <translation>Absturzbericht</translation>
+    </message>
+    <message>
+        <source>%1 ended unexpectedly on %2. </source>
+        <translation>%1 endete unerwartet am %2. </translation>
+    </message>
+    <message>
+        <source>This report tells what the program did and where it was. It may hold the names of your files. It stays on this computer; nothing is sent. If you want the fault to be mended, copy the report and send it with Help &gt; Send feedback.</source>
+        <translation>Dieser Bericht sagt, was das Programm tat und wo es war. Er kann Namen Ihrer Dateien enthalten. Er bleibt auf diesem Rechner; nichts wird gesendet. Damit sich der Fehler beheben lässt, den Bericht kopieren und mit Hilfe &gt; Rückmeldung senden schicken.</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Kopieren</translation>
+    </message>
+    <message>
+        <source>Show Folder</source>
+        <translation>Ordner zeigen</translation>
+    </message>
+</context>
+<context>
     <name>DataModelReader</name>
     <message>
         <source>Failed to open file &apos;%1&apos;</source>
@@ -175,6 +256,33 @@
     <message>
         <source>Direction</source>
         <translation>Richtung</translation>
+    </message>
+</context>
+<context>
+    <name>EditorOptions</name>
+    <message>
+        <source>Log what the program does</source>
+        <translation>Protokollieren, was das Programm tut</translation>
+    </message>
+    <message>
+        <source>Log what helps to find faults, too</source>
+        <translation>Auch protokollieren, was bei der Fehlersuche hilft</translation>
+    </message>
+    <message>
+        <source>Log everything</source>
+        <translation>Alles protokollieren</translation>
+    </message>
+    <message>
+        <source>Remove all stored settings, and end</source>
+        <translation>Alle gespeicherten Einstellungen löschen und beenden</translation>
+    </message>
+    <message>
+        <source>Show this help, and end</source>
+        <translation>Diese Hilfe zeigen und beenden</translation>
+    </message>
+    <message>
+        <source>Show the version, and end</source>
+        <translation>Die Version zeigen und beenden</translation>
     </message>
 </context>
 <context>
@@ -444,10 +552,6 @@
         <translation>Rückmeldung senden</translation>
     </message>
     <message>
-        <source>What works well, what is missing, what went wrong? Write it here and copy it into a message to us.</source>
-        <translation>Was klappt gut, was fehlt, was ging schief? Hier aufschreiben und in eine Nachricht an uns kopieren.</translation>
-    </message>
-    <message>
         <source>Your feedback</source>
         <translation>Ihre Rückmeldung</translation>
     </message>
@@ -458,6 +562,78 @@
     <message>
         <source>Copy</source>
         <translation>Kopieren</translation>
+    </message>
+    <message>
+        <source>Feedback on %1 %2</source>
+        <translation>Rückmeldung zu %1 %2</translation>
+    </message>
+    <message>
+        <source>Add the report of the last crash</source>
+        <translation>Bericht des letzten Absturzes anfügen</translation>
+    </message>
+    <message>
+        <source>This goes along:</source>
+        <translation>Das wird mitgesendet:</translation>
+    </message>
+    <message>
+        <source>What goes along</source>
+        <translation>Was mitgesendet wird</translation>
+    </message>
+    <message>
+        <source>What works well, what is missing, what went wrong? Write it here. Nothing leaves this machine unless you send it.</source>
+        <translation>Was klappt gut, was fehlt, was ging schief? Hier aufschreiben. Nichts verlässt diesen Rechner, bevor Sie es senden.</translation>
+    </message>
+    <message>
+        <source>Save...</source>
+        <translation>Speichern...</translation>
+    </message>
+    <message>
+        <source>Copy and write a mail</source>
+        <translation>Kopieren und E-Mail schreiben</translation>
+    </message>
+    <message>
+        <source>Write a mail</source>
+        <translation>E-Mail schreiben</translation>
+    </message>
+    <message>
+        <source>This is longer than what mail programs take over: it is copied, and you paste it into the mail.</source>
+        <translation>Das ist länger, als E-Mail-Programme übernehmen: Es wird kopiert, in die E-Mail fügen Sie es ein.</translation>
+    </message>
+    <message>
+        <source>(Paste here what was copied.)</source>
+        <translation>(Hier das Kopierte einfügen.)</translation>
+    </message>
+    <message>
+        <source>It is copied. Paste it into the mail.</source>
+        <translation>Es ist kopiert. Bitte in die E-Mail einfügen.</translation>
+    </message>
+    <message>
+        <source>Your mail program has it. Send it from there.</source>
+        <translation>Ihr E-Mail-Programm hat es. Bitte dort absenden.</translation>
+    </message>
+    <message>
+        <source>No mail program could be opened. Copy the text and send it to %1.</source>
+        <translation>Es ließ sich kein E-Mail-Programm öffnen. Den Text kopieren und an %1 senden.</translation>
+    </message>
+    <message>
+        <source>It is copied.</source>
+        <translation>Es ist kopiert.</translation>
+    </message>
+    <message>
+        <source>Save feedback</source>
+        <translation>Rückmeldung speichern</translation>
+    </message>
+    <message>
+        <source>Text files (*.txt);;All files (*)</source>
+        <translation>Textdateien (*.txt);;Alle Dateien (*)</translation>
+    </message>
+    <message>
+        <source>It is saved as %1.</source>
+        <translation>Gespeichert als %1.</translation>
+    </message>
+    <message>
+        <source>%1 can&apos;t be written: %2</source>
+        <translation>%1 lässt sich nicht schreiben: %2</translation>
     </message>
 </context>
 <context>
@@ -978,6 +1154,10 @@ bleibt unverändert.</translation>
         <source>Apply or discard the effect first.</source>
         <translation>Zuerst den Effekt anwenden oder verwerfen.</translation>
     </message>
+    <message>
+        <source>Fitting surfaces</source>
+        <translation>Oberflächen werden angepasst</translation>
+    </message>
 </context>
 <context>
     <name>ManualDialog</name>
@@ -992,6 +1172,22 @@ bleibt unverändert.</translation>
     <message>
         <source>Back</source>
         <translation>Zurück</translation>
+    </message>
+    <message>
+        <source>Forward</source>
+        <translation>Vor</translation>
+    </message>
+    <message>
+        <source>Search, Enter goes on</source>
+        <translation>Suchen, Eingabe sucht weiter</translation>
+    </message>
+    <message>
+        <source>Search</source>
+        <translation>Suchen</translation>
+    </message>
+    <message>
+        <source>Not found</source>
+        <translation>Nicht gefunden</translation>
     </message>
 </context>
 <context>
@@ -1605,18 +1801,6 @@ Mit Alt beginnen | von der Auswahl abziehen</translation>
         <translation>Dateipfad anpassen</translation>
     </message>
     <message>
-        <source>reset normalmaps</source>
-        <translation>Normal-Maps zurücksetzen</translation>
-    </message>
-    <message>
-        <source>reset normalmap</source>
-        <translation>Normal-Map zurücksetzen</translation>
-    </message>
-    <message>
-        <source>Reset normalmap: </source>
-        <translation>Zurückgesetzte Normal-Map: </translation>
-    </message>
-    <message>
         <source>&apos;%1&apos; was changed by another program since it was opened. Save under another name, or open it again.</source>
         <translation>„%1“ wurde seit dem Öffnen von einem anderen Programm geändert. Bitte unter anderem Namen speichern oder neu öffnen.</translation>
     </message>
@@ -1642,6 +1826,25 @@ Mit Alt beginnen | von der Auswahl abziehen</translation>
     <message>
         <source>%1. If it no longer runs there, remove &apos;%2&apos;</source>
         <translation>%1. Läuft es dort nicht mehr, dann „%2“ entfernen</translation>
+    </message>
+</context>
+<context>
+    <name>ProjectRecovery</name>
+    <message>
+        <source>Unsaved work can&apos;t be kept for recovery: %1. Better save now.</source>
+        <translation>Ungespeicherte Arbeit lässt sich nicht sichern: %1. Jetzt besser speichern.</translation>
+    </message>
+    <message>
+        <source>Error</source>
+        <translation>Fehler</translation>
+    </message>
+    <message>
+        <source>%1
+
+The snapshot is kept in &apos;%2&apos;.</source>
+        <translation>%1
+
+Die Sicherung bleibt in „%2“.</translation>
     </message>
 </context>
 <context>
@@ -1810,6 +2013,171 @@ Mit Alt beginnen | von der Auswahl abziehen</translation>
     </message>
 </context>
 <context>
+    <name>RecoveryDialog</name>
+    <message>
+        <source>Unreadable snapshot</source>
+        <translation>Unlesbare Sicherung</translation>
+    </message>
+    <message>
+        <source>Untitled</source>
+        <translation>Unbenannt</translation>
+    </message>
+    <message>
+        <source>It is kept in &apos;%1&apos;.</source>
+        <translation>Sie bleibt in „%1“.</translation>
+    </message>
+    <message>
+        <source>Never saved</source>
+        <translation>Nie gespeichert</translation>
+    </message>
+    <message>
+        <source>The program ended while recovering it the last time.</source>
+        <translation>Beim letzten Wiederherstellen endete das Programm.</translation>
+    </message>
+    <message>
+        <source>The project&apos;s file is not there any more.</source>
+        <translation>Die Projektdatei gibt es nicht mehr.</translation>
+    </message>
+    <message>
+        <source>The project&apos;s file was changed after that.</source>
+        <translation>Die Projektdatei wurde danach geändert.</translation>
+    </message>
+    <message>
+        <source>Unsaved work</source>
+        <translation>Ungespeicherte Arbeit</translation>
+    </message>
+    <message>
+        <source>The program did not end well. This is what it had kept of work that was not saved:</source>
+        <translation>Das Programm endete nicht regulär. Das hatte es von ungespeicherter Arbeit gesichert:</translation>
+    </message>
+    <message>
+        <source>Recover</source>
+        <translation>Wiederherstellen</translation>
+    </message>
+    <message>
+        <source>Delete...</source>
+        <translation>Löschen...</translation>
+    </message>
+    <message>
+        <source>Later</source>
+        <translation>Später</translation>
+    </message>
+    <message>
+        <source>Can&apos;t be read</source>
+        <translation>Nicht lesbar</translation>
+    </message>
+    <message>
+        <source>Delete?</source>
+        <translation>Löschen?</translation>
+    </message>
+    <message>
+        <source>Delete what was kept of %1?</source>
+        <translation>Soll die Sicherung von %1 gelöscht werden?</translation>
+    </message>
+    <message>
+        <source>It can&apos;t be recovered then.</source>
+        <translation>Dann lässt es sich nicht mehr wiederherstellen.</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Löschen</translation>
+    </message>
+    <message>
+        <source>a minute ago</source>
+        <translation>vor einer Minute</translation>
+    </message>
+    <message>
+        <source>%1 minutes ago</source>
+        <translation>vor %1 Minuten</translation>
+    </message>
+    <message>
+        <source>an hour ago</source>
+        <translation>vor einer Stunde</translation>
+    </message>
+    <message>
+        <source>%1 hours ago</source>
+        <translation>vor %1 Stunden</translation>
+    </message>
+    <message>
+        <source>a day ago</source>
+        <translation>vor einem Tag</translation>
+    </message>
+    <message>
+        <source>%1 days ago</source>
+        <translation>vor %1 Tagen</translation>
+    </message>
+</context>
+<context>
+    <name>RecoveryInterval</name>
+    <message>
+        <source> s</source>
+        <translation> s</translation>
+    </message>
+    <message>
+        <source>Keep unsaved work every</source>
+        <translation>Ungespeicherte Arbeit sichern alle</translation>
+    </message>
+    <message>
+        <source>After a crash the next start offers what was kept last</source>
+        <translation>Nach einem Absturz bietet der nächste Start die letzte Sicherung an</translation>
+    </message>
+    <message>
+        <source>&lt;b&gt;Keep unsaved work every:&lt;/b&gt;</source>
+        <translation>&lt;b&gt;Arbeit sichern alle:&lt;/b&gt;</translation>
+    </message>
+</context>
+<context>
+    <name>RecoverySnapshot</name>
+    <message>
+        <source>Two surfaces of the project are named &apos;%1&apos;</source>
+        <translation>Zwei Oberflächen des Projekts heißen „%1“</translation>
+    </message>
+</context>
+<context>
+    <name>RecoveryStore</name>
+    <message>
+        <source>The snapshot in &apos;%1&apos; can&apos;t be read</source>
+        <translation>Die Sicherung in „%1“ ist nicht lesbar</translation>
+    </message>
+</context>
+<context>
+    <name>RecoveryWriter</name>
+    <message>
+        <source>No folder can be made for it</source>
+        <translation>es lässt sich kein Ordner dafür anlegen</translation>
+    </message>
+</context>
+<context>
+    <name>ReservedKeys</name>
+    <message>
+        <source>%1 takes back what was begun.</source>
+        <translation>%1 nimmt Begonnenes zurück.</translation>
+    </message>
+    <message>
+        <source>%1 keeps what was entered.</source>
+        <translation>%1 übernimmt Eingegebenes.</translation>
+    </message>
+    <message>
+        <source>%1 goes from field to field.</source>
+        <translation>%1 geht von Feld zu Feld.</translation>
+    </message>
+    <message>
+        <source>%1 pans the view and presses buttons.</source>
+        <translation>%1 verschiebt die Ansicht und drückt Knöpfe.</translation>
+    </message>
+    <message>
+        <source>%1 belongs to the fields in which text is edited.</source>
+        <translation>%1 gehört den Feldern, in denen Text bearbeitet wird.</translation>
+    </message>
+</context>
+<context>
+    <name>SampleAction</name>
+    <message>
+        <source>&amp;Open the sample project</source>
+        <translation>&amp;Beispielprojekt öffnen</translation>
+    </message>
+</context>
+<context>
     <name>SaveDevice</name>
     <message>
         <source>only to be opened once and for writing</source>
@@ -1884,11 +2252,18 @@ ziehen</translation>
     </message>
 </context>
 <context>
-    <name>ShortcutsDialog</name>
+    <name>Shortcuts</name>
     <message>
         <source>Further keys</source>
         <translation>Weitere Tasten</translation>
     </message>
+    <message>
+        <source>%1 opens the menu “%2”.</source>
+        <translation>%1 öffnet das Menü „%2“.</translation>
+    </message>
+</context>
+<context>
+    <name>ShortcutsDialog</name>
     <message>
         <source>Keyboard Shortcuts</source>
         <translation>Tastenkürzel</translation>
@@ -1900,6 +2275,98 @@ ziehen</translation>
     <message>
         <source>Search</source>
         <translation>Suchen</translation>
+    </message>
+    <message>
+        <source>No Key</source>
+        <translation>Keine Taste</translation>
+    </message>
+    <message>
+        <source>Reset</source>
+        <translation>Zurücksetzen</translation>
+    </message>
+    <message>
+        <source>Take It Over</source>
+        <translation>Übernehmen</translation>
+    </message>
+    <message>
+        <source>Reset All...</source>
+        <translation>Alle zurücksetzen...</translation>
+    </message>
+    <message>
+        <source>Keys of the command</source>
+        <translation>Tasten des Befehls</translation>
+    </message>
+    <message>
+        <source>Has no key of its own</source>
+        <translation>Hat keine eigene Taste</translation>
+    </message>
+    <message>
+        <source>Its own key: %1</source>
+        <translation>Eigene Taste: %1</translation>
+    </message>
+    <message>
+        <source>Choose a command</source>
+        <translation>Einen Befehl wählen</translation>
+    </message>
+    <message>
+        <source>Press the new keys in the field above.</source>
+        <translation>Die neuen Tasten im Feld oben drücken.</translation>
+    </message>
+    <message>
+        <source>These keys can&apos;t be changed.</source>
+        <translation>Diese Tasten lassen sich nicht ändern.</translation>
+    </message>
+    <message>
+        <source>%1 is its key already.</source>
+        <translation>%1 ist schon seine Taste.</translation>
+    </message>
+    <message>
+        <source>%1 is a key of the tools, which stays.</source>
+        <translation>%1 ist eine Taste der Werkzeuge und bleibt es.</translation>
+    </message>
+    <message>
+        <source>%1 stays with “%2”.</source>
+        <translation>%1 bleibt bei „%2“.</translation>
+    </message>
+    <message>
+        <source>%1 is the key of %2 now.</source>
+        <translation>%1 ist jetzt die Taste von %2.</translation>
+    </message>
+    <message>
+        <source>%1 is the key of %2.</source>
+        <translation>%1 ist die Taste von %2.</translation>
+    </message>
+    <message>
+        <source>%1 stays with %2.</source>
+        <translation>%1 bleibt bei %2.</translation>
+    </message>
+    <message>
+        <source>%1 Choose other keys.</source>
+        <translation>%1 Bitte andere Tasten wählen.</translation>
+    </message>
+    <message>
+        <source>%1 is the key of %2 now, no longer of %3.</source>
+        <translation>%1 ist jetzt die Taste von %2, nicht mehr von %3.</translation>
+    </message>
+    <message>
+        <source>%1 stays with %2, for which it was chosen.</source>
+        <translation>%1 bleibt bei %2, wofür es gewählt wurde.</translation>
+    </message>
+    <message>
+        <source>Reset all keys?</source>
+        <translation>Alle Tasten zurücksetzen?</translation>
+    </message>
+    <message>
+        <source>Give all commands their own keys again?</source>
+        <translation>Sollen alle Befehle wieder ihre eigenen Tasten bekommen?</translation>
+    </message>
+    <message>
+        <source>The keys that you have chosen are lost.</source>
+        <translation>Die selbst gewählten Tasten gehen verloren.</translation>
+    </message>
+    <message>
+        <source>Reset All</source>
+        <translation>Alle zurücksetzen</translation>
     </message>
 </context>
 <context>
@@ -1991,14 +2458,6 @@ ziehen</translation>
     </message>
     <message>
         <source>%1
-The image is %2 now, but its surface was painted at %3.
-Bring the image back to its former size, choose another one under the list, or open the project again to clear the surface.</source>
-        <translation>%1
-Das Bild misst jetzt %2, seine Oberfläche wurde aber bei %3 gemalt.
-Das Bild auf die frühere Größe bringen, unter der Liste ein anderes wählen oder das Projekt neu öffnen, um die Oberfläche zu leeren.</translation>
-    </message>
-    <message>
-        <source>%1
 The image can&apos;t be read.
 Put the file back in its place, or choose it under the list.</source>
         <translation>%1
@@ -2008,6 +2467,45 @@ Die Datei an ihren Platz zurücklegen oder sie unter der Liste wählen.</transla
     <message>
         <source>rename body</source>
         <translation>Sprite umbenennen</translation>
+    </message>
+    <message>
+        <source>%1
+The image is %2 now, but its surface was painted at %3.
+Bring the image back to its former size, choose another one under the list, or choose Edit &gt; Reload sprites to clear, anchor or scale the surface.</source>
+        <translation>%1
+Das Bild misst jetzt %2, seine Oberfläche wurde aber bei %3 gemalt.
+Das Bild auf die frühere Größe bringen, unter der Liste ein anderes wählen oder die Oberfläche mit Bearbeiten &gt; Sprites neu laden leeren, verankern oder skalieren.</translation>
+    </message>
+</context>
+<context>
+    <name>SpriteReloading</name>
+    <message>
+        <source>Reload sprites</source>
+        <translation>Sprites neu laden</translation>
+    </message>
+    <message>
+        <source>Read all sprites from their files again</source>
+        <translation>Alle Sprites neu aus ihren Dateien lesen</translation>
+    </message>
+    <message>
+        <source>Sprites reloaded: </source>
+        <translation>Neu geladene Sprites: </translation>
+    </message>
+    <message>
+        <source>Sprites missing: </source>
+        <translation>Fehlende Sprites: </translation>
+    </message>
+    <message>
+        <source>Size of sprites changed: </source>
+        <translation>Geänderte Größe von Sprites: </translation>
+    </message>
+    <message>
+        <source>No sprite has changed</source>
+        <translation>Kein Sprite hat sich geändert</translation>
+    </message>
+    <message>
+        <source>Fitting surfaces</source>
+        <translation>Oberflächen werden angepasst</translation>
     </message>
 </context>
 <context>
@@ -2073,6 +2571,45 @@ Map</translation>
     <message>
         <source>How much of the texture is seen over the normal map</source>
         <translation>Wie viel von der Textur über der Normal-Map zu sehen ist</translation>
+    </message>
+</context>
+<context>
+    <name>SurfaceFitting</name>
+    <message>
+        <source>anchor surfaces</source>
+        <translation>Oberflächen verankern</translation>
+    </message>
+    <message>
+        <source>anchor surface</source>
+        <translation>Oberfläche verankern</translation>
+    </message>
+    <message>
+        <source>Anchored normalmap: </source>
+        <translation>Verankerte Normal-Map: </translation>
+    </message>
+    <message>
+        <source>scale surfaces</source>
+        <translation>Oberflächen skalieren</translation>
+    </message>
+    <message>
+        <source>scale surface</source>
+        <translation>Oberfläche skalieren</translation>
+    </message>
+    <message>
+        <source>Scaled normalmap: </source>
+        <translation>Skalierte Normal-Map: </translation>
+    </message>
+    <message>
+        <source>reset normalmaps</source>
+        <translation>Normal-Maps zurücksetzen</translation>
+    </message>
+    <message>
+        <source>reset normalmap</source>
+        <translation>Normal-Map zurücksetzen</translation>
+    </message>
+    <message>
+        <source>Reset normalmap: </source>
+        <translation>Zurückgesetzte Normal-Map: </translation>
     </message>
 </context>
 <context>
@@ -2162,6 +2699,162 @@ Map</translation>
     <message>
         <source>Redo</source>
         <translation>Wiederholen</translation>
+    </message>
+</context>
+<context>
+    <name>UpdateChecker</name>
+    <message>
+        <source>It can&apos;t be found. Is there a connection to the network?</source>
+        <translation>Sie ist nicht zu finden. Besteht eine Verbindung zum Netz?</translation>
+    </message>
+    <message>
+        <source>Its certificate is not to be trusted.</source>
+        <translation>Ihrem Zertifikat ist nicht zu trauen.</translation>
+    </message>
+    <message>
+        <source>It leads to an address that is not secure.</source>
+        <translation>Sie führt zu einer unsicheren Adresse.</translation>
+    </message>
+    <message>
+        <source>It leads from one address to the next.</source>
+        <translation>Sie führt von einer Adresse zur nächsten.</translation>
+    </message>
+    <message>
+        <source>It answers with the status %1.</source>
+        <translation>Sie antwortet mit dem Status %1.</translation>
+    </message>
+    <message>
+        <source>It can&apos;t be reached.</source>
+        <translation>Sie ist nicht erreichbar.</translation>
+    </message>
+    <message>
+        <source>It does not answer.</source>
+        <translation>Sie antwortet nicht.</translation>
+    </message>
+    <message>
+        <source>Its answer is too long.</source>
+        <translation>Ihre Antwort ist zu lang.</translation>
+    </message>
+    <message>
+        <source>Its answer can&apos;t be read.</source>
+        <translation>Ihre Antwort ist nicht lesbar.</translation>
+    </message>
+</context>
+<context>
+    <name>UpdateChoice</name>
+    <message>
+        <source>Ask once a day whether there is a newer version</source>
+        <translation>Einmal am Tag nach einer neueren Version fragen</translation>
+    </message>
+    <message>
+        <source>Tell of pre-releases, too</source>
+        <translation>Auch Vorabversionen melden</translation>
+    </message>
+    <message>
+        <source>Nothing but the program&apos;s name and version goes along.</source>
+        <translation>Nur Name und Version des Programms werden gesendet.</translation>
+    </message>
+    <message>
+        <source>&lt;b&gt;Updates:&lt;/b&gt;</source>
+        <translation>&lt;b&gt;Aktualisierung:&lt;/b&gt;</translation>
+    </message>
+</context>
+<context>
+    <name>UpdateDialog</name>
+    <message>
+        <source>Open its page</source>
+        <translation>Seite öffnen</translation>
+    </message>
+    <message>
+        <source>Skip this version</source>
+        <translation>Diese Version überspringen</translation>
+    </message>
+    <message>
+        <source>Updates</source>
+        <translation>Aktualisierung</translation>
+    </message>
+    <message>
+        <source>Looking for a newer version</source>
+        <translation>Suche nach einer neueren Version</translation>
+    </message>
+    <message>
+        <source>Asking %1...</source>
+        <translation>%1 wird gefragt...</translation>
+    </message>
+    <message>
+        <source>There is no answer</source>
+        <translation>Keine Antwort</translation>
+    </message>
+    <message>
+        <source>%1 was asked for a newer version than %2. %3</source>
+        <translation>Die Adresse %1 wurde nach einer neueren Version als %2 gefragt. %3</translation>
+    </message>
+    <message>
+        <source>%1 is up to date</source>
+        <translation>%1 ist aktuell</translation>
+    </message>
+    <message>
+        <source>There is no newer version than %1.</source>
+        <translation>Es gibt keine neuere Version als %1.</translation>
+    </message>
+    <message>
+        <source>You have %1.</source>
+        <translation>Installiert ist %1.</translation>
+    </message>
+    <message>
+        <source>The new one is of %1.</source>
+        <translation>Die neue ist vom %1.</translation>
+    </message>
+    <message>
+        <source>%1 %2 is there</source>
+        <translation>%1 %2 ist da</translation>
+    </message>
+    <message>
+        <source>Later</source>
+        <translation>Später</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>No browser could be opened. The page is at:</source>
+        <translation>Es ließ sich kein Browser öffnen. Die Seite steht unter:</translation>
+    </message>
+</context>
+<context>
+    <name>UpdateNotices</name>
+    <message>
+        <source>Check for updates...</source>
+        <translation>Nach neuer Version suchen...</translation>
+    </message>
+    <message>
+        <source>May %1 ask %2 once a day whether there is a newer version? Nothing but its name and version goes along.</source>
+        <translation>Darf %1 einmal am Tag bei %2 nach einer neueren Version fragen? Nur Name und Version werden gesendet.</translation>
+    </message>
+    <message>
+        <source>Ask daily</source>
+        <translation>Täglich fragen</translation>
+    </message>
+    <message>
+        <source>Don&apos;t ask</source>
+        <translation>Nicht fragen</translation>
+    </message>
+    <message>
+        <source>%1 %2 is there.</source>
+        <translation>%1 %2 ist da.</translation>
+    </message>
+    <message>
+        <source>Details...</source>
+        <translation>Einzelheiten...</translation>
+    </message>
+    <message>
+        <source>Later</source>
+        <translation>Später</translation>
     </message>
 </context>
 <context>
@@ -2279,6 +2972,18 @@ Map</translation>
     <message>
         <source>Replace</source>
         <translation>Ersetzen</translation>
+    </message>
+    <message>
+        <source>Anchor surface</source>
+        <translation>Oberfläche verankern</translation>
+    </message>
+    <message>
+        <source>Scale surface</source>
+        <translation>Oberfläche skalieren</translation>
+    </message>
+    <message>
+        <source>Anchored, a surface stays at this place, and what is new around it is flat. Scaled, its relief grows with the sprite.</source>
+        <translation>Verankert bleibt eine Oberfläche an dieser Stelle, und Neues um sie herum ist flach. Skaliert wächst ihr Relief mit dem Sprite.</translation>
     </message>
 </context>
 <context>

@@ -24,6 +24,17 @@ void GSettings::setValue(const QString &key, const QVariant &value)
         m_memory.insert(key, value);
 }
 
+void GSettings::remove(const QString &key)
+{
+    if (m_store)
+        m_store->remove(key);
+    m_memory.remove(key);
+    const QString folder = key + QLatin1Char('/');
+    auto next = m_memory.lowerBound(folder);
+    while (next != m_memory.end() && next.key().startsWith(folder))
+        next = m_memory.erase(next);
+}
+
 void GSettings::flush()
 {
     if (m_store)

@@ -22,6 +22,8 @@ public:
 
     QVariant value(const QString &key, const QVariant &fallback = {}) const;
     void setValue(const QString &key, const QVariant &value);
+    /// Forgets @p key and all keys below it, as "a/b" is below "a".
+    void remove(const QString &key);
     /// Writes what is still to be written to the store.
     void flush();
     /// Forgets everything.

@@ -5,6 +5,7 @@
 #include "framework/GAction.h"
 #include "framework/ManualDialog.h"
 #include "framework/RecentFiles.h"
+#include "framework/Shortcuts.h"
 #include "framework/ShortcutsDialog.h"
 #include "framework/SystemInformationDialog.h"
 #include "framework/WindowLayout.h"
@@ -17,8 +18,11 @@
 #include <QMenu>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScopedValueRollback>
 #include <QStandardPaths>
 #include <QToolBar>
+
+#include <utility>
 
 namespace {
 
@@ -40,11 +44,13 @@ QList<QKeySequence> platformKeys(QKeySequence::StandardKey key, const char *fall
 }
 
 GAction *createAction(GMainWindow *window,
+                      const char *id,
                       const QString &text,
                       const QList<QKeySequence> &keys,
                       QAction::MenuRole role = QAction::NoRole)
 {
     auto *action = new GAction(text, window);
+    action->setObjectName(QLatin1String(id));
     action->setShortcuts(keys);
     action->setMenuRole(role);
     return action;
@@ -61,17 +67,20 @@ GMainWindow::GMainWindow(GSettings &settings, const DocumentType &type, QWidget 
     : QMainWindow(parent)
     , m_settings(settings)
     , m_type(type)
-    , m_new(createAction(this, tr("&New"), platformKeys(QKeySequence::New, "Ctrl+N")))
-    , m_open(createAction(this, tr("&Open..."), platformKeys(QKeySequence::Open, "Ctrl+O")))
-    , m_save(createAction(this, tr("&Save"), platformKeys(QKeySequence::Save, "Ctrl+S")))
-    , m_saveAs(
-          createAction(this, tr("Save &As..."), platformKeys(QKeySequence::SaveAs, "Ctrl+Shift+S")))
-    , m_close(createAction(this, tr("&Close"), platformKeys(QKeySequence::Close, "Ctrl+W")))
+    , m_new(createAction(this, "new", tr("&New"), platformKeys(QKeySequence::New, "Ctrl+N")))
+    , m_open(createAction(this, "open", tr("&Open..."), platformKeys(QKeySequence::Open, "Ctrl+O")))
+    , m_save(createAction(this, "save", tr("&Save"), platformKeys(QKeySequence::Save, "Ctrl+S")))
+    , m_saveAs(createAction(
+          this, "saveAs", tr("Save &As..."), platformKeys(QKeySequence::SaveAs, "Ctrl+Shift+S")))
+    , m_close(
+          createAction(this, "close", tr("&Close"), platformKeys(QKeySequence::Close, "Ctrl+W")))
     , m_quit(createAction(
-          this, tr("&Quit"), platformKeys(QKeySequence::Quit, "Ctrl+Q"), QAction::QuitRole))
-    , m_manual(createAction(this, tr("&Manual"), platformKeys(QKeySequence::HelpContents, "F1")))
-    , m_fullScreen(
-          createAction(this, tr("&Full Screen"), platformKeys(QKeySequence::FullScreen, "F11")))
+          this, "quit", tr("&Quit"), platformKeys(QKeySequence::Quit, "Ctrl+Q"), QAction::QuitRole))
+    , m_manual(createAction(
+          this, "manual", tr("&Manual"), platformKeys(QKeySequence::HelpContents, "F1")))
+    , m_fullScreen(createAction(
+          this, "fullScreen", tr("&Full Screen"), platformKeys(QKeySequence::FullScreen, "F11")))
+    , m_shortcuts(new Shortcuts(settings, *this))
     , m_recent(new RecentFiles(settings, tr("Open &Recent"), this))
 {
     connect(m_new, &QAction::triggered, this, &GMainWindow::newDocument);
@@ -123,23 +132,34 @@ bool GMainWindow::openPath(const QString &path)
 
 bool GMainWindow::save()
 {
+    if (m_isStoring)
+        return false;
     finishEditing();
     const QString path = documentPath();
-    return path.isEmpty() || isDocumentReadOnly() ? saveAs() : finishSaving(storeDocument(path));
+    return path.isEmpty() || isDocumentReadOnly() ? saveAs() : store(path);
 }
 
 bool GMainWindow::saveAs()
 {
     finishEditing();
     const QString path = chooseSavePath();
-    return !path.isEmpty() && finishSaving(storeDocument(path));
+    return !path.isEmpty() && store(path);
 }
 
-bool GMainWindow::finishSaving(bool isStored)
+// Storing may show its progress, and the desktop's requests come through then: nothing takes the
+// place of what is being stored, and a window that shall close does so once it is.
+bool GMainWindow::store(const QString &path)
 {
+    bool isStored = false;
+    {
+        const QScopedValueRollback storing(m_isStoring, true);
+        isStored = storeDocument(path);
+    }
     if (isStored)
         rememberDocument();
     updateTitle();
+    if (std::exchange(m_closesAfterStoring, false) && isStored)
+        QMetaObject::invokeMethod(this, &QWidget::close, Qt::QueuedConnection);
     return isStored;
 }
 
@@ -166,6 +186,8 @@ void GMainWindow::finishEditing()
 
 bool GMainWindow::mayReplaceDocument()
 {
+    if (m_isStoring)
+        return false;
     finishEditing();
     if (!isDocumentModified())
         return true;
@@ -178,7 +200,9 @@ bool GMainWindow::mayReplaceDocument()
     box.setWindowModality(Qt::WindowModal);
     box.setDefaultButton(QMessageBox::Save);
     const int answer = box.exec();
-    return answer == QMessageBox::Discard || (answer == QMessageBox::Save && save());
+    // What has changed while it was being saved is not in the file.
+    return answer == QMessageBox::Discard ||
+           (answer == QMessageBox::Save && save() && !isDocumentModified());
 }
 
 QString GMainWindow::chooseSavePath()
@@ -260,6 +284,7 @@ void GMainWindow::setReplaceable(bool isReplaceable)
 void GMainWindow::restoreLayout()
 {
     ::restoreLayout(*this, m_settings);
+    m_shortcuts->apply();
     for (auto panel = m_panelActions.cbegin(); panel != m_panelActions.cend(); ++panel)
         panel.value()->setChecked(
             m_settings.value(panelKey(panel.key()), panel.value()->isChecked()).toBool());
@@ -269,6 +294,7 @@ void GMainWindow::restoreLayout()
 
 void GMainWindow::closeEvent(QCloseEvent *event)
 {
+    m_closesAfterStoring = m_isStoring;
     event->setAccepted(mayReplaceDocument());
     if (!event->isAccepted())
         return;
@@ -316,7 +342,7 @@ QMenu *GMainWindow::createWindowMenu(const QList<QWidget *> &panels)
 {
     auto *menu = new QMenu(tr("&Window"), this);
     GAction *minimise =
-        createAction(this, tr("Mi&nimise"), {QKeySequence(QStringLiteral("Ctrl+M"))});
+        createAction(this, "minimise", tr("Mi&nimise"), {QKeySequence(QStringLiteral("Ctrl+M"))});
     connect(minimise, &QAction::triggered, this, &QWidget::showMinimized);
     menu->addActions({minimise, m_fullScreen});
     menu->addSeparator();
@@ -345,9 +371,10 @@ void GMainWindow::showOnce(const QString &name, Create create)
 QMenu *GMainWindow::createHelpMenu(const ApplicationTexts &texts)
 {
     auto *menu = new QMenu(tr("&Help"), this);
-    GAction *shortcuts = createAction(this, tr("Keyboard &Shortcuts"), {});
-    GAction *information = createAction(this, tr("System &Information"), {});
+    GAction *shortcuts = createAction(this, "shortcuts", tr("Keyboard &Shortcuts"), {});
+    GAction *information = createAction(this, "systemInformation", tr("System &Information"), {});
     GAction *about = createAction(this,
+                                  "about",
                                   tr("&About %1").arg(QGuiApplication::applicationDisplayName()),
                                   {},
                                   QAction::AboutRole);
@@ -356,7 +383,7 @@ QMenu *GMainWindow::createHelpMenu(const ApplicationTexts &texts)
     });
     connect(shortcuts, &QAction::triggered, this, [this] {
         showOnce(QStringLiteral("shortcuts"),
-                 [this] { return new ShortcutsDialog(shortcutGroups(*this, m_gestures), this); });
+                 [this] { return new ShortcutsDialog(*m_shortcuts, m_gestures, this); });
     });
     connect(information, &QAction::triggered, this, [this] {
         showOnce(QStringLiteral("information"), [this] {
@@ -370,5 +397,6 @@ QMenu *GMainWindow::createHelpMenu(const ApplicationTexts &texts)
     menu->addActions({m_manual, shortcuts, information});
     menu->addSeparator();
     menu->addAction(about);
+    m_help = menu;
     return menu;
 }

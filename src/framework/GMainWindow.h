@@ -4,13 +4,14 @@
 
 #include <QHash>
 #include <QMainWindow>
+#include <QMenu>
 #include <QPointer>
 
 class GAction;
 class GSettings;
 class QDialog;
-class QMenu;
 class RecentFiles;
+class Shortcuts;
 
 /// The window of an application that works on one document at a time: its document actions, its
 /// title and its geometry, the menus that every application has. What a document is the derived
@@ -40,6 +41,8 @@ public:
 
     /// Opens @p path after asking for unsaved changes; false when it was cancelled or refused.
     bool openPath(const QString &path);
+    /// Puts @p action, which somebody else owns, at the end of the Help menu.
+    void addHelpAction(QAction &action) { m_help->addAction(&action); }
 
 public Q_SLOTS:
     void newDocument();
@@ -70,8 +73,9 @@ protected:
     void setReplaceable(bool isReplaceable);
     /// To be called when the document, its modified or its read-only state has become another.
     void updateTitle();
-    /// Restores geometry, toolbars, shown panels and the splitters named by object name; called at
-    /// the end of the derived constructor, after a first resize(). All are kept on close.
+    /// Restores geometry, toolbars, shown panels, the splitters named by object name and the keys
+    /// that the user has chosen; called at the end of the derived constructor, after a first
+    /// resize(). All are kept on close.
     void restoreLayout();
 
     /// New, Open..., Open Recent, separator, Save, Save As...
@@ -88,7 +92,8 @@ protected:
     GAction &saveAction() { return *m_save; }
     GAction &saveAsAction() { return *m_saveAs; }
     GAction &manualAction() { return *m_manual; }
-    /// What the list of shortcuts tells besides those of all actions.
+    /// What the list of shortcuts tells besides those of all actions. Actions whose keys the user
+    /// may change have an object name, under which the keys are kept.
     void setGestures(const QList<ShortcutGroup> &gestures) { m_gestures = gestures; }
 
     void closeEvent(QCloseEvent *event) override;
@@ -102,7 +107,7 @@ private:
     QString chooseSavePath();
     bool isDocumentSuffix(const QString &suffix) const;
     bool mayOverwrite(const QString &path);
-    bool finishSaving(bool isStored);
+    bool store(const QString &path);
     void rememberDocument();
     void returnFocus(QWidget *old, QWidget *now);
     /// Shows the dialog that @p create makes, or the one that is open already.
@@ -119,8 +124,12 @@ private:
     GAction *m_quit;
     GAction *m_manual;
     GAction *m_fullScreen;
+    Shortcuts *m_shortcuts;
     RecentFiles *m_recent;
+    QMenu *m_help = nullptr;
     QHash<QString, QAction *> m_panelActions;
     QHash<QString, QPointer<QDialog>> m_dialogs;
     QList<ShortcutGroup> m_gestures;
+    bool m_isStoring = false;
+    bool m_closesAfterStoring = false;
 };

@@ -4,24 +4,57 @@
 
 #include <QDialog>
 
-class QMainWindow;
+class KeyEdit;
+class Shortcuts;
+
+QT_BEGIN_NAMESPACE
+class QAction;
+class QKeySequence;
+class QLabel;
+class QLineEdit;
+class QPushButton;
 class QTreeWidget;
+class QTreeWidgetItem;
+QT_END_NAMESPACE
 
-/// The actions of @p window that have shortcuts, by the menus that hold them, then those outside
-/// of menus; then @p gestures.
-QList<ShortcutGroup> shortcutGroups(const QMainWindow &window,
-                                    const QList<ShortcutGroup> &gestures);
-
-/// The list of all shortcuts, with a line to search in it.
+/// All commands with their keys, which the user changes here, and what mouse and keys do besides.
+/// Changes count at once.
 class ShortcutsDialog : public QDialog
 {
     Q_OBJECT
 
 public:
-    explicit ShortcutsDialog(const QList<ShortcutGroup> &groups, QWidget *parent = nullptr);
+    /// @p shortcuts outlive the dialog. @p gestures are shown only.
+    ShortcutsDialog(Shortcuts &shortcuts,
+                    const QList<ShortcutGroup> &gestures,
+                    QWidget *parent = nullptr);
 
 private:
-    void filter(const QString &text);
+    QWidget *createEditor();
+    void connectEditor();
+    void fill();
+    void addGestures();
+    QTreeWidgetItem *addGroup(const QString &title);
+    void filter();
+    void goToFirst();
+    void showKeys(QTreeWidgetItem &row, const QAction &command);
+    void showCurrent();
+    void take(const QKeySequence &keys);
+    void takeOver();
+    void reset();
+    void askAndResetAll();
+    QString gestureAt(const QKeySequence &keys) const;
+    void tell(const QString &text, bool isTrouble = false);
+    QAction *current() const;
 
+    Shortcuts &m_shortcuts;
+    const QList<ShortcutGroup> m_gestures;
+    QLineEdit *m_search;
     QTreeWidget *m_list;
+    QLabel *m_command;
+    KeyEdit *m_edit;
+    QPushButton *m_remove;
+    QPushButton *m_reset;
+    QPushButton *m_takeOver;
+    QLabel *m_message;
 };

@@ -44,6 +44,7 @@ public:
         : QAction(panel->windowTitle(), panel)
         , m_panel(panel)
     {
+        setObjectName(QLatin1String(panel->metaObject()->className()));
         setCheckable(true);
         setChecked(!panel->isHidden());
         panel->installEventFilter(this);

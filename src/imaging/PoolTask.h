@@ -1,5 +1,7 @@
 #pragma once
 
+#include "imaging/PoolThread.h"
+
 #include <QRunnable>
 #include <QThreadPool>
 
@@ -99,6 +101,7 @@ private:
 
         void run() override
         {
+            enterPoolThread();
             s_handOver.lock();
             s_handOver.unlock();
             std::unique_ptr<Result> result;

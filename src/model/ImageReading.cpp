@@ -4,6 +4,7 @@
 #include <QColorSpace>
 #include <QCoreApplication>
 #include <QCryptographicHash>
+#include <QDateTime>
 #include <QFile>
 #include <QFileInfo>
 #include <QImageReader>
@@ -68,6 +69,17 @@ bool endsAsJpeg(const QByteArray &content)
     return false;
 }
 
+// Some file systems count in steps of two seconds.
+FileStamp settledStampOf(const QString &path)
+{
+    constexpr qint64 coarsest = 2000000000;
+    constexpr qint64 millisecond = 1000000;
+    const FileStamp stamp = stampOf(path);
+    const qint64 now = QDateTime::currentMSecsSinceEpoch() * millisecond;
+    const bool isFresh = stamp.modified > now - coarsest;
+    return isFresh ? FileStamp{-2, 0, 0} : stamp;
+}
+
 QImage decode(const QByteArray &content, QString *problem)
 {
     const QByteArray format = formatOf(content);
@@ -120,6 +132,7 @@ QString ReadImage::shownProblem() const
 ReadImage readImageFile(const QString &path)
 {
     ReadImage result;
+    result.stamp = settledStampOf(path);
     // Anything else, a pipe above all, could keep the program waiting for ever.
     if (!QFileInfo(path).isFile()) {
         result.problem = QLatin1String(QT_TRANSLATE_NOOP("ReadImage", "not a file"));

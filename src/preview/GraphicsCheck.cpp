@@ -45,21 +45,8 @@ QString textOf(QOpenGLFunctions &functions, GLenum name)
     return QString::fromLatin1(reinterpret_cast<const char *>(functions.glGetString(name)));
 }
 
-} // namespace
-
-QString checkGraphics()
+QString informationOf(const ProbeContext &probe)
 {
-    const ProbeContext probe;
-    if (!probe.hasShaders())
-        return Words::tr("Installed OpenGL has no shader support!");
-    if (!probe.functions()->hasOpenGLFeature(QOpenGLFunctions::Multitexture))
-        return Words::tr("Installed OpenGL has no multi-texturing support!");
-    return {};
-}
-
-QString graphicsInformation()
-{
-    const ProbeContext probe;
     QOpenGLFunctions *functions = probe.functions();
     if (!functions)
         return Words::tr("No OpenGL context");
@@ -72,6 +59,25 @@ QString graphicsInformation()
         Words::tr("Shading language: %1").arg(textOf(*functions, GL_SHADING_LANGUAGE_VERSION)),
         Words::tr("Largest texture: %1 pixels").arg(textureSize)};
     return lines.join(QLatin1Char('\n'));
+}
+
+} // namespace
+
+QString checkGraphics(QString *information)
+{
+    const ProbeContext probe;
+    if (information)
+        *information = informationOf(probe);
+    if (!probe.hasShaders())
+        return Words::tr("Installed OpenGL has no shader support!");
+    if (!probe.functions()->hasOpenGLFeature(QOpenGLFunctions::Multitexture))
+        return Words::tr("Installed OpenGL has no multi-texturing support!");
+    return {};
+}
+
+QString graphicsInformation()
+{
+    return informationOf(ProbeContext());
 }
 
 void prepareGraphics()

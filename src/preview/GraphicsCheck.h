@@ -4,8 +4,8 @@
 
 /// Why the preview can't work with this graphics stack, empty when it can: "Installed OpenGL has no
 /// shader support!" (also when no context can be made) or "Installed OpenGL has no multi-texturing
-/// support!".
-QString checkGraphics();
+/// support!". @p information, if given, becomes what graphicsInformation() tells.
+QString checkGraphics(QString *information = nullptr);
 
 /// Vendor, renderer, version, shading language and texture limit, one a line.
 QString graphicsInformation();

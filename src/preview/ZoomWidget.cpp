@@ -85,6 +85,10 @@ ZoomWidget::ZoomWidget(QWidget *parent)
     layout->addWidget(m_edit);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 
+    m_in->setObjectName(QStringLiteral("zoomIn"));
+    m_out->setObjectName(QStringLiteral("zoomOut"));
+    m_oneToOne->setObjectName(QStringLiteral("zoomOneToOne"));
+    m_fit->setObjectName(QStringLiteral("zoomFit"));
     m_in->setShortcuts(QKeySequence::ZoomIn);
     m_out->setShortcuts(QKeySequence::ZoomOut);
     m_oneToOne->setShortcut(QKeySequence(QStringLiteral("Ctrl+0")));

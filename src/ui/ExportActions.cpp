@@ -52,6 +52,9 @@ ExportActions::ExportActions(ProjectController &controller,
                       tr("Export &lit sprite"),
                       this))
 {
+    m_exportNormals->setObjectName(QStringLiteral("exportNormals"));
+    m_exportNormalsAs->setObjectName(QStringLiteral("exportNormalsAs"));
+    m_exportLitSprite->setObjectName(QStringLiteral("exportLitSprite"));
     m_exportNormals->setStatusTip(tr("Export normal maps"));
     m_exportNormals->setShortcut(QKeySequence(QStringLiteral("Ctrl+P")));
     m_exportNormalsAs->setStatusTip(tr("Export normal maps..."));

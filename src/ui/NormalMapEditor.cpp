@@ -49,6 +49,8 @@ NormalMapEditor::NormalMapEditor(ItemSelectionModel &bodies,
     layout->setContentsMargins({});
     layout->addWidget(m_view, 1000);
 
+    m_deselect->setObjectName(QStringLiteral("deselect"));
+    m_invert->setObjectName(QStringLiteral("invertSelection"));
     m_deselect->setShortcut(QKeySequence(QStringLiteral("Ctrl+D")));
     m_invert->setShortcut(QKeySequence(QStringLiteral("Shift+Ctrl+I")));
     connect(m_deselect, &QAction::triggered, this, &NormalMapEditor::clearSelection);

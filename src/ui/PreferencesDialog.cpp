@@ -1,19 +1,20 @@
 #include "ui/PreferencesDialog.h"
 
+#include "base/BuildOptions.h"
 #include "base/GSettings.h"
 #include "framework/ControlSizes.h"
 #include "framework/GApplication.h"
 #include "framework/GPathEdit.h"
 #include "framework/LanguageChoice.h"
 #include "framework/UiScale.h"
+#include "framework/UpdateChoice.h"
+#include "ui/RecoveryInterval.h"
 
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QVBoxLayout>
-
-#include <algorithm>
 
 namespace {
 QString patternsKey()
@@ -28,6 +29,7 @@ PreferencesDialog::PreferencesDialog(GApplication &application, QWidget *parent)
     , m_patterns(new GDirectoryEdit(this))
     , m_theme(new QComboBox(this))
     , m_language(new LanguageChoice(application.settings(), this))
+    , m_recovery(new RecoveryInterval(application.settings(), this))
 {
     setWindowTitle(tr("Preferences"));
     m_patterns->setLabel(tr("Custom pattern directory:"));
@@ -64,10 +66,16 @@ PreferencesDialog::PreferencesDialog(GApplication &application, QWidget *parent)
     themeRow->addStretch();
     layout->addLayout(themeRow);
     layout->addWidget(m_language);
+    layout->addWidget(m_recovery);
+    if (!updateFeedAddress().isEmpty()) {
+        m_updates = new UpdateChoice(application.settings(), this);
+        layout->addSpacing(scaled(8));
+        layout->addWidget(m_updates);
+    }
     layout->addStretch();
     layout->addWidget(buttons);
     const int width = scaled(480);
-    resize(width, std::max(scaled(260), layout->totalHeightForWidth(width)));
+    resize(width, qMax(scaled(260), layout->totalHeightForWidth(width)));
 }
 
 void PreferencesDialog::accept()
@@ -75,6 +83,9 @@ void PreferencesDialog::accept()
     m_application.settings().setValue(patternsKey(), m_patterns->path());
     m_application.setTheme(ThemeChoice(m_theme->currentData().toInt()));
     m_language->store();
+    m_recovery->store();
+    if (m_updates)
+        m_updates->store();
     m_application.settings().flush();
     QDialog::accept();
 }

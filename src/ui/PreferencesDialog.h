@@ -6,6 +6,8 @@ class GApplication;
 class GDirectoryEdit;
 class LanguageChoice;
 class QComboBox;
+class RecoveryInterval;
+class UpdateChoice;
 
 /// What the user sets for the whole program. Settings are written when the dialog is accepted.
 class PreferencesDialog : public QDialog
@@ -23,4 +25,6 @@ private:
     GDirectoryEdit *m_patterns;
     QComboBox *m_theme;
     LanguageChoice *m_language;
+    RecoveryInterval *m_recovery;
+    UpdateChoice *m_updates = nullptr; ///< only in a build with a feed
 };

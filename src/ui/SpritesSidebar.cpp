@@ -59,6 +59,7 @@ SpritesSidebar::SpritesSidebar(ItemSelectionModel &selection, QWidget *parent)
 {
     setWindowTitle(tr("Sprites"));
     createDisplayModes();
+    m_autoRotate->setObjectName(QStringLiteral("autoRotateLight"));
     m_autoRotate->setCheckable(true);
     m_autoRotate->setShortcut(QKeySequence(QStringLiteral("R")));
     connect(m_autoRotate, &QAction::toggled, this, &SpritesSidebar::autoRotateLightToggled);
@@ -131,6 +132,7 @@ void SpritesSidebar::createDisplayModes()
         [&](int index, const QString &text, const QString &buttonText, const char *icon) {
             auto *action = new GAction(themedIcon(QLatin1String(icon)), text, this);
             action->setIconText(buttonText);
+            action->setObjectName(QStringLiteral("displayMode%1").arg(index + 1));
             action->setCheckable(true);
             action->setData(index);
             action->setShortcut(QKeySequence(QStringLiteral("Alt+%1").arg(index + 1)));
@@ -192,6 +194,9 @@ QWidget *SpritesSidebar::createAutoRotateRow()
     // The action has the shortcut, so that it also works while the panel is hidden.
     auto *box = new QCheckBox(m_autoRotate->text());
     box->setToolTip(m_autoRotate->toolTip());
+    connect(m_autoRotate, &QAction::changed, box, [this, box] {
+        box->setToolTip(m_autoRotate->toolTip());
+    });
     box->setFocusPolicy(Qt::TabFocus);
     connect(box, &QCheckBox::toggled, m_autoRotate, &QAction::setChecked);
     connect(m_autoRotate, &QAction::toggled, box, &QCheckBox::setChecked);

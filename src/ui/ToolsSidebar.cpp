@@ -263,6 +263,7 @@ std::vector<AngleImageTool *> ToolsSidebar::allTools() const
 void ToolsSidebar::registerActions()
 {
     for (const AngleImageTool *tool : allTools()) {
+        tool->action().setObjectName(nameOf(*tool));
         m_actions->addAction(&tool->action());
         addAction(&tool->action());
     }

@@ -42,6 +42,8 @@ void UndoActions::setStack(GUndoStack &stack)
     m_redo = replace(m_menu, m_redo, stack.createRedoAction(this), redoIcon());
     m_undo = replace(m_menu, m_undo, stack.createUndoAction(this), undoIcon());
     m_menu.insertAction(m_redo, m_undo);
+    m_undo->setObjectName(QStringLiteral("undo"));
+    m_redo->setObjectName(QStringLiteral("redo"));
     m_undo->setShortcuts(QKeySequence::Undo);
     m_redo->setShortcuts(QKeySequence::Redo);
 

@@ -7,6 +7,7 @@ Program::Program(const QString &path, const QString &folder)
     , m_folder(folder)
 {
     environment.insert(QStringLiteral("XDG_CONFIG_HOME"), folder + QStringLiteral("/config"));
+    environment.insert(QStringLiteral("XDG_DATA_HOME"), folder + QStringLiteral("/data"));
 }
 
 int Program::run(const char *line)

@@ -1,0 +1,18 @@
+#include "imaging/PoolThread.h"
+
+#include <atomic>
+
+namespace {
+std::atomic<void (*)()> present{nullptr};
+} // namespace
+
+void setPoolThreadPrologue(void (*prologue)())
+{
+    present.store(prologue, std::memory_order_release);
+}
+
+void enterPoolThread()
+{
+    if (void (*const prologue)() = present.load(std::memory_order_acquire))
+        prologue();
+}

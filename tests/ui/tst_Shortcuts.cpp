@@ -1,0 +1,247 @@
+#include "base/GSettings.h"
+#include "framework/KeyEdit.h"
+#include "framework/RecentFiles.h"
+#include "framework/ShortcutsDialog.h"
+#include "preview/NormalMapEditorScene.h"
+#include "support/DialogScript.h"
+#include "support/EditorUser.h"
+#include "support/Widgets.h"
+#include "support/WindowTest.h"
+#include "ui/MainWindow.h"
+
+#include <QAction>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QTreeWidget>
+
+/// The keys of the window's commands, changed by hand in the dialog for it.
+class TestShortcuts : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init()
+    {
+        application().settings().clear();
+        start();
+    }
+    void cleanup() { m_window.reset(); }
+
+    // A command without an id could not be given a key: it is to get one where it is made.
+    void everyCommandHasAnIdOfItsOwn()
+    {
+        QHash<QString, const QAction *> seen;
+        for (QMenu *menu :
+             m_window->menuBar()->findChildren<QMenu *>() + m_window->findChildren<QMenu *>()) {
+            if (qobject_cast<RecentFiles *>(menu))
+                continue;
+            for (const QAction *action : menu->actions()) {
+                if (action->isSeparator() || action->menu())
+                    continue;
+                const QString id = action->objectName();
+                QVERIFY2(!id.isEmpty(), qPrintable(action->text()));
+                QVERIFY2(seen.value(id, action) == action, qPrintable(id));
+                seen.insert(id, action);
+            }
+        }
+        QVERIFY(seen.size() > 30);
+    }
+
+    void pressedKeysCountAtOnceAndAtTheNextStart()
+    {
+        openDialog();
+        choose("lit surf");
+        QTest::keyClick(&edit(), Qt::Key_F9);
+        QCOMPARE(row()->text(1), "F9"_s);
+        choose("undo");
+        QTest::keyClick(&edit(), Qt::Key_F8);
+        m_dialog->close();
+        QTRY_VERIFY(!m_window->findChild<ShortcutsDialog *>());
+        for (const bool isNext : {false, true}) {
+            if (isNext)
+                start();
+            showActive(*m_window);
+            const NormalMapEditorScene &scene = EditorUser(*m_window).scene();
+            QCOMPARE(scene.displayMode(), DisplayMode::LitTexture);
+            QTest::keyClick(m_window.get(), Qt::Key_2, Qt::AltModifier);
+            QCOMPARE(scene.displayMode(), DisplayMode::LitTexture);
+            QTRY_COMPARE(QApplication::activeWindow(), m_window.get());
+            QTest::keyClick(m_window.get(), Qt::Key_F9);
+            QCOMPARE(scene.displayMode(), DisplayMode::LitSurface);
+            QTest::keyClick(m_window.get(), Qt::Key_3, Qt::AltModifier);
+        }
+        // The undo command is another one with each document.
+        m_window->newDocument();
+        QTRY_COMPARE(keys("undo"), "F8"_s);
+        QCOMPARE(kept("displayMode2"), QVariant("F9"_s));
+        QVERIFY(!kept("displayMode3").isValid());
+    }
+
+    void keysThatAreTakenAreNamed_data()
+    {
+        QTest::addColumn<QString>("keys");
+        QTest::addColumn<QString>("told");
+        QTest::newRow("of another command") << "Ctrl+L"
+                                            << "Export lit sprite";
+        QTest::newRow("of a tool") << "E"
+                                   << "Eraser Tool";
+        QTest::newRow("of a gesture") << "P"
+                                      << "Place the light";
+        QTest::newRow("of all brushes") << "5"
+                                        << "of the tools";
+        QTest::newRow("of a menu") << "Alt+F"
+                                   << "File";
+        QTest::newRow("of text fields") << "Ctrl+C"
+                                        << "text is edited";
+        QTest::newRow("escape") << "Esc"
+                                << "takes back";
+        QTest::newRow("enter") << "Enter"
+                               << "keeps what";
+        QTest::newRow("tab") << "Tab"
+                             << "from field to field";
+        QTest::newRow("its own") << "Ctrl+D"
+                                 << "already";
+    }
+
+    void keysThatAreTakenAreNamed()
+    {
+        QFETCH(QString, keys);
+        QFETCH(QString, told);
+        openDialog();
+        choose("deselect");
+        const int key = QKeySequence(keys)[0];
+        QTest::keyClick(&edit(),
+                        Qt::Key(key & ~int(Qt::KeyboardModifierMask)),
+                        Qt::KeyboardModifiers(key & int(Qt::KeyboardModifierMask)));
+        QVERIFY(isTold(told));
+        QVERIFY(m_dialog->isVisible());
+        QCOMPARE(this->keys("deselect"), "Ctrl+D"_s);
+        QVERIFY(application().settings().value("shortcuts/deselect"_s).isNull());
+    }
+
+    void aKeyIsTakenOverAndGivenBack()
+    {
+        openDialog();
+        choose("deselect");
+        QTest::keyClick(&edit(), Qt::Key_L, Qt::ControlModifier);
+        click("Take It Over");
+        QCOMPARE(keys("deselect") + keys("exportLitSprite"), "Ctrl+L"_s);
+        QVERIFY(!kept("exportLitSprite").isValid()); // it gives way as long as it must
+        choose("invert");
+        QTest::keyClick(&edit(), Qt::Key_L, Qt::ControlModifier);
+        click("Take It Over");
+        QCOMPARE(keys("invertSelection") + keys("deselect"), "Ctrl+L"_s);
+        start(); // nobody has it twice after a start
+        QCOMPARE(keys("invertSelection") + keys("deselect") + keys("exportLitSprite"), "Ctrl+L"_s);
+        openDialog();
+        choose("export lit");
+        click("Reset");
+        QVERIFY(isTold("Ctrl+L stays with"_s));
+        choose("deselect");
+        click("Reset");
+        QCOMPARE(keys("deselect"), "Ctrl+D"_s);
+        choose("invert");
+        click("Reset");
+        QCOMPARE(keys("exportLitSprite") + keys("invertSelection"), "Ctrl+LCtrl+Shift+I"_s);
+    }
+
+    void allAreReset()
+    {
+        openDialog();
+        choose("zoom in");
+        click("No Key");
+        QCOMPARE(keys("zoomIn"), QString());
+        choose("eraser");
+        QTest::keyClick(&edit(), Qt::Key_F4);
+        DialogScript script;
+        script.then(DialogScript::click("Cancel"_s)).then(DialogScript::click("Reset All"_s));
+        click("Reset All...");
+        QCOMPARE(keys("PaintToolEraser"), "F4"_s);
+        click("Reset All...");
+        QVERIFY(script.isDone());
+        QCOMPARE(keys("PaintToolEraser"), "E"_s);
+        QVERIFY(!keys("zoomIn").isEmpty() && !kept("zoomIn").isValid());
+    }
+
+private:
+    static GApplication &application() { return static_cast<GApplication &>(*qApp); }
+    static QVariant kept(const char *id)
+    {
+        return application().settings().value("shortcuts/"_s + QLatin1String(id));
+    }
+
+    void start()
+    {
+        m_window.reset();
+        m_window = std::make_unique<MainWindow>(application());
+        showActive(*m_window);
+    }
+
+    QString keys(const char *id) const
+    {
+        for (const QMenu *menu : m_window->findChildren<QMenu *>()) {
+            for (const QAction *action : menu->actions()) {
+                if (action->objectName() == QLatin1String(id))
+                    return QKeySequence::listToString(action->shortcuts());
+            }
+        }
+        qFatal("There is no command '%s'", id);
+    }
+
+    void openDialog()
+    {
+        m_window->findChild<QAction *>("shortcuts"_s)->trigger();
+        m_dialog = m_window->findChild<ShortcutsDialog *>();
+        showActive(*m_dialog);
+    }
+
+    KeyEdit &edit() const { return *m_dialog->findChild<KeyEdit *>(); }
+    QTreeWidgetItem *row() const { return m_dialog->findChild<QTreeWidget *>()->currentItem(); }
+
+    /// Searches for a command and goes to the field for its keys, by the keyboard.
+    void choose(const char *text) const
+    {
+        auto &search = shownChild<QLineEdit>(*m_dialog, "Search"_s);
+        search.clear();
+        QTest::keyClicks(&search, QLatin1String(text));
+        QTest::keyClick(&search, Qt::Key_Return);
+        QVERIFY2(row() && row()->text(0).contains(QLatin1String(text), Qt::CaseInsensitive), text);
+        auto &list = *m_dialog->findChild<QTreeWidget *>();
+        QCOMPARE(m_dialog->focusWidget(), &list);
+        QTest::keyClick(&list, Qt::Key_Return);
+        QCOMPARE(m_dialog->focusWidget(), &edit());
+    }
+
+    bool isTold(const QString &text) const
+    {
+        const auto labels = m_dialog->findChildren<QLabel *>();
+        return std::any_of(labels.begin(), labels.end(), [&text](const QLabel *label) {
+            return label->text().contains(text);
+        });
+    }
+
+    void click(const char *text) const
+    {
+        for (auto *button : m_dialog->findChildren<QPushButton *>()) {
+            if (!button->isVisible() || button->text() != QLatin1String(text))
+                continue;
+            QVERIFY(button->isEnabled());
+            QTest::mouseClick(button, Qt::LeftButton);
+            return;
+        }
+        qFatal("There is no button '%s'", text);
+    }
+
+    std::unique_ptr<MainWindow> m_window;
+    ShortcutsDialog *m_dialog = nullptr; // the window's
+};
+
+int main(int argc, char **argv)
+{
+    return runWindowTest<TestShortcuts>(argc, argv);
+}
+
+#include "tst_Shortcuts.moc"
