@@ -70,7 +70,11 @@ QStringList textsOf(const QObject &object)
     const auto *box = qobject_cast<const QComboBox *>(&object);
     const auto *tree = qobject_cast<const QTreeWidget *>(&object);
     const auto *list = qobject_cast<const QListWidget *>(&object);
-    const QAbstractItemModel *model = box ? box->model() : tree ? tree->model() : nullptr;
+    // Nor are the pages of the guide, which is in English.
+    const bool isGuide = tree && tree->window()->inherits("ManualDialog");
+    const QAbstractItemModel *model = box                ? box->model()
+                                      : tree && !isGuide ? tree->model()
+                                                         : nullptr;
     model = list ? list->model() : model;
     if (model)
         addItems(*model, {}, texts);

@@ -1,4 +1,6 @@
+#include "framework/CrashReportDialog.h"
 #include "framework/Language.h"
+#include "framework/UpdateDialog.h"
 #include "model/Body.h"
 #include "model/Project.h"
 #include "model/Sprite.h"
@@ -203,11 +205,15 @@ void TestTranslations::showsEveryQuestion()
     WindowPrompts prompts(window);
     const QStringList files{"/tmp/a.png"_s};
     prompts.askMissingTextures(files);
-    prompts.askClearResized(files);
+    prompts.askResized(files);
+    prompts.askReadOnly(files.first(), "b"_s);
+    prompts.askReplaceChanged(files.first());
     prompts.showSummary(files);
     prompts.tell(files.first());
     prompts.showTold();
     prompts.askSearchFolder();
+    CrashReportDialog({}, &window).exec();
+    UpdateDialog("h"_s, &window).exec();
 }
 
 int main(int argc, char **argv)
