@@ -64,6 +64,7 @@ int main(int argc, char **argv)
     // The user's settings are no business of ours, nor of the programs that are started.
     const QTemporaryDir settings;
     qputenv("XDG_CONFIG_HOME", settings.path().toLocal8Bit());
+    qputenv("XDG_DATA_HOME", settings.path().toLocal8Bit());
     const GApplication application(argc, argv);
     RatioTable table;
     benchmark::RunSpecifiedBenchmarks(&table);

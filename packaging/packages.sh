@@ -4,7 +4,8 @@ vesperine_build_packages=(cmake ninja-build g++ ccache qtbase5-dev qtbase5-priva
     libqt5svg5-dev libxcb1-dev libgl1-mesa-dri
     libopencv-core-dev libopencv-imgproc-dev libcli11-dev zlib1g-dev)
 vesperine_test_packages=("${vesperine_build_packages[@]}" python3 git clang-format-14 clang-tidy-14
-    librapidcheck-dev xvfb xauth)
+    librapidcheck-dev xvfb xauth openssl dpkg-dev man-db desktop-file-utils appstream
+    shared-mime-info)
 vesperine_bench_packages=("${vesperine_build_packages[@]}" libbenchmark-dev xvfb xauth)
 
 # ensure_packages PACKAGE...: asks only the local package list, so that a second call is at once.

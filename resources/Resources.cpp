@@ -6,8 +6,8 @@
 void initialiseResources()
 {
     Q_INIT_RESOURCE(cursors);
+    Q_INIT_RESOURCE(guide);
     Q_INIT_RESOURCE(icons);
-    Q_INIT_RESOURCE(manual);
     Q_INIT_RESOURCE(painttoolicons);
     Q_INIT_RESOURCE(patterns);
     Q_INIT_RESOURCE(shaders);

@@ -1,6 +1,7 @@
 #include "base/GLogger.h"
 #include "base/Resources.h"
 #include "framework/CrashLog.h"
+#include "ui/EditorOptions.h"
 #include "ui/VesperineApplication.h"
 
 #include <cstdio>
@@ -11,6 +12,8 @@ int main(int argc, char **argv)
     GLogger::install();
     initialiseResources();
     VesperineApplication::prepare();
+    if (answerFromCommandLine(argc, argv))
+        return 0;
     CrashLog::start();
     // The application object would abort without a display.
     if (const QString problem = GApplication::missingDisplay(argc, argv); !problem.isEmpty()) {

@@ -6,8 +6,8 @@ Needs Python 3 with NumPy and Pillow (Debian: python3-numpy, python3-pil). Run
     python3 resources/icons/draw_icons.py
 
 It writes icons/application/*-256.png, which the program shows, and, in packaging/icons, PNGs of
-both icons from 16 to 512 pixels and VEP.ico. Each size is rendered on its own: the small ones have
-a larger ball and a plainer star.
+both icons from 16 to 512 pixels, VEP.ico and, for macOS, an .icns of both. Each size is rendered on
+its own: the small ones have a larger ball and a plainer star.
 """
 
 from pathlib import Path
@@ -20,6 +20,7 @@ COMPILED = HERE / "application"
 PACKAGED = HERE.parent.parent / "packaging" / "icons"
 SIZES = (16, 24, 32, 48, 64, 128, 256, 512)
 ICO_SIZES = (16, 24, 32, 48, 64, 256)
+ICNS_SIZES = (16, 32, 64, 128, 256)
 
 TOP, BOTTOM = np.array([58, 58, 64]) / 255, np.array([27, 27, 31]) / 255
 EDGE = np.array([92, 92, 100]) / 255
@@ -151,6 +152,8 @@ def main():
         for size, icon in icons.items():
             icon.save(PACKAGED / f"{name}-{size}.png", optimize=True)
         icons[256].save(COMPILED / f"{name}-256.png", optimize=True)
+        icons[512].save(PACKAGED / f"{name}.icns",
+                        append_images=[icons[size] for size in SIZES if size in ICNS_SIZES])
         if name == "VEP":
             others = [icons[size] for size in ICO_SIZES[:-1]]
             icons[256].save(PACKAGED / "VEP.ico", sizes=[(size, size) for size in ICO_SIZES],

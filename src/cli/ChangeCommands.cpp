@@ -132,7 +132,7 @@ ExitCode runRepair(const RepairOptions &options, Console &console)
     OpenedProject opened(console);
     opened.prompts().searchFolder = options.searchFolder;
     opened.prompts().removesMissing = options.removeMissing;
-    opened.prompts().clearsResized = options.clearResized;
+    opened.prompts().resizedAnswer = options.resized;
     if (!options.searchFolder.isEmpty() && !QFileInfo(options.searchFolder).isDir()) {
         console.complain(QStringLiteral("'%1' is no folder").arg(options.searchFolder));
         return ExitCode::Usage;

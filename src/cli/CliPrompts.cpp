@@ -19,9 +19,9 @@ QString CliPrompts::askSearchFolder()
     return searchFolder;
 }
 
-bool CliPrompts::askClearResized(const QStringList &)
+ResizedAnswer CliPrompts::askResized(const QStringList &)
 {
-    return clearsResized;
+    return resizedAnswer;
 }
 
 void CliPrompts::showSummary(const QStringList &changes)

@@ -14,12 +14,12 @@ public:
 
     QString searchFolder; ///< empty: missing files are not searched
     bool removesMissing = false;
-    bool clearsResized = false;
+    ResizedAnswer resizedAnswer;
 
     bool askReadOnly(const QString &file, const QString &holder) override;
     MissingTextures askMissingTextures(const QStringList &files) override;
     QString askSearchFolder() override;
-    bool askClearResized(const QStringList &files) override;
+    ResizedAnswer askResized(const QStringList &files) override;
     void showSummary(const QStringList &changes) override;
     void tell(const QString &message) override;
     bool showProgress(int done, int total) override;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "cli/Console.h"
+#include "model/ProjectPrompts.h"
 
 #include <QMap>
 #include <QString>
@@ -30,7 +31,7 @@ struct RepairOptions
     QString outputProject;
     QString searchFolder;
     bool removeMissing = false;
-    bool clearResized = false;
+    ResizedAnswer resized;
 };
 
 struct ImportOptions

@@ -8,15 +8,6 @@
 #include "model/Sprite.h"
 #include "model/properties/PropertyT.h"
 
-Light lampOf(const Project &project, const QVector3D &place)
-{
-    return {project.ambientLightColor().value(),
-            project.lightColor().value(),
-            double(project.lightBrightness().value()),
-            Light::Kind::Position,
-            place};
-}
-
 QString loadForLight(const Body &body)
 {
     body.loadSprite();
@@ -35,6 +26,13 @@ QImage litBody(const Body &body, const Light &light)
 {
     const QImage &sprite = body.sprite().image();
     return litImage(sprite, exportedNormalMap(body.surface(), sprite), light);
+}
+
+QImage litSurface(const AngleImage &surface, const Light &light)
+{
+    QImage clay(surface.size(), QImage::Format_ARGB32);
+    clay.fill(QColor(128, 128, 128));
+    return litImage(clay, exportedNormalMap(surface, clay), light);
 }
 
 void writePicture(const Project &project,

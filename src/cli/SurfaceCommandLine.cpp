@@ -18,9 +18,11 @@ CLI::App *SurfaceCommandLine::addSurface(CLI::App &app,
                                          Run run)
 {
     CLI::App *command = app.add_subcommand(name, description)->fallthrough();
-    command->add_option("PROJECT", m_project, "Project file (.vep)")->required();
-    command->add_option("--output-project", m_outputProject, "Save to this file instead");
+    command->add_option("PROJECT", m_project, "Project file (.vep)")->required()->type_name({});
+    command->add_option("--output-project", m_outputProject, "Save to this file instead")
+        ->type_name("PROJECT");
     command->add_option("--body", m_bodies, "Only this body; may be repeated")
+        ->type_name("BODY")
         ->allow_extra_args(false);
     command->callback([this, command, run] {
         m_command = [run, options = surfaceOptions(*command)](Console &console) {
@@ -32,16 +34,18 @@ CLI::App *SurfaceCommandLine::addSurface(CLI::App &app,
 
 void SurfaceCommandLine::addValue(CLI::App *command,
                                   const std::string &name,
+                                  const std::string &word,
                                   const std::string &description)
 {
-    command->add_option("--" + name, m_values[name], description);
+    command->add_option("--" + name, m_values[name], description)->type_name(word);
 }
 
 void SurfaceCommandLine::addNeeded(CLI::App *command,
                                    const std::string &name,
+                                   const std::string &word,
                                    const std::string &description)
 {
-    command->add_option("--" + name, m_values[name], description)->required();
+    command->add_option("--" + name, m_values[name], description)->required()->type_name(word);
 }
 
 void SurfaceCommandLine::addDown(CLI::App *command)
@@ -57,36 +61,36 @@ void SurfaceCommandLine::addTile(CLI::App *command)
 void SurfaceCommandLine::addEffects(CLI::App &app)
 {
     auto *bevel = addSurface(app, "bevel", "Round the edges of bodies", runBevel);
-    addNeeded(bevel, "width", "Of the rounded rim in pixels, 0 to 255");
-    addValue(bevel, "height", "In percent of the width, 25 to 400, else 100");
-    addValue(bevel, "smoothness", "Radius in pixels, 0 to 255, else 2");
+    addNeeded(bevel, "width", "PIXELS", "Of the rounded rim, 0 to 255");
+    addValue(bevel, "height", "PERCENT", "Of the width, 25 to 400, else 100");
+    addValue(bevel, "smoothness", "PIXELS", "Radius, 0 to 255, else 2");
     addDown(bevel);
     addTile(bevel);
 
     auto *emboss = addSurface(app, "emboss", "Raise what is light in the sprites", runEmboss);
-    addNeeded(emboss, "height", "Of white in pixels, 0.1 to 10");
-    addValue(emboss, "smoothness", "Radius in pixels, 1 to 9, else 1");
+    addNeeded(emboss, "height", "PIXELS", "Of white, 0.1 to 10");
+    addValue(emboss, "smoothness", "PIXELS", "Radius, 1 to 9, else 1");
     addDown(emboss);
 
     auto *structure = addSurface(app, "structure", "Add a pattern to surfaces", runStructure);
-    addNeeded(structure, "pattern", "A name that 'patterns' shows, or an image file");
-    addValue(structure, "intensity", "Height of white in pixels, 0.1 to 20, else 4");
-    addValue(structure, "scale", "In percent, 10 to 400, else 100");
-    addValue(structure, "rotation", "Clockwise in degrees, 0 to 359, else 0");
+    addNeeded(structure, "pattern", "PATTERN", "A name that 'patterns' shows, or an image file");
+    addValue(structure, "intensity", "PIXELS", "Height of white, 0.1 to 20, else 4");
+    addValue(structure, "scale", "PERCENT", "10 to 400, else 100");
+    addValue(structure, "rotation", "DEGREES", "Clockwise, 0 to 359, else 0");
 }
 
 void SurfaceCommandLine::addPaints(CLI::App &app)
 {
     auto *smooth = addSurface(app, "smooth", "Blur surfaces", runSmooth);
-    addNeeded(smooth, "radius", "In pixels, 0.5 to 50");
+    addNeeded(smooth, "radius", "PIXELS", "0.5 to 50");
 
-    const std::string opacity = "In percent, 1 to 100, else 100";
+    const std::string opacity = "1 to 100, else 100";
     auto *erase = addSurface(app, "erase", "Flatten surfaces", runErase);
-    addValue(erase, "opacity", opacity);
+    addValue(erase, "opacity", "PERCENT", opacity);
 
     auto *fill = addSurface(app, "fill", "Tilt surfaces to one slope", runFill);
-    addNeeded(fill, "slope", "X,Y: to the right and down, each -128 to 127; 1 is 45 degrees");
-    addValue(fill, "opacity", opacity);
+    addNeeded(fill, "slope", "X,Y", "To the right and down, each -128 to 127; 1 is 45 degrees");
+    addValue(fill, "opacity", "PERCENT", opacity);
 }
 
 void SurfaceCommandLine::addGenerate(CLI::App &app)
@@ -94,16 +98,22 @@ void SurfaceCommandLine::addGenerate(CLI::App &app)
     auto *generate = app.add_subcommand("generate", "Normal maps straight from sprites");
     generate->fallthrough();
     generate->add_option("SPRITE", m_sprites, "PNG and JPEG files, folders with all below them")
-        ->required();
-    generate->add_option("--output", m_output, "Folder of the normal maps")->required();
-    addValue(generate, "bevel", "WIDTH[,HEIGHT[,SMOOTHNESS]] as bevel takes them");
-    addValue(generate, "emboss", "HEIGHT[,SMOOTHNESS] as emboss takes them");
+        ->required()
+        ->type_name({});
+    generate->add_option("--output", m_output, "Folder of the normal maps")
+        ->required()
+        ->type_name("FOLDER");
+    addValue(generate, "bevel", "WIDTH[,HEIGHT[,SMOOTHNESS]]", "As bevel takes them");
+    addValue(generate, "emboss", "HEIGHT[,SMOOTHNESS]", "As emboss takes them");
     addValue(
-        generate, "structure", "PATTERN[,INTENSITY[,SCALE[,ROTATION]]] as structure takes them");
+        generate, "structure", "PATTERN[,INTENSITY[,SCALE[,ROTATION]]]", "As structure takes them");
     addDown(generate);
     addTile(generate);
-    generate->add_option("--suffix", m_suffix, "Put before the extension, else _n");
-    generate->add_option("--jobs", m_jobs, "Maps worked on at a time")->check(CLI::Range(1, 256));
+    generate->add_option("--suffix", m_suffix, "Put before the extension, else _n")
+        ->type_name("TEXT");
+    generate->add_option("--jobs", m_jobs, "Maps worked on at a time, 1 to 256")
+        ->type_name("N")
+        ->check(CLI::Range(1, 256).description({}));
     generate->callback([this, generate] {
         const auto given = surfaceOptions(*generate).values;
         const auto value = [&given](const QString &name) {

@@ -31,9 +31,15 @@ private:
 
     CLI::App *
     addSurface(CLI::App &app, const std::string &name, const std::string &description, Run run);
-    /// An option of a surface command, under the name without dashes.
-    void addValue(CLI::App *command, const std::string &name, const std::string &description);
-    void addNeeded(CLI::App *command, const std::string &name, const std::string &description);
+    /// An option of a surface command, under the name without dashes; @p word stands for its value.
+    void addValue(CLI::App *command,
+                  const std::string &name,
+                  const std::string &word,
+                  const std::string &description);
+    void addNeeded(CLI::App *command,
+                   const std::string &name,
+                   const std::string &word,
+                   const std::string &description);
     void addDown(CLI::App *command);
     void addTile(CLI::App *command);
     void addEffects(CLI::App &app);

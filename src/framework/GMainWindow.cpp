@@ -18,8 +18,11 @@
 #include <QMenu>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScopedValueRollback>
 #include <QStandardPaths>
 #include <QToolBar>
+
+#include <utility>
 
 namespace {
 
@@ -129,23 +132,34 @@ bool GMainWindow::openPath(const QString &path)
 
 bool GMainWindow::save()
 {
+    if (m_isStoring)
+        return false;
     finishEditing();
     const QString path = documentPath();
-    return path.isEmpty() || isDocumentReadOnly() ? saveAs() : finishSaving(storeDocument(path));
+    return path.isEmpty() || isDocumentReadOnly() ? saveAs() : store(path);
 }
 
 bool GMainWindow::saveAs()
 {
     finishEditing();
     const QString path = chooseSavePath();
-    return !path.isEmpty() && finishSaving(storeDocument(path));
+    return !path.isEmpty() && store(path);
 }
 
-bool GMainWindow::finishSaving(bool isStored)
+// Storing may show its progress, and the desktop's requests come through then: nothing takes the
+// place of what is being stored, and a window that shall close does so once it is.
+bool GMainWindow::store(const QString &path)
 {
+    bool isStored = false;
+    {
+        const QScopedValueRollback storing(m_isStoring, true);
+        isStored = storeDocument(path);
+    }
     if (isStored)
         rememberDocument();
     updateTitle();
+    if (std::exchange(m_closesAfterStoring, false) && isStored)
+        QMetaObject::invokeMethod(this, &QWidget::close, Qt::QueuedConnection);
     return isStored;
 }
 
@@ -172,6 +186,8 @@ void GMainWindow::finishEditing()
 
 bool GMainWindow::mayReplaceDocument()
 {
+    if (m_isStoring)
+        return false;
     finishEditing();
     if (!isDocumentModified())
         return true;
@@ -184,7 +200,9 @@ bool GMainWindow::mayReplaceDocument()
     box.setWindowModality(Qt::WindowModal);
     box.setDefaultButton(QMessageBox::Save);
     const int answer = box.exec();
-    return answer == QMessageBox::Discard || (answer == QMessageBox::Save && save());
+    // What has changed while it was being saved is not in the file.
+    return answer == QMessageBox::Discard ||
+           (answer == QMessageBox::Save && save() && !isDocumentModified());
 }
 
 QString GMainWindow::chooseSavePath()
@@ -276,6 +294,7 @@ void GMainWindow::restoreLayout()
 
 void GMainWindow::closeEvent(QCloseEvent *event)
 {
+    m_closesAfterStoring = m_isStoring;
     event->setAccepted(mayReplaceDocument());
     if (!event->isAccepted())
         return;
@@ -378,5 +397,6 @@ QMenu *GMainWindow::createHelpMenu(const ApplicationTexts &texts)
     menu->addActions({m_manual, shortcuts, information});
     menu->addSeparator();
     menu->addAction(about);
+    m_help = menu;
     return menu;
 }

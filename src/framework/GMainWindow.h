@@ -4,12 +4,12 @@
 
 #include <QHash>
 #include <QMainWindow>
+#include <QMenu>
 #include <QPointer>
 
 class GAction;
 class GSettings;
 class QDialog;
-class QMenu;
 class RecentFiles;
 class Shortcuts;
 
@@ -41,6 +41,8 @@ public:
 
     /// Opens @p path after asking for unsaved changes; false when it was cancelled or refused.
     bool openPath(const QString &path);
+    /// Puts @p action, which somebody else owns, at the end of the Help menu.
+    void addHelpAction(QAction &action) { m_help->addAction(&action); }
 
 public Q_SLOTS:
     void newDocument();
@@ -105,7 +107,7 @@ private:
     QString chooseSavePath();
     bool isDocumentSuffix(const QString &suffix) const;
     bool mayOverwrite(const QString &path);
-    bool finishSaving(bool isStored);
+    bool store(const QString &path);
     void rememberDocument();
     void returnFocus(QWidget *old, QWidget *now);
     /// Shows the dialog that @p create makes, or the one that is open already.
@@ -124,7 +126,10 @@ private:
     GAction *m_fullScreen;
     Shortcuts *m_shortcuts;
     RecentFiles *m_recent;
+    QMenu *m_help = nullptr;
     QHash<QString, QAction *> m_panelActions;
     QHash<QString, QPointer<QDialog>> m_dialogs;
     QList<ShortcutGroup> m_gestures;
+    bool m_isStoring = false;
+    bool m_closesAfterStoring = false;
 };

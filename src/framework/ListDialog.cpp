@@ -1,8 +1,10 @@
 #include "framework/ListDialog.h"
 
+#include "framework/PanelLabels.h"
 #include "framework/UiScale.h"
 
 #include <QDialogButtonBox>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
@@ -36,6 +38,22 @@ ListDialog::ListDialog(const Content &content, QWidget *parent)
         layout->addWidget(new QLabel(content.hint, this));
     layout->addWidget(buttons);
     resize(scaled(520), scaled(320));
+}
+
+void ListDialog::addBelowList(QWidget &widget, const QString &explanation)
+{
+    constexpr int belowList = 2;
+    auto *row = new QHBoxLayout;
+    row->setSpacing(scaled(12));
+    row->addWidget(&widget);
+    row->addWidget(createQuietText(explanation, this), 1);
+    static_cast<QVBoxLayout *>(layout())->insertLayout(belowList, row);
+    // For the keyboard, too.
+    QWidget *last = findChild<QListWidget *>();
+    for (QWidget *child : widget.findChildren<QWidget *>()) {
+        setTabOrder(last, child);
+        last = child;
+    }
 }
 
 int ListDialog::choose()

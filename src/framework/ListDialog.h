@@ -22,6 +22,8 @@ public:
 
     /// Shows the dialog and returns the index of the button, -1 when it was closed without one.
     int choose();
+    /// Puts @p widget, which holds others, below the list, and beside it what it is about.
+    void addBelowList(QWidget &widget, const QString &explanation);
 
 private:
     int m_chosen = -1;

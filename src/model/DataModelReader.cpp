@@ -26,10 +26,16 @@ DataModelReader::DataModelReader(const QString &bundleExtension, const QString &
 
 std::shared_ptr<Project> DataModelReader::read(const QString &fileName)
 {
-    m_damagedBodies.clear();
-    if (isBareXml(fileName))
+    if (isBareXml(fileName)) {
+        m_damagedBodies.clear();
         return parse(fileName, readBareXml(fileName), nullptr);
-    const ProjectBundle bundle = readBundle(fileName);
+    }
+    return read(readBundle(fileName), fileName);
+}
+
+std::shared_ptr<Project> DataModelReader::read(const ProjectBundle &bundle, const QString &fileName)
+{
+    m_damagedBodies.clear();
     auto project = parse(fileName, bundle.xml(), &bundle);
     for (Body *body : project->bodies().all()) {
         body->paintedNormalMap().refuseDamagedBytes();

@@ -22,6 +22,10 @@ public:
     /// the file is no project that can be read.
     std::shared_ptr<Project> read(const QString &fileName);
 
+    /// The same of a bundle that was read elsewhere; @p fileName, which may be empty, becomes the
+    /// project's.
+    std::shared_ptr<Project> read(const ProjectBundle &bundle, const QString &fileName);
+
     /// The same with all surfaces left out, which take most of the time.
     std::shared_ptr<Project> readWithoutSurfaces(const QString &fileName) const;
 

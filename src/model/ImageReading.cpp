@@ -3,6 +3,7 @@
 #include <QBuffer>
 #include <QColorSpace>
 #include <QCryptographicHash>
+#include <QDateTime>
 #include <QFile>
 #include <QFileInfo>
 #include <QImageReader>
@@ -67,6 +68,17 @@ bool endsAsJpeg(const QByteArray &content)
     return false;
 }
 
+// Some file systems count in steps of two seconds.
+FileStamp settledStampOf(const QString &path)
+{
+    constexpr qint64 coarsest = 2'000'000'000;
+    constexpr qint64 millisecond = 1'000'000;
+    const FileStamp stamp = stampOf(path);
+    const qint64 now = QDateTime::currentMSecsSinceEpoch() * millisecond;
+    const bool isFresh = stamp.modified > now - coarsest;
+    return isFresh ? FileStamp{-2, 0, 0} : stamp;
+}
+
 QImage decode(const QByteArray &content, QString *problem)
 {
     const QByteArray format = formatOf(content);
@@ -112,6 +124,7 @@ QImage decode(const QByteArray &content, QString *problem)
 ReadImage readImageFile(const QString &path)
 {
     ReadImage result;
+    result.stamp = settledStampOf(path);
     // Anything else, a pipe above all, could keep the program waiting for ever.
     if (!QFileInfo(path).isFile()) {
         result.problem = QStringLiteral("not a file");

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "model/FileStamp.h"
+
 #include <QByteArray>
 #include <QImage>
 #include <QString>
@@ -11,6 +13,9 @@ struct ReadImage
     QByteArray md5Hex;   ///< of the whole content, whether it is an image or not
     QImage image;        ///< 8-bit ARGB, not premultiplied; null when it couldn't be decoded
     QString problem;     ///< why the file wasn't opened or decoded, for the log
+    /// From before the content was read. None that any file has when it was so fresh that another
+    /// content could come under the same stamp.
+    FileStamp stamp;
 };
 
 /// Reads a PNG or JPEG file, told by its content and not by its name. Only regular files of at most

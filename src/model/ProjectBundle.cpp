@@ -67,6 +67,14 @@ ProjectBundle::ProjectBundle(const QString &bundleExtension, const QString &xmlE
 {
 }
 
+void ProjectBundle::add(PropertyByteArray &property)
+{
+    // A data file that was missing stays missing, so that the next load tells of it again.
+    const auto &file = property.dataFile();
+    if (!file->damaged || !file->packed.isEmpty())
+        add(property.dataFileId(), file);
+}
+
 void ProjectBundle::add(const QString &id, const std::shared_ptr<DataFile> &file)
 {
     if (m_files.contains(id))

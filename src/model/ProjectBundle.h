@@ -25,7 +25,9 @@ public:
     const QByteArray &xml() const { return m_xml; }
     void setXml(const QByteArray &xml) { m_xml = xml; }
 
-    void add(const QString &id, const std::shared_ptr<DataFile> &file) override;
+    void add(PropertyByteArray &property) override;
+    /// Throws ErrorAlreadyExists when there is a data file of this @p id.
+    void add(const QString &id, const std::shared_ptr<DataFile> &file);
     std::shared_ptr<DataFile> find(const QString &id) const override;
     void unpack(const QVector<std::shared_ptr<DataFile>> &files) const override;
 

@@ -14,11 +14,14 @@
 #include "model/PropertyAngleImage.h"
 #include "model/Sprite.h"
 #include "model/SpriteFiles.h"
+#include "model/SurfaceFitting.h"
 #include "model/properties/PropertyT.h"
 
 #include <QDir>
 #include <QFileInfo>
 
+#include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace {
@@ -39,6 +42,15 @@ QStringList pathsOf(const QVector<Body *> &bodies)
 QString lastSpriteImportKey()
 {
     return QStringLiteral("lastSpriteImportPath");
+}
+
+QVector<Body *> resizedAmong(const QVector<Body *> &bodies)
+{
+    QVector<Body *> resized;
+    std::copy_if(bodies.begin(), bodies.end(), std::back_inserter(resized), [](const Body *body) {
+        return body->sprite().isWrongSized();
+    });
+    return resized;
 }
 
 QString bodyName(const QString &path)
@@ -82,11 +94,31 @@ bool ProjectController::openProject(const QString &fileName, Lock lock)
     m_stamped = file;
     m_stamp = stamp;
     install(project);
-    if (!reader.damagedBodies().isEmpty())
+    tellDamaged(reader.damagedBodies());
+    return true;
+}
+
+void ProjectController::installRecovered(const std::shared_ptr<Project> &project,
+                                         const QStringList &damagedBodies,
+                                         const QDateTime &time)
+{
+    const GFileName &fileName = project->filename().value();
+    m_lock.reset();
+    m_lock = fileName.isEmpty() ? nullptr : std::make_shared<ProjectLock>(fileName.path());
+    m_stamped = fileName.canonicalPath();
+    const bool isYounger = QFileInfo(m_stamped).lastModified() > time;
+    m_stamp = isYounger ? FileStamp() : stampOf(m_stamped);
+    install(project);
+    project->undoStack().resetClean();
+    tellDamaged(damagedBodies);
+}
+
+void ProjectController::tellDamaged(const QStringList &bodies)
+{
+    if (!bodies.isEmpty())
         m_prompts.tell(tr("The painted surfaces of these bodies are damaged, they count as not "
                           "painted: %1")
-                           .arg(reader.damagedBodies().join(QStringLiteral(", "))));
-    return true;
+                           .arg(bodies.join(QStringLiteral(", "))));
 }
 
 bool ProjectController::isReadOnly() const
@@ -125,10 +157,17 @@ void ProjectController::saveAs(const GFileName &fileName, Changed changed)
 
 void ProjectController::write()
 {
-    DataModelWriter(*m_project).write([this](int done, int total) {
-        m_prompts.showProgress(done, total);
+    // Showing the progress lets other things happen, which the file does not hold then.
+    const auto project = m_project;
+    bool isAsWritten = true;
+    const QObject watching;
+    QObject::connect(&project->undoStack(), &GUndoStack::indexChanged, &watching, [&isAsWritten] {
+        isAsWritten = false;
     });
-    m_project->undoStack().markSaved();
+    DataModelWriter(*project).write(
+        [this](int done, int total) { m_prompts.showProgress(done, total); });
+    if (isAsWritten)
+        project->undoStack().markSaved();
 }
 
 std::shared_ptr<ProjectLock> ProjectController::lockForSaving(const QString &fileName) const
@@ -213,7 +252,7 @@ void ProjectController::resolveTextures()
 {
     QStringList changes;
     resolveMissing(changes);
-    resolveResized(changes);
+    changes += resolveResized(m_project->bodies().all());
     if (!changes.isEmpty())
         m_prompts.showSummary(changes);
 }
@@ -337,20 +376,33 @@ void ProjectController::searchMissing(const QString &folder, QStringList &change
     }
 }
 
-void ProjectController::resolveResized(QStringList &changes)
+QVector<Body *> ProjectController::reloadSprites(const QHash<QString, ReadImage> &read)
 {
-    QVector<Body *> resized;
+    QVector<Body *> reloaded;
     for (Body *body : m_project->bodies().all()) {
-        if (body->sprite().isWrongSized())
-            resized.append(body);
+        Sprite &sprite = body->sprite();
+        const auto found = read.find(sprite.filename().value().path());
+        if (found == read.end() || sprite.isOf(*found))
+            continue;
+        const QSize painted = body->paintedSize();
+        // Without a surface, the placeholder of a missing file keeps the size of its image.
+        sprite.load(
+            *found, painted.isEmpty() ? sprite.image().size() : painted, !painted.isEmpty());
+        reloaded.append(body);
     }
-    if (resized.isEmpty() || !m_prompts.askClearResized(pathsOf(resized)))
-        return;
-    const UndoMacro macro(m_project->undoStack(), tr("reset normalmaps"));
-    for (Body *body : std::as_const(resized)) {
-        const QSize size = body->sprite().fileSize();
-        body->paintedNormalMap().setAngleImage(AngleImage(size.width(), size.height()),
-                                               tr("reset normalmap"));
-        changes.append(tr("Reset normalmap: ") + body->name().value());
+    return reloaded;
+}
+
+// Asked again when a file changes once more before its surface has its size.
+QStringList ProjectController::resolveResized(const QVector<Body *> &bodies)
+{
+    QStringList changes;
+    for (auto resized = resizedAmong(bodies); !resized.isEmpty(); resized = resizedAmong(resized)) {
+        const ResizedAnswer answer = m_prompts.askResized(pathsOf(resized));
+        if (answer.action == ResizedAnswer::Action::Keep)
+            break;
+        changes += fitSurfaces(
+            resized, answer, [&](int done) { m_prompts.showProgress(done, resized.size()); });
     }
+    return changes;
 }

@@ -4,6 +4,8 @@
 #include "model/ItemSelectionModel.h"
 
 #include <QCoreApplication>
+#include <QDateTime>
+#include <QHash>
 #include <QImage>
 #include <QStringList>
 
@@ -15,6 +17,7 @@ class GSettings;
 class ProjectLock;
 class ProjectPrompts;
 struct NormalMapExport;
+struct ReadImage;
 
 /// Carries out the document operations that menus and the command line ask for, by undoable steps.
 /// Owns the selection of bodies and a share of the project; settings and prompts outlive it.
@@ -42,6 +45,13 @@ public:
     /// or loadTextures(). False when another program has it and the user would rather not read it
     /// only. Throws Error when it can't be read. The present project stays in both cases.
     bool openProject(const QString &fileName, Lock lock);
+    /// Takes @p project, which is as a program had it unsaved at @p time, as a modified one under
+    /// its own file name; @p damagedBodies are told. A file that is younger counts as changed by
+    /// others, one that another program has may only be read. Its sprites are loaded as after
+    /// openProject().
+    void installRecovered(const std::shared_ptr<Project> &project,
+                          const QStringList &damagedBodies,
+                          const QDateTime &time);
     /// True when another program had the project when it was opened: it is not to be saved there.
     bool isReadOnly() const;
     /// True when @p fileName is the project's file and other than this controller read or left it.
@@ -63,6 +73,12 @@ public:
     void resolveTextures();
     /// Both in turn.
     void checkTextures();
+    /// Shows what was read of sprite files, by their paths, where it is not shown yet; surfaces
+    /// stay as they are. Returns the bodies that show something else now.
+    QVector<Body *> reloadSprites(const QHash<QString, ReadImage> &read);
+    /// Asks what to do with the surfaces of those of @p bodies whose sprites have another size.
+    /// Returns the changes that were made.
+    QStringList resolveResized(const QVector<Body *> &bodies);
     /// Writes the normal maps of all bodies as the project's settings tell; false when the user
     /// cancels. Throws Error at the first failure. Maps that were written before stay.
     bool saveNormalMaps();
@@ -80,6 +96,7 @@ public:
 
 private:
     void install(const std::shared_ptr<Project> &project);
+    void tellDamaged(const QStringList &bodies);
     void write();
     /// The lock to save @p fileName under; throws Error when another program has it.
     std::shared_ptr<ProjectLock> lockForSaving(const QString &fileName) const;
@@ -88,7 +105,6 @@ private:
     QVector<Body *> missingBodies() const;
     void resolveMissing(QStringList &changes);
     void searchMissing(const QString &folder, QStringList &changes);
-    void resolveResized(QStringList &changes);
 
     GSettings &m_settings;
     ProjectPrompts &m_prompts;

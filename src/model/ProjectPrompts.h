@@ -2,6 +2,16 @@
 
 #include <QString>
 #include <QStringList>
+#include <Qt>
+
+/// What becomes of surfaces whose sprites have another size than they.
+struct ResizedAnswer
+{
+    enum class Action { Keep, Clear, Anchor, Scale };
+
+    Action action = Action::Keep;
+    Qt::Alignment anchor = Qt::AlignCenter; ///< what stays in its place, for Anchor
+};
 
 /// What the controller asks the user and tells them: dialogs in the window, options on the command
 /// line.
@@ -18,8 +28,8 @@ public:
     virtual MissingTextures askMissingTextures(const QStringList &files) = 0;
     /// The folder to search for missing files, empty for none.
     virtual QString askSearchFolder() = 0;
-    /// Sprite files have another size than their surfaces. True to clear the surfaces.
-    virtual bool askClearResized(const QStringList &files) = 0;
+    /// Sprite files have another size than their surfaces.
+    virtual ResizedAnswer askResized(const QStringList &files) = 0;
     /// The changes that were made to a project when its textures were checked.
     virtual void showSummary(const QStringList &changes) = 0;
     /// Something that is worth knowing, but stops nothing.

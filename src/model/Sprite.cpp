@@ -1,6 +1,5 @@
 #include "model/Sprite.h"
 
-#include "model/ImageReading.h"
 #include "model/properties/PropertyDescriptionList.h"
 #include "model/properties/PropertyDescriptionTypes.h"
 #include "model/properties/PropertyT.h"
@@ -53,6 +52,7 @@ void Sprite::load(const QSize &expectedSize, bool checkSize)
 void Sprite::load(const ReadImage &read, const QSize &expectedSize, bool checkSize)
 {
     m_loadedFrom = m_filename->value();
+    m_stamp = read.stamp;
     m_statusIcon.clear();
     m_image = read.image;
     m_fileSize = read.image.size();
@@ -70,6 +70,13 @@ void Sprite::load(const ReadImage &read, const QSize &expectedSize, bool checkSi
                                   : QStringLiteral(":/qrv_tools/icons/Icons_SpriteMissing.svg");
     }
     notify();
+}
+
+bool Sprite::isOf(const ReadImage &read) const
+{
+    if (m_loadedFrom != m_filename->value() || m_isLoaded == read.image.isNull())
+        return false;
+    return !read.opened || m_checksum->value() == QString::fromLatin1(read.md5Hex);
 }
 
 bool Sprite::isOutdated(const QSize &paintedSize) const

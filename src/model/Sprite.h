@@ -1,14 +1,13 @@
 #pragma once
 
 #include "base/GFileName.h"
+#include "model/ImageReading.h"
 #include "model/properties/PropertyStruct.h"
 #include "model/properties/PropertyTypes.h"
 
 #include <QCoreApplication>
 #include <QImage>
 #include <QSize>
-
-struct ReadImage;
 
 /// The source image of a body: the file and its checksum, and, unsaved, the image itself.
 class Sprite : public PropertyStruct
@@ -30,6 +29,11 @@ public:
     void load(const QSize &expectedSize, bool checkSize);
     /// The same with the file read before, as on another thread.
     void load(const ReadImage &read, const QSize &expectedSize, bool checkSize);
+
+    /// True when load() with @p read would tell nothing new.
+    bool isOf(const ReadImage &read) const;
+    /// The file's when it was loaded last.
+    const FileStamp &stamp() const { return m_stamp; }
 
     /// True when the image is no longer the one that load() would give for this size of the painted
     /// surface (empty for none): the file's name or the size has changed since. False before the
@@ -56,6 +60,7 @@ private:
     QImage m_image;
     QSize m_fileSize;
     QString m_statusIcon;
+    FileStamp m_stamp;
     bool m_isLoaded = false;
     bool m_isWrongSized = false;
     bool m_isChanged = false;

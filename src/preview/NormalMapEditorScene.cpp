@@ -268,6 +268,11 @@ void NormalMapEditorScene::setPen(const PenTouch &touch)
     m_routing->setPen(touch);
 }
 
+bool NormalMapEditorScene::isGestureOpen() const
+{
+    return m_routing->isPressed() || m_selection->isPressed();
+}
+
 void NormalMapEditorScene::finishGesture()
 {
     m_routing->finishGesture();

@@ -60,6 +60,8 @@ public:
     void setSelectionLocked(bool isLocked);
     InteractionMode interactionMode() const;
     void setPen(const PenTouch &touch) override;
+    /// Between a press and its release, be it a stroke or sprites that are moved.
+    bool isGestureOpen() const;
     /// A stroke becomes its undo step.
     void finishGesture() override;
     bool turnWheel(double notches, Qt::KeyboardModifiers modifiers) override;

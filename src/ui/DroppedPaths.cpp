@@ -20,3 +20,9 @@ void acceptCopy(QDropEvent &event)
     event.setDropAction(Qt::CopyAction);
     event.accept();
 }
+
+bool isProjectFile(const QString &path)
+{
+    return path.endsWith(QLatin1String(".vep"), Qt::CaseInsensitive) ||
+           path.endsWith(QLatin1String(".vex"), Qt::CaseInsensitive);
+}

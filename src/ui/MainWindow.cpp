@@ -20,6 +20,8 @@
 #include "ui/NormalMapEditor.h"
 #include "ui/PointedPixelLabel.h"
 #include "ui/PreferencesDialog.h"
+#include "ui/ProjectRecovery.h"
+#include "ui/SampleAction.h"
 #include "ui/ShapeTreeView.h"
 #include "ui/SpriteActions.h"
 #include "ui/SpritesSidebar.h"
@@ -47,13 +49,7 @@ GMainWindow::ApplicationTexts applicationTexts()
 {
     return {MainWindow::tr("Gives flat sprites a surface that a game can light."),
             MainWindow::tr("MIT licence. Made with Qt, OpenCV and OpenGL."),
-            QStringLiteral(":/manual/index.html")};
-}
-
-bool isProjectFile(const QString &path)
-{
-    return path.endsWith(QLatin1String(".vep"), Qt::CaseInsensitive) ||
-           path.endsWith(QLatin1String(".vex"), Qt::CaseInsensitive);
+            QStringLiteral(":/guide/index.html")};
 }
 
 QWidget *makeSpacer(QWidget *parent)
@@ -81,6 +77,7 @@ MainWindow::MainWindow(GApplication &application, QWidget *parent)
     , m_spriteActions(
           new SpriteActions(m_controller, m_prompts, m_sprites->list(), *m_editor, this))
     , m_exportActions(new ExportActions(m_controller, m_prompts, *m_editor, this))
+    , m_recovery(new ProjectRecovery(m_controller, m_prompts, application.settings(), this))
     , m_feedback(new GAction(themedIcon(QStringLiteral(":/qrv_tools/icons/Icons_Comment.svg")),
                              tr("Send feedback..."),
                              this))
@@ -160,6 +157,7 @@ void MainWindow::createMenus()
     help->addSeparator();
     m_feedback->setObjectName(QStringLiteral("feedback"));
     help->addAction(m_feedback);
+    addSampleAction(*help, [this](const QStringList &paths) { openOrAdd(paths); });
     connect(m_feedback, &QAction::triggered, this, &MainWindow::showFeedback);
     setGestures(editorGestures());
 }
@@ -169,9 +167,7 @@ void MainWindow::createEditMenu()
     QMenu *edit = menuBar()->addMenu(tr("&Edit"));
     m_undoActions = new UndoActions(*edit, this);
     edit->addSeparator();
-    edit->addAction(&m_spriteActions->addSprites());
-    edit->addAction(&m_spriteActions->removeSprites());
-    edit->addAction(&m_spriteActions->renameSprite());
+    m_spriteActions->addEditActions(*edit);
     edit->addSeparator();
     m_tools->addEditActions(*edit);
     edit->addSeparator();
@@ -231,6 +227,7 @@ void MainWindow::connectPanels()
     const auto show = [this](const QString &message) { statusBar()->showMessage(message); };
     connect(m_editor, &NormalMapEditor::noticed, this, show);
     connect(m_spriteActions, &SpriteActions::noticed, this, show);
+    connect(m_recovery, &ProjectRecovery::noticed, this, show);
     connect(m_spriteActions, &SpriteActions::bodiesChanged, this, &MainWindow::updateActions);
 }
 
@@ -241,7 +238,9 @@ void MainWindow::installProject()
     Project &project = m_controller.project();
     m_sprites->setProject(&project);
     m_editor->setProject(&project);
+    m_spriteActions->setProject(&project);
     m_undoActions->setStack(project.undoStack());
+    m_recovery->setProject(&project);
     m_tools->reloadTools();
     connect(&project.undoStack(), &GUndoStack::indexChanged, this, [this] {
         updateTitle();
@@ -288,6 +287,7 @@ bool MainWindow::loadDocument(const QString &path)
         return false;
     }
     m_prompts.showTold();
+    const PromptedTask task(m_prompts, tr("Fitting surfaces"), false);
     m_controller.resolveTextures();
     updateActions();
     return true;
@@ -360,6 +360,8 @@ void MainWindow::closeEvent(QCloseEvent *event)
 {
     m_editor->discardEffect();
     GMainWindow::closeEvent(event);
+    if (event->isAccepted())
+        m_recovery->setProject(nullptr);
 }
 
 void MainWindow::dragEnterEvent(QDragEnterEvent *event)
@@ -382,5 +384,5 @@ void MainWindow::showPreferences()
 
 void MainWindow::showFeedback()
 {
-    FeedbackDialog(systemSummary() + systemInformation(), this).exec();
+    FeedbackDialog({systemSummary() + systemInformation()}, m_application.settings(), this).exec();
 }

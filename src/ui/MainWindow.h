@@ -8,6 +8,7 @@ class ExportActions;
 class GApplication;
 class NormalMapEditor;
 class PointedPixelLabel;
+class ProjectRecovery;
 class SpriteActions;
 class SpritesSidebar;
 class ToolsSidebar;
@@ -27,6 +28,7 @@ public:
     ~MainWindow() override;
 
     Project &project() const { return m_controller.project(); }
+    ProjectRecovery &recovery() const { return *m_recovery; }
     /// Opens a project among @p paths, or adds what else they name as sprites.
     void openOrAdd(const QStringList &paths);
 
@@ -71,6 +73,7 @@ private:
     SpriteActions *m_spriteActions;
     ExportActions *m_exportActions;
     UndoActions *m_undoActions = nullptr;
+    ProjectRecovery *m_recovery;
     GAction *m_feedback;
     GAction *m_preferences;
 };

@@ -1,9 +1,12 @@
 #include "ui/PreferencesDialog.h"
 
+#include "base/BuildOptions.h"
 #include "base/GSettings.h"
 #include "framework/GApplication.h"
 #include "framework/GPathEdit.h"
 #include "framework/UiScale.h"
+#include "framework/UpdateChoice.h"
+#include "ui/RecoveryInterval.h"
 
 #include <QComboBox>
 #include <QDialogButtonBox>
@@ -23,6 +26,7 @@ PreferencesDialog::PreferencesDialog(GApplication &application, QWidget *parent)
     , m_application(application)
     , m_patterns(new GDirectoryEdit(this))
     , m_theme(new QComboBox(this))
+    , m_recovery(new RecoveryInterval(application.settings(), this))
 {
     setWindowTitle(tr("Preferences"));
     m_patterns->setLabel(tr("Custom pattern directory:"));
@@ -56,15 +60,25 @@ PreferencesDialog::PreferencesDialog(GApplication &application, QWidget *parent)
     themeRow->addWidget(m_theme);
     themeRow->addStretch();
     layout->addLayout(themeRow);
+    layout->addWidget(m_recovery);
+    if (!updateFeedAddress().isEmpty()) {
+        m_updates = new UpdateChoice(application.settings(), this);
+        layout->addSpacing(scaled(8));
+        layout->addWidget(m_updates);
+    }
     layout->addStretch();
     layout->addWidget(buttons);
-    resize(scaled(480), scaled(260));
+    const int width = scaled(480);
+    resize(width, qMax(scaled(260), layout->totalHeightForWidth(width)));
 }
 
 void PreferencesDialog::accept()
 {
     m_application.settings().setValue(patternsKey(), m_patterns->path());
     m_application.setTheme(ThemeChoice(m_theme->currentData().toInt()));
+    m_recovery->store();
+    if (m_updates)
+        m_updates->store();
     m_application.settings().flush();
     QDialog::accept();
 }

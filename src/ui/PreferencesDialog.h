@@ -5,6 +5,8 @@
 class GApplication;
 class GDirectoryEdit;
 class QComboBox;
+class RecoveryInterval;
+class UpdateChoice;
 
 /// What the user sets for the whole program. Settings are written when the dialog is accepted.
 class PreferencesDialog : public QDialog
@@ -21,4 +23,6 @@ private:
     GApplication &m_application;
     GDirectoryEdit *m_patterns;
     QComboBox *m_theme;
+    RecoveryInterval *m_recovery;
+    UpdateChoice *m_updates = nullptr; ///< only in a build with a feed
 };

@@ -7,10 +7,12 @@
 #include "model/ProjectController.h"
 #include "ui/NormalMapEditor.h"
 #include "ui/ShapeTreeView.h"
+#include "ui/SpriteReloading.h"
 #include "ui/WindowPrompts.h"
 
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QMenu>
 #include <QMessageBox>
 
 SpriteActions::SpriteActions(ProjectController &controller,
@@ -33,6 +35,7 @@ SpriteActions::SpriteActions(ProjectController &controller,
     , m_rename(new GAction(tr("Rename sprite"), this))
     , m_selectAll(
           new GAction(themedIcon(QStringLiteral(":/icons/select_all.svg")), tr("Select all"), this))
+    , m_reloading(new SpriteReloading(controller, prompts, editor, this))
 {
     m_add->setObjectName(QStringLiteral("addSprites"));
     m_remove->setObjectName(QStringLiteral("removeSprites"));
@@ -52,13 +55,26 @@ SpriteActions::SpriteActions(ProjectController &controller,
             &ItemSelectionModel::bodySelectionChanged,
             this,
             &SpriteActions::update);
+    connect(m_reloading, &SpriteReloading::noticed, this, &SpriteActions::noticed);
+    connect(m_reloading, &SpriteReloading::reloaded, this, &SpriteActions::bodiesChanged);
     list.addActions({m_add, m_rename, m_remove});
     update();
 }
 
+void SpriteActions::addEditActions(QMenu &menu) const
+{
+    for (GAction *action : {m_add, m_remove, m_rename, &m_reloading->reloadSprites()})
+        menu.addAction(action);
+}
+
+void SpriteActions::setProject(Project *project)
+{
+    m_reloading->setProject(project);
+}
+
 void SpriteActions::update()
 {
-    for (GAction *action : {m_add, m_remove, m_selectAll})
+    for (GAction *action : {m_add, m_remove, m_selectAll, &m_reloading->reloadSprites()})
         action->setEnabled(!m_isLocked);
     m_rename->setEnabled(!m_isLocked && m_controller.selection().selection().size() == 1);
 }

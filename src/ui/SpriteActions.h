@@ -5,13 +5,16 @@
 
 class GAction;
 class NormalMapEditor;
+class Project;
 class ProjectController;
 class ShapeTreeView;
+class SpriteReloading;
 class WindowPrompts;
+class QMenu;
 class QWidget;
 
-/// The commands on the list of sprites: add, remove, rename, select all. Everything that is passed
-/// in outlives this.
+/// The commands on the list of sprites: add, remove, rename, reload, select all. Everything that is
+/// passed in outlives this.
 class SpriteActions : public QObject
 {
     Q_OBJECT
@@ -25,8 +28,10 @@ public:
 
     GAction &addSprites() const { return *m_add; }
     GAction &removeSprites() const { return *m_remove; }
-    GAction &renameSprite() const { return *m_rename; }
     GAction &selectAll() const { return *m_selectAll; }
+    void addEditActions(QMenu &menu) const;
+    /// Called before the former project goes.
+    void setProject(Project *project);
     /// Adds the images among @p paths, folders with all that is below them.
     void add(const QStringList &paths);
     /// Enables what can be done with the selection as it is.
@@ -55,5 +60,6 @@ private:
     GAction *m_remove;
     GAction *m_rename;
     GAction *m_selectAll;
+    SpriteReloading *m_reloading;
     bool m_isLocked = false;
 };

@@ -40,8 +40,8 @@ QString toolTipText(const Body &body)
     if (sprite.isWrongSized())
         return SpriteListModel::tr("%1\nThe image is %2 now, but its surface was painted at %3.\n"
                                    "Bring the image back to its former size, choose another one "
-                                   "under the list, or open the project again to clear the "
-                                   "surface.")
+                                   "under the list, or choose Edit > Reload sprites to clear, "
+                                   "anchor or scale the surface.")
             .arg(path, sizeText(sprite.fileSize()), sizeText(body.paintedSize()));
     if (!sprite.statusIcon().isEmpty())
         return SpriteListModel::tr("%1\nThe image can't be read.\nPut the file back in its place, "

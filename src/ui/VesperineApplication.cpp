@@ -1,12 +1,17 @@
 #include "ui/VesperineApplication.h"
 
+#include "base/BuildOptions.h"
 #include "base/GLogger.h"
 #include "base/GSettings.h"
 #include "framework/CrashHandler.h"
 #include "framework/CrashReportDialog.h"
+#include "framework/UpdateNotices.h"
 #include "imaging/PoolThread.h"
 #include "preview/GraphicsCheck.h"
+#include "ui/EditorOptions.h"
 #include "ui/MainWindow.h"
+#include "ui/ProjectFileTypes.h"
+#include "ui/ProjectRecovery.h"
 
 #include <QDesktopServices>
 #include <QIcon>
@@ -19,6 +24,8 @@
 void VesperineApplication::prepare()
 {
     GApplication::prepare();
+    // By this name a desktop finds icon and entry of the window.
+    setDesktopFileName(QStringLiteral("org.vesperine.editor"));
     prepareGraphics();
 }
 
@@ -46,6 +53,8 @@ bool VesperineApplication::setUp()
         QTimer::singleShot(0, this, [] { exit(1); });
         return false;
     }
+    for (const FileAssociation &type : projectFileTypes(applicationDirPath()))
+        registerAssociation(type);
     setWindowIcon(QIcon(QStringLiteral(":/Vesperine.png")));
     QDesktopServices::setUrlHandler(QStringLiteral("ve"), this, "handleInternalURLs");
     connect(this, &GApplication::openRequested, this, [this](const QString &path) {
@@ -63,17 +72,14 @@ int VesperineApplication::run()
     GLogger::setVerbosity(GLogger::warnings);
     const QStringList given = arguments().mid(1);
     for (const QString &argument : given) {
-        if (argument == QLatin1String("-v")) {
-            GLogger::setVerbosity(GLogger::information);
-        } else if (argument == QLatin1String("-vv")) {
-            GLogger::setVerbosity(GLogger::debugging);
-        } else if (argument == QLatin1String("-vvv")) {
-            GLogger::setVerbosity(GLogger::everything);
-        } else if (argument == QLatin1String("--flushsettings")) {
-            std::puts("Flushing all settings");
-            settings().clear();
-            settings().flush();
-            return 0;
+        if (const EditorOption *option = findEditorOption(argument)) {
+            if (option->effect == EditorOption::Effect::FlushSettings) {
+                std::puts("Flushing all settings");
+                settings().clear();
+                settings().flush();
+                return 0;
+            }
+            GLogger::setVerbosity(option->verbosity);
         } else if (!argument.startsWith(QLatin1Char('-'))) {
             m_documents.append(argument);
         } else {
@@ -88,8 +94,14 @@ void VesperineApplication::launch()
     m_window = std::make_unique<MainWindow>(*this);
     m_window->show();
     CrashReportDialog::showLast(m_window.get());
+    m_window->recovery().offer();
     if (!m_documents.isEmpty())
         m_window->openOrAdd(std::exchange(m_documents, {}));
+    if (const QUrl feed = updateFeedAddress(); !feed.isEmpty()) {
+        m_updates = std::make_unique<UpdateNotices>(
+            UpdateChecker::Source{.feed = feed}, settings(), *m_window);
+        m_window->addHelpAction(m_updates->checkAction());
+    }
 }
 
 void VesperineApplication::handleInternalURLs(const QUrl &url)

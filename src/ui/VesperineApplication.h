@@ -6,8 +6,10 @@
 
 class MainWindow;
 class QUrl;
+class UpdateNotices;
 
-/// The editor as a program: start-up, command line, internal links. Owns the window.
+/// The editor as a program: start-up, command line, internal links. Owns the window
+/// and what asks for updates.
 class VesperineApplication : public GApplication
 {
     Q_OBJECT
@@ -32,5 +34,6 @@ private:
 
     QStringList m_documents;
     std::unique_ptr<MainWindow> m_window;
+    std::unique_ptr<UpdateNotices> m_updates; ///< null in a build without a feed
     bool m_isReady = false;
 };

@@ -1,6 +1,7 @@
 #include "ui/WindowPrompts.h"
 
 #include "framework/ListDialog.h"
+#include "ui/AnchorGrid.h"
 
 #include <QCloseEvent>
 #include <QFileDialog>
@@ -102,15 +103,29 @@ QString WindowPrompts::askSearchFolder()
     return QFileDialog::getExistingDirectory(&m_window, tr("Select search path"));
 }
 
-bool WindowPrompts::askClearResized(const QStringList &files)
+ResizedAnswer WindowPrompts::askResized(const QStringList &files)
 {
     ListDialog dialog({tr("Size conflict"),
                        tr("Size of texture changed:"),
                        files,
-                       {tr("Clear normal map")},
+                       {tr("Clear normal map"), tr("Anchor surface"), tr("Scale surface")},
                        tr("Close this window to keep the normal maps as they are.")},
                       &m_window);
-    return dialog.choose() == 0;
+    auto *anchor = new AnchorGrid(&dialog);
+    dialog.addBelowList(
+        *anchor,
+        tr("Anchored, a surface stays at this place, and what is new around it is flat. Scaled, "
+           "its relief grows with the sprite."));
+    switch (dialog.choose()) {
+    case 0:
+        return {ResizedAnswer::Action::Clear, {}};
+    case 1:
+        return {ResizedAnswer::Action::Anchor, anchor->anchor()};
+    case 2:
+        return {ResizedAnswer::Action::Scale, {}};
+    default:
+        return {};
+    }
 }
 
 void WindowPrompts::showSummary(const QStringList &changes)

@@ -24,7 +24,7 @@ public:
     bool askReadOnly(const QString &file, const QString &holder) override;
     MissingTextures askMissingTextures(const QStringList &files) override;
     QString askSearchFolder() override;
-    bool askClearResized(const QStringList &files) override;
+    ResizedAnswer askResized(const QStringList &files) override;
     void showSummary(const QStringList &changes) override;
     /// Kept until showTold(), so that many messages make one dialog.
     void tell(const QString &message) override;

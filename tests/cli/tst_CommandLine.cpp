@@ -111,6 +111,15 @@ private Q_SLOTS:
         QVERIFY(output().contains(QStringLiteral("Updated file path:")));
         QVERIFY(output().contains(QStringLiteral("Reset normalmap: b")));
         QCOMPARE(run("check p.vep"), 0);
+        sprite("s/b.png", {5, 4});
+        QCOMPARE(run("repair p.vep --scale-resized --clear-resized"), 2);
+        QCOMPARE(run("repair p.vep --anchor-resized aside"), 2);
+        QCOMPARE(run("repair p.vep --anchor-resized top-left"), 0);
+        QVERIFY(output().contains(QStringLiteral("Anchored normalmap: b")));
+        sprite("s/b.png", {2, 2});
+        QCOMPARE(run("repair p.vep --scale-resized"), 0);
+        QVERIFY(output().contains(QStringLiteral("Scaled normalmap: b")));
+        QCOMPARE(run("check p.vep"), 0);
         QFile::remove(path("s/a.png"));
         QCOMPARE(run("repair p.vep --remove-missing"), 0);
         QVERIFY(output().contains(QStringLiteral("Removed sprite: a")));

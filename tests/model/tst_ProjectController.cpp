@@ -185,7 +185,7 @@ private Q_SLOTS:
         m_prompts.missingAnswers = {ProjectPrompts::MissingTextures::Search,
                                     ProjectPrompts::MissingTextures::Remove};
         m_prompts.searchFolder = path("new");
-        m_prompts.clearsResized = true;
+        m_prompts.resizedAnswer.action = ResizedAnswer::Action::Clear;
         m_controller->checkTextures();
         QCOMPARE(m_prompts.missing, QStringList(paths[1])); // asked again for what is still missing
         QCOMPARE(m_prompts.resized, QStringList(paths[2]));

@@ -67,8 +67,8 @@ ProjectPrompts::MissingTextures ScriptedPrompts::askMissingTextures(const QStrin
     return missingAnswers.isEmpty() ? MissingTextures::Continue : missingAnswers.takeFirst();
 }
 
-bool ScriptedPrompts::askClearResized(const QStringList &files)
+ResizedAnswer ScriptedPrompts::askResized(const QStringList &files)
 {
     resized = files;
-    return clearsResized;
+    return resizedAnswer;
 }

@@ -40,7 +40,7 @@ class ScriptedPrompts : public ProjectPrompts
 public:
     QVector<MissingTextures> missingAnswers; ///< one a question, then Continue
     QString searchFolder;
-    bool clearsResized = false;
+    ResizedAnswer resizedAnswer;
     bool readsOnly = true;
     int cancelsAt = -1;
 
@@ -53,7 +53,7 @@ public:
     bool askReadOnly(const QString &file, const QString &holder) override;
     MissingTextures askMissingTextures(const QStringList &files) override;
     QString askSearchFolder() override { return searchFolder; }
-    bool askClearResized(const QStringList &files) override;
+    ResizedAnswer askResized(const QStringList &files) override;
     void showSummary(const QStringList &changes) override { summary = changes; }
     void tell(const QString &message) override { told.append(message); }
     bool showProgress(int done, int) override { return done != cancelsAt; }

@@ -26,6 +26,7 @@ int runWindowTest(int argc, char **argv)
 {
     initialiseResources();
     const QTemporaryDir home;
+    qputenv("XDG_DATA_HOME", QFile::encodeName(home.path()));
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, home.path());
     GApplication::prepare();
     QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);

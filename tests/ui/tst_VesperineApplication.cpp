@@ -33,6 +33,7 @@ void useWindow(QString &seen, int &bodies)
 int main(int argc, char **argv)
 {
     const Folder folder;
+    qputenv("XDG_DATA_HOME", folder.path(QString()).toLocal8Bit());
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, folder.path(QString()));
     qputenv("XDG_DATA_HOME", folder.path(QStringLiteral("data")).toLocal8Bit());
     QByteArray sprite = folder.writeSprite(QStringLiteral("a.png"), {8, 8}).toLocal8Bit();

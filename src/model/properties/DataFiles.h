@@ -6,14 +6,16 @@
 #include <memory>
 
 struct DataFile;
+class PropertyByteArray;
 
 /// The data files of a project as the XML visitors see them.
 class DataFiles
 {
 public:
     virtual ~DataFiles() = default;
-    /// Takes a data file to be saved. Throws ErrorAlreadyExists when there is one of this @p id.
-    virtual void add(const QString &id, const std::shared_ptr<DataFile> &file) = 0;
+    /// Takes the bytes of @p property to be saved under its data file's id. Throws
+    /// ErrorAlreadyExists when there is a data file of this id.
+    virtual void add(PropertyByteArray &property) = 0;
     /// The loaded data file of this @p id, still packed; null when there is none.
     virtual std::shared_ptr<DataFile> find(const QString &id) const = 0;
     /// Unpacks @p files, side by side; those that can't be unpacked are marked as damaged. Throws

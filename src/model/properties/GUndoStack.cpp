@@ -135,6 +135,7 @@ bool GUndoStack::isModified() const
 void GUndoStack::markSaved()
 {
     setClean();
+    Q_EMIT saved();
 }
 
 // A selection made after undoing selections cuts the saved place off; the document is still the

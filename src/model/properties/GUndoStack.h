@@ -37,6 +37,8 @@ public:
     /// True while a step is being done, undone or done again: who hears of a change then must push
     /// none, as the toolkit is about to count on its place.
     bool isStepping() const { return m_isStepping; }
+    /// True between two states of the document: in a step, or in a macro with a step.
+    bool isUnsettled() const { return m_isStepping || m_startedMacros > 0; }
 
     void beginMacro(const QString &text);
     void endMacro();
@@ -63,6 +65,8 @@ Q_SIGNALS:
     /// Somebody is about to push a step or to begin a macro: the last moment for what is unfinished
     /// to become a step of its own, which then lies below.
     void aboutToPush();
+    /// The document was saved as it stands.
+    void saved();
 
 private:
     void keepSavedPlace(bool wasModified);

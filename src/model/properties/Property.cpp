@@ -6,9 +6,19 @@
 
 #include <QCoreApplication>
 
+namespace {
+// Properties change on the interface thread only.
+quint64 nextRevision()
+{
+    static quint64 last = 0;
+    return ++last;
+}
+} // namespace
+
 Property::Property(UndoStackOwner &document, const QString &key)
     : m_document(document)
     , m_key(key)
+    , m_revision(nextRevision())
 {
 }
 
@@ -30,6 +40,7 @@ void Property::leaveParent(const Property &parent)
 
 void Property::notify()
 {
+    m_revision = nextRevision();
     ChangeManager::instance().notify(*this);
 }
 

@@ -37,6 +37,9 @@ public:
     void leaveParent(const Property &parent);
     /// Null where nothing is known.
     const PropertyDescription *description() const { return m_description; }
+    /// Another number whenever a value was set, never one of another property: who has seen it need
+    /// not keep a large value to know it again.
+    quint64 revision() const { return m_revision; }
 
 protected:
     void notify();
@@ -66,4 +69,5 @@ private:
     QString m_key;
     Property *m_parent = nullptr;
     const PropertyDescription *m_description = nullptr;
+    quint64 m_revision;
 };

@@ -19,6 +19,11 @@ const std::shared_ptr<DataFile> &PropertyByteArray::dataFile()
     return m_dataFile;
 }
 
+std::shared_ptr<const DataFile> PropertyByteArray::keptDataFile() const
+{
+    return holdsDataFile() ? m_dataFile : nullptr;
+}
+
 void PropertyByteArray::setDataFile(const std::shared_ptr<DataFile> &file)
 {
     m_dataFile = file;

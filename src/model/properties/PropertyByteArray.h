@@ -31,6 +31,8 @@ public:
     /// The data file of the present value: the one last loaded or saved when the value is still
     /// the same, else a new one.
     const std::shared_ptr<DataFile> &dataFile();
+    /// The one last loaded or saved as long as the value is still the same, else null.
+    std::shared_ptr<const DataFile> keptDataFile() const;
     /// Takes @p file over as loaded, its value included.
     void setDataFile(const std::shared_ptr<DataFile> &file);
     /// True while the value is missing because its data file could not be read.

@@ -9,6 +9,7 @@
 #include <QUuid>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 QString number(double value)
@@ -21,10 +22,10 @@ QString shortNumber(double value)
     return QString::number(value, 'g', 6);
 }
 
-void setPoint(QDomElement element, const QPointF &point)
+void setPoint(XmlElement &element, const QPointF &point)
 {
-    element.setAttribute(QStringLiteral("x"), number(point.x()));
-    element.setAttribute(QStringLiteral("y"), number(point.y()));
+    element.attributes.append({QStringLiteral("x"), number(point.x())});
+    element.attributes.append({QStringLiteral("y"), number(point.y())});
 }
 
 // An id that came from elsewhere may not do as a name in every archive.
@@ -36,7 +37,32 @@ bool isPlainId(const QString &id)
                (c.isLetterOrNumber() || c == QLatin1Char('-') || c == QLatin1Char('_'));
     });
 }
+QDomNode textNode(QDomDocument &document, const QString &text)
+{
+    // Reading drops text that is nothing but blanks, unless it is marked as meant.
+    if (!text.isEmpty() && text.trimmed().isEmpty())
+        return document.createCDATASection(text);
+    return document.createTextNode(text);
+}
 } // namespace
+
+QDomDocument toDocument(const XmlElements &elements)
+{
+    // A document without a name takes no children, and does not say so.
+    QDomDocument document(elements.first().tag);
+    QVector<QDomNode> path{document};
+    for (const XmlElement &element : elements) {
+        QDomElement node = document.createElement(element.tag);
+        for (const auto &[name, value] : element.attributes)
+            node.setAttribute(name, value);
+        if (element.hasText)
+            node.appendChild(textNode(document, element.text));
+        path.resize(element.depth + 1);
+        path.last().appendChild(node);
+        path.append(node);
+    }
+    return document;
+}
 
 PropertyXMLWriter::PropertyXMLWriter(const QString &baseFolder, DataFiles &dataFiles)
     : m_baseFolder(baseFolder)
@@ -44,13 +70,11 @@ PropertyXMLWriter::PropertyXMLWriter(const QString &baseFolder, DataFiles &dataF
 {
 }
 
-QDomDocument PropertyXMLWriter::write(Property &property)
+XmlElements PropertyXMLWriter::elementsOf(Property &property)
 {
-    // A document without a name takes no children, and does not say so.
-    m_document = QDomDocument(property.key());
-    m_current = m_document;
+    m_depth = 0;
     property.accept(*this);
-    return m_document;
+    return std::exchange(m_elements, {});
 }
 
 void PropertyXMLWriter::visit(GProject &project)
@@ -60,21 +84,22 @@ void PropertyXMLWriter::visit(GProject &project)
 
 void PropertyXMLWriter::visit(PropertyList &property)
 {
-    addChildren(addElement(property.key()), property.entries());
+    addElement(property.key());
+    addChildren(property.entries());
 }
 
 void PropertyXMLWriter::visit(PropertyReference &property)
 {
-    QDomElement element = addElement(property.key());
-    element.setAttribute(QStringLiteral("type"), property.presetType());
+    XmlElement &element = addElement(property.key());
+    element.attributes.append({QStringLiteral("type"), property.presetType()});
     if (!property.value())
         return;
     const auto &preset = *property.value();
     const bool isMember = dynamic_cast<const PropertyPresetCollection *>(preset.parent());
     if (isMember && !preset.name().value().isEmpty())
-        element.setAttribute(QStringLiteral("name"), preset.name().value());
+        element.attributes.append({QStringLiteral("name"), preset.name().value()});
     else
-        addChildren(element, preset.fields());
+        addChildren(preset.fields());
 }
 
 void PropertyXMLWriter::visit(PropertyPresetCollection &property)
@@ -89,48 +114,47 @@ void PropertyXMLWriter::visit(PropertyPreset &property)
 
 void PropertyXMLWriter::visit(PropertyStruct &property)
 {
-    addChildren(addElement(property.key()), property.fields());
+    addElement(property.key());
+    addChildren(property.fields());
 }
 
 void PropertyXMLWriter::visit(PropertyByteArray &property)
 {
-    const auto &file = property.dataFile();
     if (!isPlainId(property.dataFileId()))
         property.setDataFileId(QUuid::createUuid().toString(QUuid::WithoutBraces));
-    addElement(property.key()).setAttribute(QStringLiteral("datafile"), property.dataFileId());
-    // A data file that was missing stays missing, so that the next load tells of it again.
-    if (!file->damaged || !file->packed.isEmpty())
-        m_dataFiles.add(property.dataFileId(), file);
+    addElement(property.key())
+        .attributes.append({QStringLiteral("datafile"), property.dataFileId()});
+    m_dataFiles.add(property);
 }
 
 void PropertyXMLWriter::visit(PropertyRect &property)
 {
-    QDomElement element = addElement(property.key());
+    XmlElement &element = addElement(property.key());
     setPoint(element, property.value().topLeft());
-    element.setAttribute(QStringLiteral("width"), number(property.value().width()));
-    element.setAttribute(QStringLiteral("height"), number(property.value().height()));
+    element.attributes.append({QStringLiteral("width"), number(property.value().width())});
+    element.attributes.append({QStringLiteral("height"), number(property.value().height())});
 }
 
 void PropertyXMLWriter::visit(PropertyPolygon &property)
 {
-    QDomElement element = addElement(property.key());
-    for (const QPointF &point : property.value()) {
-        QDomElement vertex = m_document.createElement(QStringLiteral("point"));
-        setPoint(vertex, point);
-        element.appendChild(vertex);
-    }
+    addElement(property.key());
+    ++m_depth;
+    for (const QPointF &point : property.value())
+        setPoint(addElement(QStringLiteral("point")), point);
+    --m_depth;
 }
 
 void PropertyXMLWriter::visit(PropertyCircle &property)
 {
-    QDomElement element = addElement(property.key());
+    XmlElement &element = addElement(property.key());
     setPoint(element, property.value().center);
-    element.setAttribute(QStringLiteral("radius"), number(property.value().radius));
+    element.attributes.append({QStringLiteral("radius"), number(property.value().radius)});
 }
 
 void PropertyXMLWriter::visit(PropertyFilename &property)
 {
-    addText(property, property.value().relativeTo(m_baseFolder));
+    const GFileName &name = property.value();
+    addText(property, m_baseFolder.isEmpty() ? name.path() : name.relativeTo(m_baseFolder));
 }
 
 void PropertyXMLWriter::visit(PropertyEnum &property)
@@ -145,10 +169,10 @@ void PropertyXMLWriter::visit(PropertyColor &property)
 
 void PropertyXMLWriter::visit(PropertyVector3D &property)
 {
-    QDomElement element = addElement(property.key());
-    element.setAttribute(QStringLiteral("x"), shortNumber(property.value().x()));
-    element.setAttribute(QStringLiteral("y"), shortNumber(property.value().y()));
-    element.setAttribute(QStringLiteral("z"), shortNumber(property.value().z()));
+    XmlElement &element = addElement(property.key());
+    element.attributes.append({QStringLiteral("x"), shortNumber(property.value().x())});
+    element.attributes.append({QStringLiteral("y"), shortNumber(property.value().y())});
+    element.attributes.append({QStringLiteral("z"), shortNumber(property.value().z())});
 }
 
 void PropertyXMLWriter::visit(PropertyPointF &property)
@@ -181,27 +205,23 @@ void PropertyXMLWriter::visit(PropertyBool &property)
     addText(property, property.value() ? QStringLiteral("true") : QStringLiteral("false"));
 }
 
-QDomElement PropertyXMLWriter::addElement(const QString &tag)
+XmlElement &PropertyXMLWriter::addElement(const QString &tag)
 {
-    QDomElement element = m_document.createElement(tag);
-    m_current.appendChild(element);
-    return element;
+    m_elements.append({tag, {}, {}, m_depth, false});
+    return m_elements.last();
 }
 
 void PropertyXMLWriter::addText(const Property &property, const QString &text)
 {
-    // Reading drops text that is nothing but blanks, unless it is marked as meant.
-    const bool isBlank = !text.isEmpty() && text.trimmed().isEmpty();
-    addElement(property.key())
-        .appendChild(isBlank ? m_document.createCDATASection(text)
-                             : m_document.createTextNode(text));
+    XmlElement &element = addElement(property.key());
+    element.text = text;
+    element.hasText = true;
 }
 
-void PropertyXMLWriter::addChildren(const QDomElement &element,
-                                    const QVector<std::shared_ptr<Property>> &children)
+void PropertyXMLWriter::addChildren(const QVector<std::shared_ptr<Property>> &children)
 {
-    const QDomNode outer = std::exchange(m_current, element);
+    ++m_depth;
     for (const auto &child : children)
         child->accept(*this);
-    m_current = outer;
+    --m_depth;
 }

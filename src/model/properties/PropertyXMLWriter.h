@@ -3,7 +3,7 @@
 #include "model/properties/PropertyVisitor.h"
 
 #include <QDomDocument>
-#include <QDomElement>
+#include <QPair>
 #include <QString>
 #include <QVector>
 
@@ -11,16 +11,36 @@
 
 class DataFiles;
 
+/// An element of an XML text as a plain value.
+struct XmlElement
+{
+    QString tag;
+    QString text;
+    QVector<QPair<QString, QString>> attributes;
+    int depth = 0; ///< elements around it
+    bool hasText = false;
+
+    bool operator==(const XmlElement &) const = default;
+};
+
+/// The elements of one root, each before those inside it: made in little time, compared, and handed
+/// to other threads.
+using XmlElements = QVector<XmlElement>;
+
+/// The document of @p elements, named by its root.
+QDomDocument toDocument(const XmlElements &elements);
+
 /// Writes a property and all that it holds as XML: an element a property, named by its key.
 class PropertyXMLWriter final : public PropertyVisitor
 {
 public:
-    /// File names are written relative to @p baseFolder (canonical); byte arrays go to
-    /// @p dataFiles.
+    /// File names are written relative to @p baseFolder (canonical), as they stand when it is
+    /// empty; byte arrays go to @p dataFiles.
     PropertyXMLWriter(const QString &baseFolder, DataFiles &dataFiles);
 
     /// The document with @p property as its root.
-    QDomDocument write(Property &property);
+    QDomDocument write(Property &property) { return toDocument(elementsOf(property)); }
+    XmlElements elementsOf(Property &property);
 
     void visit(GProject &project) override;
     void visit(PropertyList &property) override;
@@ -44,13 +64,12 @@ public:
     void visit(PropertyBool &property) override;
 
 private:
-    QDomElement addElement(const QString &tag);
+    XmlElement &addElement(const QString &tag);
     void addText(const Property &property, const QString &text);
-    void addChildren(const QDomElement &element,
-                     const QVector<std::shared_ptr<Property>> &children);
+    void addChildren(const QVector<std::shared_ptr<Property>> &children);
 
     QString m_baseFolder;
     DataFiles &m_dataFiles;
-    QDomDocument m_document;
-    QDomNode m_current;
+    XmlElements m_elements;
+    int m_depth = 0;
 };

@@ -30,7 +30,7 @@ const QString brush = QStringLiteral("brush");
 class NoDataFiles : public DataFiles
 {
 public:
-    void add(const QString &, const std::shared_ptr<DataFile> &) override {}
+    void add(PropertyByteArray &) override {}
     std::shared_ptr<DataFile> find(const QString &) const override { return nullptr; }
     void unpack(const QVector<std::shared_ptr<DataFile>> &) const override {}
 };

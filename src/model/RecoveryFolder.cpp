@@ -1,0 +1,121 @@
+#include "model/RecoveryFolder.h"
+
+#include <QDir>
+#include <QFile>
+#include <QUuid>
+
+namespace {
+QString lockName()
+{
+    return QStringLiteral("lock");
+}
+
+QString indexName()
+{
+    return QStringLiteral("index");
+}
+
+QString dataSuffix()
+{
+    return QStringLiteral(".data");
+}
+
+QString newName()
+{
+    return QUuid::createUuid().toString(QUuid::WithoutBraces);
+}
+} // namespace
+
+RecoveryFolder::RecoveryFolder(const QString &path)
+    : m_path(path)
+    , m_lock(QDir(path).filePath(lockName()))
+{
+    // However long the program has been running, its folder is its own.
+    m_lock.setStaleLockTime(0);
+}
+
+std::unique_ptr<RecoveryFolder> RecoveryFolder::create(const QString &root)
+{
+    // A program that starts right now may take a new folder for one left behind, and remove it.
+    constexpr int attempts = 8;
+    for (int i = 0; i < attempts; ++i) {
+        const QString path = QDir(root).filePath(newName());
+        if (!QDir().mkpath(path))
+            return nullptr;
+        if (auto folder = take(path))
+            return folder;
+    }
+    return nullptr;
+}
+
+std::unique_ptr<RecoveryFolder> RecoveryFolder::take(const QString &path)
+{
+    std::unique_ptr<RecoveryFolder> folder(new RecoveryFolder(path));
+    if (!folder->m_lock.tryLock(0))
+        return nullptr;
+    return folder;
+}
+
+RecoveryFolder::~RecoveryFolder()
+{
+    if (!m_lock.isLocked())
+        return;
+    const bool isEmpty = !QFile::exists(indexPath());
+    if (isEmpty)
+        clear(m_path);
+    m_lock.unlock();
+    if (isEmpty)
+        QDir().rmdir(m_path);
+}
+
+QString RecoveryFolder::indexPath() const
+{
+    return filePath(indexName());
+}
+
+QString RecoveryFolder::filePath(const QString &name) const
+{
+    return QDir(m_path).filePath(name);
+}
+
+bool RecoveryFolder::hasMark(Mark mark) const
+{
+    return QFile::exists(markPath(mark));
+}
+
+bool RecoveryFolder::setMark(Mark mark, bool isSet)
+{
+    QFile file(markPath(mark));
+    return isSet ? file.open(QIODevice::WriteOnly) : !file.exists() || file.remove();
+}
+
+QString RecoveryFolder::markPath(Mark mark) const
+{
+    return filePath(mark == Mark::Shown ? QStringLiteral("shown") : QStringLiteral("tried"));
+}
+
+void RecoveryFolder::clear(const QString &path)
+{
+    QDir folder(path);
+    folder.remove(indexName());
+    const auto names = folder.entryList(QDir::Files | QDir::Hidden);
+    for (const QString &name : names) {
+        if (name != lockName())
+            folder.remove(name);
+    }
+}
+
+void RecoveryFolder::removeOthers(const QString &path, const QSet<QString> &names)
+{
+    QDir folder(path);
+    const auto present = folder.entryList({QLatin1Char('*') + dataSuffix()}, QDir::Files);
+    for (const QString &name : present) {
+        if (!names.contains(name))
+            folder.remove(name);
+    }
+}
+
+QString RecoveryFolder::newDataFileName()
+{
+    return newName() + dataSuffix();
+}

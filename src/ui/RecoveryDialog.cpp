@@ -1,0 +1,202 @@
+#include "ui/RecoveryDialog.h"
+
+#include "framework/UiScale.h"
+#include "model/RecoveryStore.h"
+#include "ui/SpriteDelegate.h"
+#include "ui/SpriteListModel.h"
+
+#include <QDialogButtonBox>
+#include <QDir>
+#include <QFileInfo>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QListWidget>
+#include <QLocale>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace {
+constexpr int pictureSide = 160;
+
+QString nameOf(const RecoveryEntry &entry)
+{
+    if (!entry.index)
+        return RecoveryDialog::tr("Unreadable snapshot");
+    const QString &path = entry.index->projectPath;
+    return path.isEmpty() ? RecoveryDialog::tr("Untitled") : QFileInfo(path).fileName();
+}
+
+QImage pictureOf(const RecoveryEntry &entry)
+{
+    const QString name = entry.index ? entry.index->thumbnail : QString();
+    return name.isEmpty() ? QImage() : QImage(entry.folder->filePath(name), "PNG");
+}
+
+bool wasTried(const RecoveryEntry &entry)
+{
+    return entry.folder->hasMark(RecoveryFolder::Mark::Tried);
+}
+
+QString placeOf(const RecoveryEntry &entry)
+{
+    if (!entry.index)
+        return RecoveryDialog::tr("It is kept in '%1'.").arg(entry.folder->path());
+    const QString &path = entry.index->projectPath;
+    return path.isEmpty() ? RecoveryDialog::tr("Never saved") : QDir::toNativeSeparators(path);
+}
+
+QStringList remarksOn(const RecoveryEntry &entry)
+{
+    QStringList remarks;
+    if (wasTried(entry))
+        remarks.append(RecoveryDialog::tr("The program ended while recovering it the last time."));
+    if (!entry.index || entry.index->projectPath.isEmpty())
+        return remarks;
+    const QFileInfo file(entry.index->projectPath);
+    if (!file.exists())
+        remarks.append(RecoveryDialog::tr("The project's file is not there any more."));
+    else if (file.lastModified() > entry.index->time)
+        remarks.append(RecoveryDialog::tr("The project's file was changed after that."));
+    return remarks;
+}
+} // namespace
+
+RecoveryDialog::RecoveryDialog(std::vector<RecoveryEntry> &entries, QWidget *parent)
+    : QDialog(parent)
+    , m_entries(entries)
+    , m_list(new QListWidget(this))
+    , m_picture(new QLabel(this))
+    , m_details(new QLabel(this))
+{
+    setWindowTitle(tr("Unsaved work"));
+    auto *text =
+        new QLabel(tr("The program did not end well. This is what it had kept of work that "
+                      "was not saved:"),
+                   this);
+    text->setWordWrap(true);
+    m_list->setItemDelegate(new SpriteDelegate(m_list));
+    m_list->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    m_list->setAccessibleName(tr("Unsaved work"));
+    m_picture->setFixedSize(scaled(pictureSide), scaled(pictureSide));
+    m_picture->setAlignment(Qt::AlignCenter);
+    m_details->setTextFormat(Qt::PlainText);
+    m_details->setWordWrap(true);
+    m_details->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    m_details->setMinimumWidth(scaled(pictureSide));
+
+    auto *buttons = new QDialogButtonBox(this);
+    m_recover = buttons->addButton(tr("Recover"), QDialogButtonBox::AcceptRole);
+    auto *remove = buttons->addButton(tr("Delete..."), QDialogButtonBox::DestructiveRole);
+    buttons->addButton(tr("Later"), QDialogButtonBox::RejectRole);
+    connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
+    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    connect(remove, &QPushButton::clicked, this, &RecoveryDialog::deleteCurrent);
+
+    auto *side = new QVBoxLayout;
+    side->addWidget(m_picture);
+    side->addWidget(m_details, 1);
+    auto *middle = new QHBoxLayout;
+    middle->setSpacing(scaled(12));
+    middle->addWidget(m_list, 1);
+    middle->addLayout(side);
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(scaled(12), scaled(12), scaled(12), scaled(12));
+    layout->setSpacing(scaled(8));
+    layout->addWidget(text);
+    layout->addLayout(middle, 1);
+    layout->addWidget(buttons);
+    for (const RecoveryEntry &entry : entries)
+        addRow(entry);
+    connect(m_list, &QListWidget::currentRowChanged, this, &RecoveryDialog::showCurrent);
+    m_list->setCurrentRow(0);
+    resize(scaled(560), scaled(360));
+}
+
+void RecoveryDialog::addRow(const RecoveryEntry &entry)
+{
+    auto *row = new QListWidgetItem(nameOf(entry), m_list);
+    row->setData(SpriteListModel::imageRole, pictureOf(entry));
+    row->setData(SpriteListModel::detailRole,
+                 entry.index ? age(entry.index->time, QDateTime::currentDateTimeUtc())
+                             : tr("Can't be read"));
+    if (!entry.index || wasTried(entry))
+        row->setData(SpriteListModel::statusIconRole,
+                     QStringLiteral(":/qrv_tools/icons/Icons_SpriteMissing.svg"));
+}
+
+RecoveryEntry *RecoveryDialog::choose()
+{
+    if (m_entries.empty() || exec() != Accepted)
+        return nullptr;
+    return &m_entries[std::size_t(m_list->currentRow())];
+}
+
+// What was seen may go after some days.
+void RecoveryDialog::showEvent(QShowEvent *event)
+{
+    QDialog::showEvent(event);
+    for (const RecoveryEntry &entry : m_entries)
+        entry.folder->setMark(RecoveryFolder::Mark::Shown);
+}
+
+void RecoveryDialog::showCurrent()
+{
+    const int row = m_list->currentRow();
+    if (row < 0)
+        return;
+    const RecoveryEntry &entry = m_entries[std::size_t(row)];
+    QPixmap picture = QPixmap::fromImage(pictureOf(entry));
+    if (!picture.isNull())
+        picture = picture.scaled(m_picture->size(), Qt::KeepAspectRatio, Qt::SmoothTransformation);
+    m_picture->setPixmap(picture);
+    QStringList lines{placeOf(entry)};
+    if (entry.index)
+        lines.prepend(QLocale().toString(entry.index->time.toLocalTime(), QLocale::ShortFormat));
+    m_details->setText((lines + remarksOn(entry)).join(QStringLiteral("\n\n")));
+    m_recover->setEnabled(entry.index.has_value());
+    // What has ended a program once is tried again by a click only.
+    const bool isSafe = entry.index && !wasTried(entry);
+    m_recover->setDefault(isSafe);
+    m_recover->setAutoDefault(isSafe);
+}
+
+void RecoveryDialog::deleteCurrent()
+{
+    const int row = m_list->currentRow();
+    QMessageBox box(QMessageBox::Warning,
+                    tr("Delete?"),
+                    tr("Delete what was kept of %1?")
+                        .arg(QStringLiteral("\u201c%1\u201d").arg(m_list->item(row)->text())),
+                    QMessageBox::Cancel,
+                    this);
+    box.setInformativeText(tr("It can't be recovered then."));
+    const QPushButton *deleting = box.addButton(tr("Delete"), QMessageBox::AcceptRole);
+    box.setDefaultButton(QMessageBox::Cancel);
+    box.exec();
+    if (box.clickedButton() != deleting)
+        return;
+    RecoveryFolder::clear(m_entries[std::size_t(row)].folder->path());
+    m_entries.erase(m_entries.begin() + row);
+    delete m_list->takeItem(row);
+    if (m_entries.empty())
+        reject();
+    else
+        showCurrent();
+}
+
+QString RecoveryDialog::age(const QDateTime &time, const QDateTime &now)
+{
+    const qint64 minutes = time.secsTo(now) / 60;
+    const qint64 hours = minutes / 60;
+    const qint64 days = hours / 24;
+    if (minutes < 2)
+        return tr("a minute ago");
+    if (hours < 1)
+        return tr("%1 minutes ago").arg(minutes);
+    if (hours < 2)
+        return tr("an hour ago");
+    if (days < 1)
+        return tr("%1 hours ago").arg(hours);
+    return days < 2 ? tr("a day ago") : tr("%1 days ago").arg(days);
+}

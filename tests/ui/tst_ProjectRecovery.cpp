@@ -1,0 +1,403 @@
+#include "imaging/AngleImage.h"
+#include "model/Body.h"
+#include "model/DataModelWriter.h"
+#include "model/Project.h"
+#include "model/PropertyAngleImage.h"
+#include "model/RecoveryStore.h"
+#include "model/properties/PropertyT.h"
+#include "support/DialogScript.h"
+#include "support/Documents.h"
+#include "support/EditorUser.h"
+#include "support/Snapshots.h"
+#include "support/Widgets.h"
+#include "support/WindowTest.h"
+#include "ui/MainWindow.h"
+#include "ui/NormalMapEditor.h"
+#include "ui/ProjectRecovery.h"
+
+#include <QAbstractButton>
+#include <QDir>
+#include <QLabel>
+#include <QMessageBox>
+#include <QProcess>
+#include <QRandomGenerator>
+
+#include <csignal>
+#include <cstdio>
+
+namespace {
+QDateTime now()
+{
+    return QDateTime::currentDateTimeUtc();
+}
+
+int countFrom(const char *variable, int usual)
+{
+    return qEnvironmentVariableIsSet(variable) ? qEnvironmentVariableIntValue(variable) : usual;
+}
+
+GApplication &application()
+{
+    return *static_cast<GApplication *>(qApp);
+}
+
+void say(const char *what, const QByteArray &fingerprint)
+{
+    std::printf("%s %s\n", what, fingerprint.constData());
+    std::fflush(stdout);
+}
+
+// Paints by mouse and keeps snapshots until it is killed, telling of each.
+int paintUntilKilled(const QStringList &arguments)
+{
+    MainWindow window(application());
+    window.openOrAdd(arguments.mid(3));
+    showActive(window);
+    window.findChild<NormalMapEditor *>()->zoomToFit();
+    const EditorUser user(window);
+    QRandomGenerator random(arguments.value(2).toUInt());
+    QByteArray taken;
+    QObject::connect(
+        &window.recovery().writer(), &RecoveryWriter::written, [&taken] { say("written", taken); });
+    user.key(Qt::Key_B);
+    while (true) {
+        const auto place = [&random] { return QPoint(random.bounded(250), random.bounded(250)); };
+        user.press(place());
+        for (int i = random.bounded(4); i >= 0; --i) {
+            user.moveTo(place());
+            // Of an open stroke nothing is kept.
+            if (!window.recovery().writer().isBusy()) {
+                taken = fingerprintOf(window.project());
+                say("taken", taken);
+                window.recovery().takeSnapshot();
+            }
+            QTest::qWait(random.bounded(20));
+        }
+        user.release(place());
+    }
+}
+
+// What was told, line by line, until the program was killed.
+struct Told
+{
+    QList<QByteArray> acceptable; ///< the last written one and those that were taken since
+    bool hasWritten = false;
+
+    void hear(const QByteArray &line)
+    {
+        const QByteArray fingerprint = line.mid(line.indexOf(' ') + 1).trimmed();
+        if (line.startsWith("written")) {
+            acceptable = {fingerprint};
+            hasWritten = true;
+        } else if (line.startsWith("taken")) {
+            acceptable.append(fingerprint);
+        }
+    }
+};
+
+/// Presses buttons of the questions that come up, and what else may come, at random.
+class Interference : public QObject
+{
+public:
+    Interference(MainWindow &window, const QString &otherPath, quint32 seed)
+        : m_window(window)
+        , m_otherPath(otherPath)
+        , m_random(seed)
+    {
+        // One that opens a question does not come again before the answer.
+        connect(&m_acting, &QTimer::timeout, this, &Interference::act);
+        connect(&m_answering, &QTimer::timeout, this, &Interference::answer);
+        m_acting.start(25);
+        m_answering.start(5);
+    }
+
+    bool hasDiscarded() const { return m_hasDiscarded; }
+    bool hasReplaced() const { return m_hasReplaced; }
+    const QByteArray &replaced() const { return m_replaced; }
+
+    void edit()
+    {
+        Body &body = *m_window.project().bodies().all()[m_random.bounded(4)];
+        AngleImage surface = body.surface();
+        surface.row(m_random.bounded(surface.height()))[0].sx = qint16(m_random.generate());
+        body.paintedNormalMap().setAngleImage(surface, "paint"_s);
+    }
+
+    // As the desktop, the timer, and what works in the background do.
+    void doSomething()
+    {
+        if (!m_window.isVisible() || m_hasReplaced)
+            return;
+        const QByteArray before = fingerprintOf(m_window.project());
+        const Project *project = &m_window.project();
+        switch (m_random.bounded(8)) {
+        case 0:
+            m_window.close();
+            break;
+        case 1:
+            QApplication::closeAllWindows();
+            break;
+        case 2:
+            m_window.openPath(m_otherPath);
+            break;
+        case 3:
+        case 4:
+            m_window.save();
+            break;
+        case 5:
+        case 6:
+            m_window.recovery().takeSnapshot();
+            break;
+        default:
+            edit();
+        }
+        if (&m_window.project() != project && !m_hasReplaced) {
+            m_hasReplaced = true;
+            m_replaced = before;
+        }
+    }
+
+private:
+    void act()
+    {
+        if (!qobject_cast<QMessageBox *>(QApplication::activeModalWidget()) &&
+            m_random.bounded(3) == 0)
+            doSomething();
+    }
+
+    void answer()
+    {
+        auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+        if (!box)
+            return;
+        const QMessageBox::StandardButton answers[] = {
+            QMessageBox::Save, QMessageBox::Save, QMessageBox::Cancel, QMessageBox::Discard};
+        const auto answer = answers[m_random.bounded(4)];
+        m_hasDiscarded = m_hasDiscarded || answer == QMessageBox::Discard;
+        box->button(answer)->click();
+    }
+
+    MainWindow &m_window;
+    QString m_otherPath;
+    QRandomGenerator m_random;
+    QTimer m_acting;
+    QTimer m_answering;
+    QByteArray m_replaced;
+    bool m_hasDiscarded = false;
+    bool m_hasReplaced = false;
+};
+} // namespace
+
+class TestProjectRecovery : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init()
+    {
+        m_folder = Folder();
+        qputenv("XDG_DATA_HOME", QFile::encodeName(m_folder.path("data"_s)));
+        qputenv("XDG_CONFIG_HOME", QFile::encodeName(m_folder.path("config"_s)));
+        application().settings().clear();
+    }
+
+    // Killed at any moment, the program leaves the last snapshot that was complete, or one that it
+    // was just completing.
+    void aKillLeavesTheLastSnapshot()
+    {
+        QStringList arguments{"paint"_s, {}};
+        for (const char *name : {"a.png", "b.png", "c.png"})
+            arguments.append(m_folder.writeSprite(QLatin1String(name), {256, 256}));
+        int found = 0;
+        const int kills = countFrom("RECOVERY_KILLS", 3);
+        for (int kill = 0; kill < kills; ++kill) {
+            arguments[1] = QString::number(kill);
+            const Told told = killAtRandom(arguments, quint32(kill));
+            auto entries = RecoveryStore(ProjectRecovery::root()).takeLeftOvers(now());
+            QVERIFY(entries.size() <= 1 && (!entries.empty() || !told.hasWritten));
+            if (entries.empty())
+                continue;
+            const QByteArray recovered = fingerprintOf(entries[0]);
+            QVERIFY2(told.acceptable.contains(recovered), recovered.constData());
+            RecoveryFolder::clear(entries[0].folder->path());
+            ++found;
+        }
+        qInfo("%d kills, %d snapshots, all as they were", kills, found);
+        QVERIFY(found > 0);
+    }
+
+    // Whatever comes while the project is saved or kept: its last state is in its file, in a
+    // snapshot, or was given up by the user.
+    void nothingIsLostByInterference()
+    {
+        const int rounds = countFrom("RECOVERY_ROUNDS", 4);
+        int counts[4] = {};
+        for (int round = 0; round < rounds; ++round) {
+            const QString path = m_folder.path("p.vep"_s);
+            writeProject(path, 4, 640);
+            writeProject(m_folder.path("other.vep"_s), 1, 16);
+            auto window = std::make_unique<MainWindow>(application());
+            window->show();
+            QVERIFY(window->openPath(path));
+            Interference others(*window, m_folder.path("other.vep"_s), quint32(round));
+            others.edit();
+            for (int step = 0; step < 4; ++step) {
+                others.doSomething();
+                QTest::qWait(20);
+            }
+            QTRY_VERIFY_WITH_TIMEOUT(!QApplication::activeModalWidget(), 60000);
+            QCoreApplication::processEvents();
+            const auto outcome = outcomeOf(window, others, path);
+            QVERIFY2(outcome >= 0, QByteArray::number(round));
+            ++counts[outcome];
+        }
+        qInfo("%d rounds: %d saved, %d recoverable, %d given up",
+              rounds,
+              counts[0],
+              counts[1],
+              counts[2]);
+    }
+
+    void whatIsRecoveredIsModifiedAndStaysUntilSaved()
+    {
+        const QString path = m_folder.path("p.vep"_s);
+        writeProject(path, 2, 40);
+        const QByteArray saved = contentOf(path);
+        const QByteArray kept = leaveSnapshot(path);
+        QVERIFY(!kept.isEmpty() && kept != fingerprintOf(path));
+
+        // One that can't be read stays beside it; left for later, then recovered.
+        m_folder.write("data/Vesperine/Vesperine/recovery/broken/index"_s, "?");
+        auto window = std::make_unique<MainWindow>(application());
+        showActive(*window);
+        DialogScript script;
+        script.then(DialogScript::click("Later"_s));
+        window->recovery().offer();
+        script.then(DialogScript::click("Recover"_s));
+        window->recovery().offer();
+        QVERIFY(script.isDone());
+        QCOMPARE(fingerprintOf(window->project()), kept);
+        QVERIFY(window->isWindowModified());
+        QVERIFY(window->windowTitle().startsWith("p.vep"_s));
+        QCOMPARE(contentOf(path), saved);
+
+        // A second end of that kind loses nothing either.
+        window.reset();
+        window = std::make_unique<MainWindow>(application());
+        showActive(*window);
+        script.then([](QWidget &dialog) {
+            const auto texts = dialog.findChildren<QLabel *>();
+            QVERIFY(std::any_of(texts.begin(), texts.end(), [](const QLabel *label) {
+                return label->text().contains("ended while recovering"_s);
+            }));
+            DialogScript::click("Recover"_s)(dialog);
+        });
+        window->recovery().offer();
+        QCOMPARE(fingerprintOf(window->project()), kept);
+        QVERIFY(window->save());
+        QTRY_VERIFY(!window->recovery().writer().isBusy());
+        window.reset();
+        QCOMPARE(fingerprintOf(path), kept);
+        const auto rest = RecoveryStore(ProjectRecovery::root()).takeLeftOvers(now());
+        QVERIFY(rest.size() == 1 && !rest[0].index);
+        QVERIFY(script.isDone());
+    }
+
+private:
+    void writeProject(const QString &path, int bodies, int side) const;
+    QByteArray leaveSnapshot(const QString &path) const;
+    static Told killAtRandom(const QStringList &arguments, quint32 seed);
+    static int
+    outcomeOf(std::unique_ptr<MainWindow> &window, const Interference &others, const QString &path);
+
+    Folder m_folder;
+};
+
+// Of noise, which takes long to pack.
+void TestProjectRecovery::writeProject(const QString &path, int bodies, int side) const
+{
+    Project project;
+    for (int i = 0; i < bodies; ++i) {
+        const QString name = QString::number(side) + QLatin1Char('-') + QString::number(i);
+        Body &body = addBody(project, name, m_folder.writeSprite(name + ".png"_s, {side, side}));
+        body.paintedNormalMap().setValue(encode(noise(side, quint32(i))));
+    }
+    project.filename().setValue(GFileName(path));
+    DataModelWriter(project).write();
+}
+
+// What a program that works on the project of @p path leaves when it ends without being closed.
+QByteArray TestProjectRecovery::leaveSnapshot(const QString &path) const
+{
+    MainWindow window(application());
+    if (!window.openPath(path))
+        return {};
+    Body &body = *window.project().bodies().all().first();
+    body.paintedNormalMap().setAngleImage(noise(40, 77), "paint"_s);
+    const QByteArray kept = fingerprintOf(window.project());
+    window.recovery().takeSnapshot();
+    const auto &writer = window.recovery().writer();
+    return QTest::qWaitFor([&writer] { return !writer.isBusy(); }) ? kept : QByteArray();
+}
+
+Told TestProjectRecovery::killAtRandom(const QStringList &arguments, quint32 seed)
+{
+    Told told;
+    QRandomGenerator random(seed);
+    QProcess program;
+    program.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    program.start(QCoreApplication::applicationFilePath(), arguments);
+    int lines = 2 + random.bounded(20);
+    while (lines > 0 && program.waitForReadyRead(30000)) {
+        for (; program.canReadLine(); --lines)
+            told.hear(program.readLine());
+    }
+    QTest::qSleep(random.bounded(1, 40));
+    kill(pid_t(program.processId()), SIGKILL);
+    program.waitForFinished();
+    while (program.canReadLine())
+        told.hear(program.readLine());
+    return told;
+}
+
+// 0 saved, 1 to be recovered, 2 given up, -1 lost.
+int TestProjectRecovery::outcomeOf(std::unique_ptr<MainWindow> &window,
+                                   const Interference &others,
+                                   const QString &path)
+{
+    const auto &writer = window->recovery().writer();
+    const QByteArray last =
+        others.hasReplaced() ? others.replaced() : fingerprintOf(window->project());
+    const bool isOpen = window->isVisible() && !others.hasReplaced();
+    const bool isModified = isOpen && window->isWindowModified();
+    const auto rests = [&writer] { return !writer.isBusy(); };
+    if (isModified && QTest::qWaitFor(rests))
+        window->recovery().takeSnapshot();
+    if (isModified && !QTest::qWaitFor(rests))
+        return -1;
+    window.reset();
+    const auto entries = RecoveryStore(ProjectRecovery::root()).takeLeftOvers(now());
+    const bool isKept = entries.size() == 1 && fingerprintOf(entries[0]) == last;
+    if (!entries.empty())
+        RecoveryFolder::clear(entries[0].folder->path());
+    if (isModified)
+        return isKept ? 1 : -1;
+    if (!entries.empty())
+        return -1;
+    if (fingerprintOf(path) == last)
+        return 0;
+    return others.hasDiscarded() && !isOpen ? 2 : -1;
+}
+
+int main(int argc, char **argv)
+{
+    if (argc > 1 && qstrcmp(argv[1], "paint") == 0) {
+        initialiseResources();
+        GApplication::prepare();
+        const GApplication program(argc, argv);
+        return paintUntilKilled(QCoreApplication::arguments());
+    }
+    return runWindowTest<TestProjectRecovery>(argc, argv);
+}
+
+#include "tst_ProjectRecovery.moc"
