@@ -25,8 +25,8 @@ QImage fitted(const QImage &image, const QSize &cell)
 // One picture alone, or two in a row, each in the middle of its cell.
 QImage arranged(const QVector<QImage> &pictures, int side)
 {
-    const int columns = std::min(pictures.size(), 2);
-    const int rows = (pictures.size() + 1) / 2;
+    const int columns = std::min(int(pictures.size()), 2);
+    const int rows = (int(pictures.size()) + 1) / 2;
     const int gap = side / 32;
     const QSize cell((side - gap * (columns - 1)) / columns, (side - gap * (rows - 1)) / rows);
     QImage result(side, side, QImage::Format_ARGB32_Premultiplied);
