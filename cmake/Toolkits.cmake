@@ -2,7 +2,7 @@
 
 set(VESPERINE_QT 5 CACHE STRING "Major version of Qt: 5, which users get, or 6")
 set_property(CACHE VESPERINE_QT PROPERTY STRINGS 5 6)
-set(qt_modules Core Gui Widgets Xml Concurrent Network Svg)
+set(qt_modules Core Gui Widgets Xml Concurrent Network Svg LinguistTools)
 if(VESPERINE_BUILD_TESTS)
     list(APPEND qt_modules Test)
 endif()
@@ -23,6 +23,11 @@ if(NOT TARGET Qt::OpenGLWidgets)
     add_library(Qt::OpenGL ALIAS Qt5::Gui)
     add_library(Qt::OpenGLWidgets ALIAS Qt5::Widgets)
 endif()
+foreach(program rcc lrelease lupdate)
+    if(TARGET Qt5::${program} AND NOT TARGET Qt::${program})
+        add_executable(Qt::${program} ALIAS Qt5::${program})
+    endif()
+endforeach()
 
 # The two small OpenCV packages ship no CMake configuration of their own.
 find_path(OPENCV_INCLUDE_DIR opencv2/core.hpp PATH_SUFFIXES opencv4 REQUIRED)

@@ -1,7 +1,7 @@
 # Sourced by ./run, ./test and ./bench: installs what is missing.
 
 vesperine_build_packages=(cmake ninja-build g++ ccache qtbase5-dev qtbase5-private-dev
-    libqt5svg5-dev libxcb1-dev libgl1-mesa-dri
+    libqt5svg5-dev qttools5-dev qttools5-dev-tools libxcb1-dev libgl1-mesa-dri
     libopencv-core-dev libopencv-imgproc-dev libcli11-dev zlib1g-dev)
 vesperine_test_packages=("${vesperine_build_packages[@]}" python3 git clang-format-14 clang-tidy-14
     librapidcheck-dev xvfb xauth openssl dpkg-dev man-db desktop-file-utils appstream

@@ -12,5 +12,6 @@ void initialiseResources()
     Q_INIT_RESOURCE(patterns);
     Q_INIT_RESOURCE(shaders);
     Q_INIT_RESOURCE(startscreen);
+    Q_INIT_RESOURCE(translations);
     Q_INIT_RESOURCE(view);
 }

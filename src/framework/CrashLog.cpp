@@ -20,10 +20,10 @@ namespace {
 
 constexpr qint64 longest = 1 << 20; // bytes of a report that are read
 
-QString tr(const char *text)
+struct Words
 {
-    return QCoreApplication::translate("CrashLog", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(CrashLog)
+};
 
 QString dataFolder()
 {
@@ -126,12 +126,12 @@ QString CrashLog::explain(const Report &report)
         return report.text.contains(QLatin1String(signal));
     };
     if (tells(" SIGSEGV") || tells(" SIGBUS"))
-        return tr("It used memory that it does not own.");
+        return Words::tr("It used memory that it does not own.");
     if (tells(" SIGABRT"))
-        return tr("It stopped itself because something was not as it must be.");
+        return Words::tr("It stopped itself because something was not as it must be.");
     if (tells(" SIGFPE"))
-        return tr("It came to a calculation that has no result.");
+        return Words::tr("It came to a calculation that has no result.");
     if (tells(" SIGILL"))
-        return tr("It came to an instruction that this processor does not know.");
+        return Words::tr("It came to an instruction that this processor does not know.");
     return {};
 }

@@ -2,6 +2,7 @@
 
 #include "base/ApplicationName.h"
 #include "base/GSettings.h"
+#include "framework/Language.h"
 #include "framework/MissingDisplay.h"
 
 #include <QFileOpenEvent>
@@ -47,6 +48,7 @@ QString GApplication::missingDisplay(int argc, const char *const *argv)
 GApplication::GApplication(int &argc, char **argv)
     : QApplication(argc, argv)
     , m_settings(std::make_unique<GSettings>(std::make_unique<QSettings>()))
+    , m_language(std::make_unique<Language>(*m_settings))
 {
     applyTheme(theme());
 }

@@ -7,8 +7,9 @@
 #include <memory>
 
 class GSettings;
+class Language;
 
-/// The generic application: settings, theme, and the files that the desktop wants opened.
+/// The generic application: settings, language, theme, and the files that the desktop wants opened.
 class GApplication : public QApplication
 {
     Q_OBJECT
@@ -41,4 +42,5 @@ private:
     void followDesktop();
 
     std::unique_ptr<GSettings> m_settings;
+    std::unique_ptr<Language> m_language;
 };

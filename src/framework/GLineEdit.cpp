@@ -31,6 +31,7 @@ void GLineEdit::setMixed(bool isMixed)
 void GLineEdit::setEmptyText(const QString &text)
 {
     m_emptyText = text;
+    setMinimumWidth(fontMetrics().horizontalAdvance(text) + scaled(16));
     setPlaceholderText(m_isMixed ? mixedText() : m_emptyText);
 }
 

@@ -58,7 +58,7 @@ GAction *createAction(GMainWindow *window,
 
 QString quoted(const QString &name)
 {
-    return QStringLiteral("\u201c%1\u201d").arg(name);
+    return GMainWindow::tr("“%1”").arg(name);
 }
 
 } // namespace

@@ -7,10 +7,10 @@
 
 namespace {
 
-QString tr(const char *text)
+struct Words
 {
-    return QCoreApplication::translate("ReservedKeys", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(ReservedKeys)
+};
 
 struct Reserved
 {
@@ -67,11 +67,12 @@ QString reservedFor(const QKeySequence &keys)
         const QString shifted = QStringLiteral("Shift+") + plain;
         const QString text = keys.toString(QKeySequence::PortableText);
         if (text == plain || text == shifted)
-            return tr(each.use).arg(name);
+            return Words::tr(each.use).arg(name);
     }
     const bool edits = std::any_of(
         std::begin(editing), std::end(editing), [&keys](QKeySequence::StandardKey standard) {
             return QKeySequence::keyBindings(standard).contains(keys);
         });
-    return edits ? tr("%1 belongs to the fields in which text is edited.").arg(name) : QString();
+    return edits ? Words::tr("%1 belongs to the fields in which text is edited.").arg(name)
+                 : QString();
 }

@@ -19,7 +19,7 @@ namespace {
 QString describe(const QScreen &screen)
 {
     const QSize size = screen.size();
-    return QStringLiteral("%1, %2 x %3, %4 dpi, ratio %5")
+    return SystemInformationDialog::tr("%1, %2 x %3, %4 dpi, ratio %5")
         .arg(screen.name())
         .arg(size.width())
         .arg(size.height())
@@ -38,17 +38,17 @@ QString systemSummary()
     };
     add(QGuiApplication::applicationDisplayName(), QCoreApplication::applicationVersion());
     add(QStringLiteral("Qt"),
-        QStringLiteral("%1 (built with %2), %3")
+        SystemInformationDialog::tr("%1 (built with %2), %3")
             .arg(QLatin1String(qVersion()), QStringLiteral(QT_VERSION_STR), QSysInfo::buildAbi()));
-    add(QStringLiteral("System"),
-        QStringLiteral("%1, kernel %2")
+    add(SystemInformationDialog::tr("System"),
+        SystemInformationDialog::tr("%1, kernel %2")
             .arg(QSysInfo::prettyProductName(), QSysInfo::kernelVersion()));
-    add(QStringLiteral("Desktop"), qEnvironmentVariable("XDG_CURRENT_DESKTOP"));
-    add(QStringLiteral("Platform"), QGuiApplication::platformName());
+    add(SystemInformationDialog::tr("Desktop"), qEnvironmentVariable("XDG_CURRENT_DESKTOP"));
+    add(SystemInformationDialog::tr("Platform"), QGuiApplication::platformName());
     for (const QScreen *screen : QGuiApplication::screens())
-        add(QStringLiteral("Screen"), describe(*screen));
-    add(QStringLiteral("Scale factor"), QString::number(uiScaleFactor()));
-    add(QStringLiteral("Settings"), QDir::toNativeSeparators(QSettings().fileName()));
+        add(SystemInformationDialog::tr("Screen"), describe(*screen));
+    add(SystemInformationDialog::tr("Scale factor"), QString::number(uiScaleFactor()));
+    add(SystemInformationDialog::tr("Settings"), QDir::toNativeSeparators(QSettings().fileName()));
     return lines.join(QLatin1Char('\n')) + QLatin1Char('\n');
 }
 

@@ -2,6 +2,7 @@
 
 #include <QBuffer>
 #include <QColorSpace>
+#include <QCoreApplication>
 #include <QCryptographicHash>
 #include <QDateTime>
 #include <QFile>
@@ -71,8 +72,8 @@ bool endsAsJpeg(const QByteArray &content)
 // Some file systems count in steps of two seconds.
 FileStamp settledStampOf(const QString &path)
 {
-    constexpr qint64 coarsest = 2'000'000'000;
-    constexpr qint64 millisecond = 1'000'000;
+    constexpr qint64 coarsest = 2000000000;
+    constexpr qint64 millisecond = 1000000;
     const FileStamp stamp = stampOf(path);
     const qint64 now = QDateTime::currentMSecsSinceEpoch() * millisecond;
     const bool isFresh = stamp.modified > now - coarsest;
@@ -83,11 +84,11 @@ QImage decode(const QByteArray &content, QString *problem)
 {
     const QByteArray format = formatOf(content);
     if (format.isEmpty()) {
-        *problem = QStringLiteral("neither PNG nor JPEG");
+        *problem = QLatin1String(QT_TRANSLATE_NOOP("ReadImage", "neither PNG nor JPEG"));
         return {};
     }
     if (!(format == "png" ? endsAsPng(content) : endsAsJpeg(content))) {
-        *problem = QStringLiteral("the file ends early");
+        *problem = QLatin1String(QT_TRANSLATE_NOOP("ReadImage", "the file ends early"));
         return {};
     }
     QBuffer buffer;
@@ -99,7 +100,7 @@ QImage decode(const QByteArray &content, QString *problem)
 
     const QSize size = reader.size();
     if (size.isEmpty()) {
-        *problem = QStringLiteral("no size in the header");
+        *problem = QLatin1String(QT_TRANSLATE_NOOP("ReadImage", "no size in the header"));
         return {};
     }
     // Never less than what it becomes in the end; 16 bits a channel take twice as much at first.
@@ -107,12 +108,13 @@ QImage decode(const QByteArray &content, QString *problem)
         std::max(4, QImage::toPixelFormat(reader.imageFormat()).bitsPerPixel() / 8);
     if (std::max(size.width(), size.height()) > longestSide ||
         qint64(size.width()) * size.height() * bytesPerPixel > mostBytes) {
-        *problem = QStringLiteral("too large");
+        *problem = QLatin1String(QT_TRANSLATE_NOOP("ReadImage", "too large"));
         return {};
     }
     QImage image = reader.read();
     if (image.isNull() || image.size() != size) {
-        *problem = image.isNull() ? reader.errorString() : QStringLiteral("wrong size");
+        *problem = image.isNull() ? reader.errorString()
+                                  : QLatin1String(QT_TRANSLATE_NOOP("ReadImage", "wrong size"));
         return {};
     }
     image.setColorSpace({});
@@ -121,13 +123,19 @@ QImage decode(const QByteArray &content, QString *problem)
 
 } // namespace
 
+// What the toolkit says of a file stays as it is.
+QString ReadImage::shownProblem() const
+{
+    return QCoreApplication::translate("ReadImage", qUtf8Printable(problem));
+}
+
 ReadImage readImageFile(const QString &path)
 {
     ReadImage result;
     result.stamp = settledStampOf(path);
     // Anything else, a pipe above all, could keep the program waiting for ever.
     if (!QFileInfo(path).isFile()) {
-        result.problem = QStringLiteral("not a file");
+        result.problem = QLatin1String(QT_TRANSLATE_NOOP("ReadImage", "not a file"));
         return result;
     }
     QFile file(path);
@@ -137,12 +145,12 @@ ReadImage readImageFile(const QString &path)
     }
     const qint64 size = file.size();
     if (size > largestFile) {
-        result.problem = QStringLiteral("file too large");
+        result.problem = QLatin1String(QT_TRANSLATE_NOOP("ReadImage", "file too large"));
         return result;
     }
     const QByteArray content = file.read(size);
     if (content.size() != size) {
-        result.problem = QStringLiteral("the file can't be read");
+        result.problem = QLatin1String(QT_TRANSLATE_NOOP("ReadImage", "the file can't be read"));
         return result;
     }
     result.opened = true;

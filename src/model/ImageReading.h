@@ -16,6 +16,9 @@ struct ReadImage
     /// From before the content was read. None that any file has when it was so fresh that another
     /// content could come under the same stamp.
     FileStamp stamp;
+
+    /// The problem in the user's language.
+    QString shownProblem() const;
 };
 
 /// Reads a PNG or JPEG file, told by its content and not by its name. Only regular files of at most

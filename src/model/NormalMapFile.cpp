@@ -14,10 +14,10 @@
 #include <QImageWriter>
 
 namespace {
-QString tr(const char *text)
+struct Words
 {
-    return QCoreApplication::translate("NormalMapExport", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(NormalMapExport)
+};
 
 // In the PNG's text, which picture editors keep or drop but never make up.
 QString markKey()
@@ -37,7 +37,7 @@ QString writeMap(const QString &path, const EncodedNormalMap &map)
         return map.failure;
     const QString folder = QFileInfo(path).path();
     if (!QDir().mkpath(folder))
-        return tr(QT_TRANSLATE_NOOP("NormalMapExport", "Cannot create directory '%1'")).arg(folder);
+        return Words::tr("Cannot create directory '%1'").arg(folder);
     SaveDevice device(path, SaveDevice::Sync::Later);
     const bool done = !map.png.isEmpty() && device.open(QIODevice::WriteOnly) &&
                       device.write(map.png) == map.png.size() && device.commit();
@@ -101,7 +101,7 @@ NormalMapResult writeNormalMaps(const NormalMapFiles &files)
 
 QString normalMapFailure(const QString &path)
 {
-    return tr(QT_TRANSLATE_NOOP("NormalMapExport", "Failed to save normal map '%1'")).arg(path);
+    return Words::tr("Failed to save normal map '%1'").arg(path);
 }
 
 void refuseClashes(const QStringList &paths, QSet<QString> taken)

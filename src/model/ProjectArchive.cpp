@@ -1,6 +1,7 @@
 #include "model/ProjectArchive.h"
 
 #include <QBuffer>
+#include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
 #include <QtEndian>
@@ -186,7 +187,7 @@ ProjectArchiveWriter::~ProjectArchiveWriter() = default;
 
 bool ProjectArchiveWriter::refuse(const char *reason)
 {
-    m_reason = QLatin1String(reason);
+    m_reason = QCoreApplication::translate("ProjectArchive", reason);
     return false;
 }
 
@@ -201,16 +202,17 @@ bool ProjectArchiveWriter::reserve(const QString &name, bool isDirectory, qint64
     const QByteArray stored = name.toUtf8();
     if (name.endsWith(QLatin1Char('/')) != isDirectory || soundEntryName(stored) != name ||
         stored.size() > longestName)
-        return refuse("the name of an entry can't be stored");
+        return refuse(QT_TRANSLATE_NOOP("ProjectArchive", "the name of an entry can't be stored"));
     const QString plain = isDirectory ? name.chopped(1) : name;
     if (m_names.contains(plain))
-        return refuse("two entries have the same name");
+        return refuse(QT_TRANSLATE_NOOP("ProjectArchive", "two entries have the same name"));
     if (m_names.size() == mostEntries)
-        return refuse("an archive holds at most 65535 entries");
+        return refuse(
+            QT_TRANSLATE_NOOP("ProjectArchive", "an archive holds at most 65535 entries"));
     const qint64 dataEnd = m_dataEnd + localHeaderSize + stored.size() + size;
     const qint64 directorySize = m_directorySize + directoryHeaderSize + stored.size();
     if (dataEnd + directorySize + endSize > largestArchive)
-        return refuse("an archive holds at most 4 GiB");
+        return refuse(QT_TRANSLATE_NOOP("ProjectArchive", "an archive holds at most 4 GiB"));
     m_names.insert(plain);
     m_dataEnd = dataEnd;
     m_directorySize = directorySize;
@@ -243,6 +245,7 @@ bool ProjectArchiveWriter::close()
         return false;
     // Its status stays "no error" on a full disk; the size tells.
     if (!isWritten || m_device.size() != m_dataEnd + m_directorySize + endSize)
-        return refuse("the archive could not be written completely");
+        return refuse(
+            QT_TRANSLATE_NOOP("ProjectArchive", "the archive could not be written completely"));
     return true;
 }

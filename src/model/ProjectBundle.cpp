@@ -164,7 +164,7 @@ void ProjectBundle::write(const std::function<void(int done, int total)> &progre
     if (!fits || !archive.close() || !device.commit()) {
         const bool isDevice = device.hasFailed() || archive.reason().isEmpty();
         throw Error(tr("Failed to save '%1': %2")
-                        .arg(m_fileName, isDevice ? device.errorString() : archive.reason()));
+                        .arg(m_fileName, isDevice ? device.problem() : archive.reason()));
     }
 }
 

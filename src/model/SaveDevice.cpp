@@ -1,5 +1,6 @@
 #include "model/SaveDevice.h"
 
+#include <QCoreApplication>
 #include <QCryptographicHash>
 #include <QFileInfo>
 
@@ -172,31 +173,33 @@ SaveDevice::~SaveDevice()
     discard();
 }
 
-bool SaveDevice::fail(const QString &message)
+bool SaveDevice::fail(const char *what, const QString &detail)
 {
+    const QString end = detail.isEmpty() ? QString() : QStringLiteral(": ") + detail;
     m_failed = true;
-    setErrorString(message);
+    m_problem = QCoreApplication::translate("SaveDevice", what) + end;
+    setErrorString(QLatin1String(what) + end);
     return false;
 }
 
 bool SaveDevice::failBySystem(const char *what)
 {
-    return fail(QStringLiteral("%1: %2").arg(QLatin1String(what), qt_error_string(errno)));
+    return fail(what, qt_error_string(errno));
 }
 
 bool SaveDevice::open(OpenMode mode)
 {
     if (isOpen() || m_file.isOpen() || (mode & ReadOnly) || !(mode & WriteOnly))
-        return fail(QStringLiteral("only to be opened once and for writing"));
+        return fail(QT_TRANSLATE_NOOP("SaveDevice", "only to be opened once and for writing"));
     if (!findTarget())
         return false;
     for (int number = 0; number < mostSavers; ++number)
         removeAbandoned(temporaryName(m_target, number));
     if (!allows(Step::Open) || (!openNameless() && !openNamed()))
-        return fail(QStringLiteral("no new file can be made in the folder"));
+        return fail(QT_TRANSLATE_NOOP("SaveDevice", "no new file can be made in the folder"));
     if (!keepMode()) {
         discard();
-        return failBySystem("the file's mode can't be kept");
+        return failBySystem(QT_TRANSLATE_NOOP("SaveDevice", "the file's mode can't be kept"));
     }
     m_failed = false;
     return QIODevice::open(WriteOnly | Unbuffered);
@@ -208,14 +211,14 @@ bool SaveDevice::findTarget()
     // Step by step, since the last link may lead to a file that is still to be made.
     for (int links = 0; info.isSymLink(); ++links) {
         if (links == mostLinks)
-            return fail(QStringLiteral("too many links"));
+            return fail(QT_TRANSLATE_NOOP("SaveDevice", "too many links"));
         info = QFileInfo(info.symLinkTarget());
     }
     m_target = info.absoluteFilePath();
     if (info.fileName().isEmpty() || (info.exists() && !info.isFile()))
-        return fail(QStringLiteral("not a file"));
+        return fail(QT_TRANSLATE_NOOP("SaveDevice", "not a file"));
     if (info.exists() && !info.isWritable())
-        return fail(QStringLiteral("the file is write-protected"));
+        return fail(QT_TRANSLATE_NOOP("SaveDevice", "the file is write-protected"));
     return true;
 }
 
@@ -282,7 +285,10 @@ qint64 SaveDevice::writeData(const char *data, qint64 length)
     const qint64 written = allows(Step::Write) ? m_file.write(data, length) : -1;
     if (written == length)
         return length;
-    fail(written < 0 ? m_file.errorString() : QStringLiteral("the disk is full"));
+    if (written < 0)
+        fail(QT_TRANSLATE_NOOP("SaveDevice", "the file can't be written"), m_file.errorString());
+    else
+        fail(QT_TRANSLATE_NOOP("SaveDevice", "the disk is full"));
     return -1;
 }
 
@@ -299,8 +305,11 @@ void SaveDevice::close()
 bool SaveDevice::commit()
 {
     close();
-    if (!m_file.isOpen())
-        return fail(m_failed ? errorString() : QStringLiteral("nothing was opened"));
+    if (!m_file.isOpen()) {
+        if (!m_failed)
+            fail(QT_TRANSLATE_NOOP("SaveDevice", "nothing was opened"));
+        return false;
+    }
     const bool done = !m_failed && syncToDisk() && moveIntoPlace();
     discard();
     if (done && m_sync == Sync::Now)
@@ -311,7 +320,7 @@ bool SaveDevice::commit()
 bool SaveDevice::syncToDisk()
 {
     if (!allows(Step::Sync) || !m_file.flush())
-        return failBySystem("the file can't be flushed");
+        return failBySystem(QT_TRANSLATE_NOOP("SaveDevice", "the file can't be flushed"));
     if (m_sync == Sync::Later)
         return true;
 #ifdef Q_OS_UNIX
@@ -319,13 +328,13 @@ bool SaveDevice::syncToDisk()
 #else
     const int result = _commit(m_file.handle());
 #endif
-    return result == 0 || failBySystem("the file can't be synced");
+    return result == 0 || failBySystem(QT_TRANSLATE_NOOP("SaveDevice", "the file can't be synced"));
 }
 
 bool SaveDevice::moveIntoPlace()
 {
     if (!allows(Step::Move))
-        return failBySystem("the new file can't be moved");
+        return failBySystem(QT_TRANSLATE_NOOP("SaveDevice", "the new file can't be moved"));
     if (m_temporary.isEmpty())
         return moveNameless();
     std::error_code error;
@@ -333,7 +342,8 @@ bool SaveDevice::moveIntoPlace()
                             QFile::encodeName(m_target).toStdString(),
                             error);
     if (error)
-        return fail(QString::fromStdString(error.message()));
+        return fail(QT_TRANSLATE_NOOP("SaveDevice", "the new file can't be moved"),
+                    QString::fromStdString(error.message()));
     m_temporary.clear();
     return true;
 }
@@ -352,7 +362,7 @@ bool SaveDevice::moveNameless()
     if (errno == 0)
         return true;
 #endif
-    return failBySystem("the new file can't be moved");
+    return failBySystem(QT_TRANSLATE_NOOP("SaveDevice", "the new file can't be moved"));
 }
 
 void SaveDevice::discard()

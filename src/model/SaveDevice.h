@@ -27,6 +27,8 @@ public:
 
     /// True once a step failed.
     bool hasFailed() const { return m_failed; }
+    /// The errorString(), which is for the log, in the user's language.
+    const QString &problem() const { return m_problem; }
 
     qint64 size() const override { return m_file.isOpen() ? m_file.size() : 0; }
     bool seek(qint64 position) override;
@@ -41,7 +43,7 @@ protected:
     qint64 writeData(const char *data, qint64 length) override;
 
 private:
-    bool fail(const QString &message);
+    bool fail(const char *what, const QString &detail = {});
     bool failBySystem(const char *what);
     bool findTarget();
     bool openNameless();
@@ -57,6 +59,7 @@ private:
     QString m_target;    ///< the file itself, behind all links
     QString m_temporary; ///< what the new file is called until it is moved; empty: it has no name
     QFile m_file;
+    QString m_problem;
     bool m_failed = false;
 };
 

@@ -12,10 +12,10 @@
 #include <QCoreApplication>
 
 namespace {
-QString tr(const char *text)
+struct Words
 {
-    return QCoreApplication::translate("SurfaceFitting", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(SurfaceFitting)
+};
 
 AngleImage fitted(const AngleImage &surface, const QSize &size, const ResizedAnswer &answer)
 {
@@ -40,11 +40,17 @@ FittingTexts fittingTexts(ResizedAnswer::Action action)
 {
     switch (action) {
     case ResizedAnswer::Action::Anchor:
-        return {tr("anchor surfaces"), tr("anchor surface"), tr("Anchored normalmap: ")};
+        return {Words::tr("anchor surfaces"),
+                Words::tr("anchor surface"),
+                Words::tr("Anchored normalmap: ")};
     case ResizedAnswer::Action::Scale:
-        return {tr("scale surfaces"), tr("scale surface"), tr("Scaled normalmap: ")};
+        return {Words::tr("scale surfaces"),
+                Words::tr("scale surface"),
+                Words::tr("Scaled normalmap: ")};
     default:
-        return {tr("reset normalmaps"), tr("reset normalmap"), tr("Reset normalmap: ")};
+        return {Words::tr("reset normalmaps"),
+                Words::tr("reset normalmap"),
+                Words::tr("Reset normalmap: ")};
     }
 }
 

@@ -10,10 +10,10 @@
 
 namespace {
 
-QString tr(const char *text)
+struct Words
 {
-    return QCoreApplication::translate("GLSpriteShader", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(GLSpriteShader)
+};
 
 } // namespace
 
@@ -34,11 +34,11 @@ void GLSpriteShader::build()
             throw Error(message.arg(m_program.log()));
     };
     demand(m_program.addShaderFromSourceFile(QOpenGLShader::Vertex, m_vertexSource),
-           tr("Failed to compile vertex shader: %1"));
+           Words::tr("Failed to compile vertex shader: %1"));
     demand(m_program.addShaderFromSourceFile(QOpenGLShader::Fragment, m_fragmentSource),
-           tr("Failed to compile fragment shader: %1"));
-    demand(m_program.link(), tr("Failed to link shader: %1"));
-    demand(m_program.bind(), tr("Failed to bind shader: %1"));
+           Words::tr("Failed to compile fragment shader: %1"));
+    demand(m_program.link(), Words::tr("Failed to link shader: %1"));
+    demand(m_program.bind(), Words::tr("Failed to bind shader: %1"));
 }
 
 void GLSpriteShader::draw(const QPolygonF &quad, const QSize &textureSize)

@@ -9,10 +9,10 @@
 
 namespace {
 
-QString tr(const char *text)
+struct Words
 {
-    return QCoreApplication::translate("GraphicsCheck", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(GraphicsCheck)
+};
 
 /// An OpenGL context like those of the program's windows, current when it could be made.
 class ProbeContext
@@ -49,15 +49,15 @@ QString informationOf(const ProbeContext &probe)
 {
     QOpenGLFunctions *functions = probe.functions();
     if (!functions)
-        return tr("No OpenGL context");
+        return Words::tr("No OpenGL context");
     GLint textureSize = 0;
     functions->glGetIntegerv(GL_MAX_TEXTURE_SIZE, &textureSize);
     const QStringList lines{
-        tr("Vendor: %1").arg(textOf(*functions, GL_VENDOR)),
-        tr("Renderer: %1").arg(textOf(*functions, GL_RENDERER)),
-        tr("OpenGL: %1").arg(textOf(*functions, GL_VERSION)),
-        tr("Shading language: %1").arg(textOf(*functions, GL_SHADING_LANGUAGE_VERSION)),
-        tr("Largest texture: %1 pixels").arg(textureSize)};
+        Words::tr("Vendor: %1").arg(textOf(*functions, GL_VENDOR)),
+        Words::tr("Renderer: %1").arg(textOf(*functions, GL_RENDERER)),
+        Words::tr("OpenGL: %1").arg(textOf(*functions, GL_VERSION)),
+        Words::tr("Shading language: %1").arg(textOf(*functions, GL_SHADING_LANGUAGE_VERSION)),
+        Words::tr("Largest texture: %1 pixels").arg(textureSize)};
     return lines.join(QLatin1Char('\n'));
 }
 
@@ -69,9 +69,9 @@ QString checkGraphics(QString *information)
     if (information)
         *information = informationOf(probe);
     if (!probe.hasShaders())
-        return tr("Installed OpenGL has no shader support!");
+        return Words::tr("Installed OpenGL has no shader support!");
     if (!probe.functions()->hasOpenGLFeature(QOpenGLFunctions::Multitexture))
-        return tr("Installed OpenGL has no multi-texturing support!");
+        return Words::tr("Installed OpenGL has no multi-texturing support!");
     return {};
 }
 

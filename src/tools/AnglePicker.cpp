@@ -8,6 +8,7 @@
 #include <QCheckBox>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QLocale>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -97,6 +98,7 @@ void AnglePicker::show(AngleImage::Pixel pixel, const QPointF &position)
 {
     m_globe->setMarker(position);
     constexpr double unit = 256.0;
-    m_numbers->setText(
-        tr("x %1  y %2").arg(pixel.sx / unit, 0, 'f', 2).arg(pixel.sy / unit, 0, 'f', 2));
+    m_numbers->setText(tr("x %1  y %2")
+                           .arg(locale().toString(pixel.sx / unit, 'f', 2),
+                                locale().toString(pixel.sy / unit, 'f', 2)));
 }

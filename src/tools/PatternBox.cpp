@@ -5,6 +5,7 @@
 #include "imaging/Patterns.h"
 #include "tools/PatternReading.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QPainter>
@@ -13,6 +14,7 @@
 #include <QWheelEvent>
 
 #include <algorithm>
+#include <array>
 
 namespace {
 constexpr int pathRole = Qt::UserRole;
@@ -41,10 +43,35 @@ protected:
     }
 };
 
+bool isBuiltIn(const QString &path)
+{
+    return QFileInfo(path).path() == builtInPatterns();
+}
+
+// What comes with the program is shown in the user's language.
+[[maybe_unused]] constexpr std::array builtInNames{QT_TRANSLATE_NOOP("Patterns", "bark"),
+                                                   QT_TRANSLATE_NOOP("Patterns", "brick"),
+                                                   QT_TRANSLATE_NOOP("Patterns", "chain-mail"),
+                                                   QT_TRANSLATE_NOOP("Patterns", "hammered-metal"),
+                                                   QT_TRANSLATE_NOOP("Patterns", "hexagons"),
+                                                   QT_TRANSLATE_NOOP("Patterns", "leather"),
+                                                   QT_TRANSLATE_NOOP("Patterns", "sand"),
+                                                   QT_TRANSLATE_NOOP("Patterns", "scales"),
+                                                   QT_TRANSLATE_NOOP("Patterns", "scratches"),
+                                                   QT_TRANSLATE_NOOP("Patterns", "stone"),
+                                                   QT_TRANSLATE_NOOP("Patterns", "wood-grain"),
+                                                   QT_TRANSLATE_NOOP("Patterns", "woven-cloth")};
+
+QString nameOf(const QString &path)
+{
+    const QString name = QFileInfo(path).completeBaseName();
+    return isBuiltIn(path) ? QCoreApplication::translate("Patterns", qUtf8Printable(name)) : name;
+}
+
 QString originOf(const QString &path)
 {
-    const bool isBuiltIn = QFileInfo(path).path() == builtInPatterns();
-    return isBuiltIn ? PatternBox::tr("Comes with the program") : QDir::toNativeSeparators(path);
+    return isBuiltIn(path) ? PatternBox::tr("Comes with the program")
+                           : QDir::toNativeSeparators(path);
 }
 
 QImage withRoundCorners(const QImage &image)
@@ -110,7 +137,7 @@ void PatternBox::addPattern(const QString &path)
 {
     QPixmap nothing(iconSize());
     nothing.fill(Qt::transparent);
-    addItem(nothing, QFileInfo(path).completeBaseName(), path);
+    addItem(nothing, nameOf(path), path);
     setItemData(count() - 1, originOf(path), Qt::ToolTipRole);
 }
 

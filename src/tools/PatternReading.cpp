@@ -7,19 +7,20 @@
 #include <algorithm>
 
 namespace {
-QString words(const char *text)
+struct Words
 {
-    return QCoreApplication::translate("PatternReading", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(PatternReading)
+};
 } // namespace
 
 ReadPattern readPattern(const QString &path)
 {
     const ReadImage read = readImageFile(path);
     if (read.image.isNull())
-        return {{}, words("This pattern can't be read: %1.").arg(read.problem)};
+        return {{}, Words::tr("This pattern can't be read: %1.").arg(read.shownProblem())};
     if (std::max(read.image.width(), read.image.height()) > largestPatternSide)
-        return {{}, words("This pattern is larger than %1 pixels a side.").arg(largestPatternSide)};
+        return {{},
+                Words::tr("This pattern is larger than %1 pixels a side.").arg(largestPatternSide)};
     return {read.image, {}};
 }
 

@@ -16,10 +16,10 @@
 #include <QCoreApplication>
 
 namespace {
-QString tr(const char *text)
+struct Words
 {
-    return QCoreApplication::translate("EditorTools", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(EditorTools)
+};
 } // namespace
 
 // A brush is added here, and nowhere else in the window.
@@ -49,31 +49,35 @@ std::vector<std::unique_ptr<Filter>> makeEffects(GSettings &settings)
 
 QList<ShortcutGroup> editorGestures()
 {
-    const ShortcutGroup view{tr("View and sprites"),
-                             {{tr("Move the light"), tr("Drag it")},
-                              {tr("Place the light at the pointer"), tr("P")},
-                              {tr("Zoom around the pointer"), tr("Alt+Wheel")},
-                              {tr("Pan"), tr("Space+Drag, middle button")},
-                              {tr("Add a sprite to the selection"), tr("Ctrl or Shift+Click")},
-                              {tr("Select the sprites in a frame"), tr("Drag beside sprites")}}};
-    const ShortcutGroup brushes{tr("Brushes"),
-                                {{tr("Brush size"), tr("[ ], Ctrl+Wheel")},
-                                 {tr("Hardness"), tr("Shift+[ ], Ctrl+Shift+Wheel")},
-                                 {tr("Size and hardness"), tr("Ctrl+Alt+Right drag")},
-                                 {tr("Opacity, 10 to 90 %, 100 %"), tr("1 to 9, 0")},
-                                 {tr("Straight line from the last stroke"), tr("Shift+Click")},
-                                 {tr("Take the stroke back"), tr("Esc")},
-                                 {tr("Height brush: up or down"), tr("X")},
-                                 {tr("Angle brush: pick an angle"), tr("Alt+Click")},
-                                 {tr("Size, opacity or height"), tr("Pen pressure")},
-                                 {tr("Erase with any brush"), tr("Eraser end of the pen")}}};
-    const ShortcutGroup selection{tr("Selecting pixels"),
-                                  {{tr("Add to the selection"), tr("Shift+Click")},
-                                   {tr("Subtract from the selection"), tr("Alt+Click")},
-                                   {tr("Lasso: close"), tr("Enter, double click")},
-                                   {tr("Lasso: remove the last corner"), tr("Backspace")},
-                                   {tr("Lasso: cancel"), tr("Esc")}}};
-    const ShortcutGroup effects{tr("Bevel and emboss"),
-                                {{tr("Apply"), tr("Enter")}, {tr("Discard"), tr("Esc")}}};
+    const ShortcutGroup view{
+        Words::tr("View and sprites"),
+        {{Words::tr("Move the light"), Words::tr("Drag it")},
+         {Words::tr("Place the light at the pointer"), Words::tr("P")},
+         {Words::tr("Zoom around the pointer"), Words::tr("Alt+Wheel")},
+         {Words::tr("Pan"), Words::tr("Space+Drag, middle button")},
+         {Words::tr("Add a sprite to the selection"), Words::tr("Ctrl or Shift+Click")},
+         {Words::tr("Select the sprites in a frame"), Words::tr("Drag beside sprites")}}};
+    const ShortcutGroup brushes{
+        Words::tr("Brushes"),
+        {{Words::tr("Brush size"), Words::tr("[ ], Ctrl+Wheel")},
+         {Words::tr("Hardness"), Words::tr("Shift+[ ], Ctrl+Shift+Wheel")},
+         {Words::tr("Size and hardness"), Words::tr("Ctrl+Alt+Right drag")},
+         {Words::tr("Opacity, 10 to 90 %, 100 %"), Words::tr("1 to 9, 0")},
+         {Words::tr("Straight line from the last stroke"), Words::tr("Shift+Click")},
+         {Words::tr("Take the stroke back"), Words::tr("Esc")},
+         {Words::tr("Height brush: up or down"), Words::tr("X")},
+         {Words::tr("Angle brush: pick an angle"), Words::tr("Alt+Click")},
+         {Words::tr("Size, opacity or height"), Words::tr("Pen pressure")},
+         {Words::tr("Erase with any brush"), Words::tr("Eraser end of the pen")}}};
+    const ShortcutGroup selection{
+        Words::tr("Selecting pixels"),
+        {{Words::tr("Add to the selection"), Words::tr("Shift+Click")},
+         {Words::tr("Subtract from the selection"), Words::tr("Alt+Click")},
+         {Words::tr("Lasso: close"), Words::tr("Enter, double click")},
+         {Words::tr("Lasso: remove the last corner"), Words::tr("Backspace")},
+         {Words::tr("Lasso: cancel"), Words::tr("Esc")}}};
+    const ShortcutGroup effects{
+        Words::tr("Bevel and emboss"),
+        {{Words::tr("Apply"), Words::tr("Enter")}, {Words::tr("Discard"), Words::tr("Esc")}}};
     return {view, brushes, selection, effects};
 }

@@ -105,9 +105,10 @@ void ExportActions::runExport()
         return;
     }
     const QString directory = project.publishDirectory().value().path();
+    const int count = project.bodies().all().size();
     QMessageBox box(QMessageBox::Information,
                     QString(),
-                    tr("Exported %1 normal maps").arg(project.bodies().all().size()),
+                    tr("Exported %1 normal maps", nullptr, count).arg(count),
                     QMessageBox::Ok,
                     m_window);
     box.setInformativeText(directory.isEmpty() ? tr("to sprite directory")

@@ -5,6 +5,8 @@
 #include "model/properties/PropertyT.h"
 #include "preview/PointedPixel.h"
 
+#include <QLocale>
+
 PointedPixelLabel::PointedPixelLabel(QWidget *parent)
     : QLabel(parent)
 {
@@ -26,8 +28,8 @@ void PointedPixelLabel::showPixel(const PointedPixel &pixel)
     setText(name + tr("   x %1  y %2   slope %3, %4   normal %5 %6 %7")
                        .arg(pixel.pixel.x())
                        .arg(pixel.pixel.y())
-                       .arg(pixel.slope.x(), 0, 'f', 2)
-                       .arg(pixel.slope.y(), 0, 'f', 2)
+                       .arg(locale().toString(pixel.slope.x(), 'f', 2))
+                       .arg(locale().toString(pixel.slope.y(), 'f', 2))
                        .arg(pixel.normal.red())
                        .arg(pixel.normal.green())
                        .arg(pixel.normal.blue()));

@@ -2,8 +2,10 @@
 
 #include "base/BuildOptions.h"
 #include "base/GSettings.h"
+#include "framework/ControlSizes.h"
 #include "framework/GApplication.h"
 #include "framework/GPathEdit.h"
+#include "framework/LanguageChoice.h"
 #include "framework/UiScale.h"
 #include "framework/UpdateChoice.h"
 #include "ui/RecoveryInterval.h"
@@ -26,6 +28,7 @@ PreferencesDialog::PreferencesDialog(GApplication &application, QWidget *parent)
     , m_application(application)
     , m_patterns(new GDirectoryEdit(this))
     , m_theme(new QComboBox(this))
+    , m_language(new LanguageChoice(application.settings(), this))
     , m_recovery(new RecoveryInterval(application.settings(), this))
 {
     setWindowTitle(tr("Preferences"));
@@ -43,6 +46,7 @@ PreferencesDialog::PreferencesDialog(GApplication &application, QWidget *parent)
     m_theme->setCurrentIndex(m_theme->findData(int(application.theme())));
     auto *themeLabel = new QLabel(tr("<b>Appearance:</b>"), this);
     themeLabel->setBuddy(m_theme);
+    themeLabel->setMinimumWidth(scaled(labelColumnWidth));
     m_theme->setAccessibleName(tr("Appearance"));
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
     connect(buttons, &QDialogButtonBox::accepted, this, &PreferencesDialog::accept);
@@ -56,10 +60,12 @@ PreferencesDialog::PreferencesDialog(GApplication &application, QWidget *parent)
     layout->addWidget(hint);
     layout->addSpacing(scaled(8));
     auto *themeRow = new QHBoxLayout;
+    themeRow->setSpacing(scaled(8));
     themeRow->addWidget(themeLabel);
     themeRow->addWidget(m_theme);
     themeRow->addStretch();
     layout->addLayout(themeRow);
+    layout->addWidget(m_language);
     layout->addWidget(m_recovery);
     if (!updateFeedAddress().isEmpty()) {
         m_updates = new UpdateChoice(application.settings(), this);
@@ -76,6 +82,7 @@ void PreferencesDialog::accept()
 {
     m_application.settings().setValue(patternsKey(), m_patterns->path());
     m_application.setTheme(ThemeChoice(m_theme->currentData().toInt()));
+    m_language->store();
     m_recovery->store();
     if (m_updates)
         m_updates->store();

@@ -4,6 +4,7 @@
 
 class GApplication;
 class GDirectoryEdit;
+class LanguageChoice;
 class QComboBox;
 class RecoveryInterval;
 class UpdateChoice;
@@ -23,6 +24,7 @@ private:
     GApplication &m_application;
     GDirectoryEdit *m_patterns;
     QComboBox *m_theme;
+    LanguageChoice *m_language;
     RecoveryInterval *m_recovery;
     UpdateChoice *m_updates = nullptr; ///< only in a build with a feed
 };

@@ -113,6 +113,8 @@ ToolsSidebar::ToolsSidebar(ItemSelectionModel &selection,
     layout->addWidget(createButtons(tr("Brushes & Tools"), shown));
     layout->addWidget(createLine());
     layout->addWidget(createSettings(), 1);
+    // Labels in other languages may need more.
+    setMinimumWidth(std::max(minimumWidth(), layout->minimumSize().width()));
 
     registerActions();
     connect(m_actions, &QActionGroup::triggered, this, &ToolsSidebar::takeTriggered);
@@ -201,16 +203,19 @@ QWidget *ToolsSidebar::createButtons(const QString &title,
     heading->setContentsMargins(0, 0, 0, scaled(4));
     grid->addWidget(heading, 0, 0, 1, buttonsInARow);
     int count = 0;
+    int width = scaled(66);
     for (const AngleImageTool *tool : shown) {
         if (!tool->hasShortLabel())
             continue;
         QToolButton *button = createToolButton(tool->action());
+        // A label of another language may need more.
+        width = std::max(width, button->sizeHint().width());
         grid->addWidget(button, 1 + count / buttonsInARow, count % buttonsInARow);
         ++count;
     }
     for (int column = 0; column < buttonsInARow; ++column) {
         grid->setColumnStretch(column, 1);
-        grid->setColumnMinimumWidth(column, scaled(66));
+        grid->setColumnMinimumWidth(column, width);
     }
     group->setVisible(count > 0);
     return group;

@@ -11,10 +11,10 @@
 #include <QFileInfo>
 
 namespace {
-QString tr(const char *text)
+struct Words
 {
-    return QCoreApplication::translate("ImportNormalMap", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(ImportNormalMap)
+};
 
 QString folderKey()
 {
@@ -47,20 +47,17 @@ QStringList doubtsAbout(const NormalMapJudgement &judgement)
 {
     QStringList doubts;
     if (judgement.isForeign)
-        doubts.append(tr(QT_TRANSLATE_NOOP(
-            "ImportNormalMap",
+        doubts.append(Words::tr(
             "It does not look like a normal map: many pixels have too little blue. Make sure that "
-            "it is the right file.")));
+            "it is the right file."));
     if (judgement.hasGreenDown)
-        doubts.append(tr(QT_TRANSLATE_NOOP(
-            "ImportNormalMap",
+        doubts.append(Words::tr(
             "Green seems to count downwards, so that light from above would seem to come from "
-            "below. Flipping green puts that right.")));
+            "below. Flipping green puts that right."));
     if (judgement.isFlatAt128)
-        doubts.append(tr(QT_TRANSLATE_NOOP(
-            "ImportNormalMap",
+        doubts.append(Words::tr(
             "Its flat ground is 128, 128, 255 instead of 127, 127, 255 and will lean by half a "
-            "degree, which is hardly seen. The eraser makes it quite flat.")));
+            "degree, which is hardly seen. The eraser makes it quite flat."));
     return doubts;
 }
 
