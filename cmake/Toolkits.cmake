@@ -1,17 +1,28 @@
 # The outside libraries, the compiler's settings and the compiler cache.
 
-find_package(Qt5 5.15 REQUIRED COMPONENTS Core Gui Widgets Xml Concurrent Network Svg LinguistTools)
+set(VESPERINE_QT 5 CACHE STRING "Major version of Qt: 5, which users get, or 6")
+set_property(CACHE VESPERINE_QT PROPERTY STRINGS 5 6)
+set(qt_modules Core Gui Widgets Xml Concurrent Network Svg LinguistTools)
 if(VESPERINE_BUILD_TESTS)
-    find_package(Qt5 5.15 REQUIRED COMPONENTS Test)
+    list(APPEND qt_modules Test)
+endif()
+if(VESPERINE_QT EQUAL 6)
+    find_package(Qt6 6.4 REQUIRED COMPONENTS ${qt_modules} OpenGL OpenGLWidgets)
+else()
+    find_package(Qt5 5.15 REQUIRED COMPONENTS ${qt_modules})
 endif()
 find_package(ZLIB REQUIRED)
 
-# Version-neutral targets for a release of the toolkit that has none.
+# Version-neutral targets for a release of the toolkit that has none, or has the classes elsewhere.
 foreach(module Core Gui GuiPrivate Widgets Xml Concurrent Network Svg Test)
     if(TARGET Qt5::${module} AND NOT TARGET Qt::${module})
         add_library(Qt::${module} ALIAS Qt5::${module})
     endif()
 endforeach()
+if(NOT TARGET Qt::OpenGLWidgets)
+    add_library(Qt::OpenGL ALIAS Qt5::Gui)
+    add_library(Qt::OpenGLWidgets ALIAS Qt5::Widgets)
+endif()
 foreach(program rcc lrelease lupdate)
     if(TARGET Qt5::${program} AND NOT TARGET Qt::${program})
         add_executable(Qt::${program} ALIAS Qt5::${program})

@@ -56,7 +56,7 @@ Body &OpenedProject::body(const QString &name) const
 {
     const auto all = bodies();
     bool isIndex = false;
-    const int index = name.midRef(1).toInt(&isIndex);
+    const int index = name.mid(1).toInt(&isIndex);
     if (isIndex && name.startsWith(QLatin1Char('#'))) {
         if (index < 1 || index > all.size())
             throw Error(QStringLiteral("There is no body %1, the project has %2")

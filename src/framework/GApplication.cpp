@@ -32,8 +32,10 @@ QString nameOf(ThemeChoice choice)
 
 void GApplication::prepare()
 {
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0) // later ones always do both
     setAttribute(Qt::AA_EnableHighDpiScaling);
     setAttribute(Qt::AA_UseHighDpiPixmaps);
+#endif
     setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
     nameApplication();
 }

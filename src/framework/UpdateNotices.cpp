@@ -20,6 +20,7 @@ UpdateNotices::UpdateNotices(UpdateChecker::Source source, GSettings &settings, 
     , m_window(window)
     , m_checkAction(new GAction(tr("Check for updates..."), this))
 {
+    m_checkAction->setObjectName(QStringLiteral("checkForUpdates"));
     m_checkAction->setMenuRole(QAction::ApplicationSpecificRole);
     connect(m_checkAction, &QAction::triggered, this, &UpdateNotices::checkNow);
     connect(&m_checker, &UpdateChecker::answered, this, &UpdateNotices::tell);

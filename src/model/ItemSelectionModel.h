@@ -1,10 +1,11 @@
 #pragma once
 
+#include "model/Body.h" // whole for the signal's lists
+
 #include <QList>
 #include <QObject>
 #include <QSet>
 
-class Body;
 class Project;
 
 /// Which bodies are selected: part of the document's undo steps, but no change of the document.

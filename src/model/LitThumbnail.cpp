@@ -38,8 +38,8 @@ Light thumbnailLamp(const Project &project)
 
 QImage arrangedPictures(const QVector<QImage> &pictures, int side)
 {
-    const int columns = std::min(pictures.size(), 2);
-    const int rows = (pictures.size() + 1) / 2;
+    const int columns = std::min(int(pictures.size()), 2);
+    const int rows = (int(pictures.size()) + 1) / 2;
     const int gap = side / 32;
     const QSize cell((side - gap * (columns - 1)) / columns, (side - gap * (rows - 1)) / rows);
     QImage result(side, side, QImage::Format_ARGB32_Premultiplied);

@@ -27,7 +27,7 @@
 namespace {
 PoolQueue<ReadImage> readImages(const QStringList &paths)
 {
-    return {paths.size(),
+    return {int(paths.size()),
             [paths](int index) { return [path = paths[index]] { return readImageFile(path); }; }};
 }
 

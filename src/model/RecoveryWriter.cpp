@@ -82,11 +82,13 @@ RecoveryWriter::RecoveryWriter(RecoveryStore store, QObject *parent)
     : QObject(parent)
     , m_store(std::move(store))
 {
+    connect(
+        this, &RecoveryWriter::pieceFinished, this, &RecoveryWriter::goOn, Qt::QueuedConnection);
 }
 
 RecoveryWriter::~RecoveryWriter()
 {
-    blockSignals(true);
+    disconnect();
     if (!m_waiting.empty())
         m_problem = QStringLiteral("the program ends");
     m_waiting.clear();
@@ -217,9 +219,7 @@ RecoveryWriter::Work RecoveryWriter::completion()
 
 void RecoveryWriter::start(Work work)
 {
-    m_tasks.emplace_back(std::move(work), [this] {
-        QMetaObject::invokeMethod(this, &RecoveryWriter::goOn, Qt::QueuedConnection);
-    });
+    m_tasks.emplace_back(std::move(work), [this] { Q_EMIT pieceFinished(QPrivateSignal()); });
 }
 
 void RecoveryWriter::goOn()

@@ -38,6 +38,8 @@ Q_SIGNALS:
     void written();
     /// One could not be written; the one before it is still there.
     void failed(const QString &reason);
+    /// On the pool's thread.
+    void pieceFinished(QPrivateSignal);
 
 private:
     enum class Stage { Idle, Packing, Completing, Tidying };

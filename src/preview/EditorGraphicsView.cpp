@@ -310,7 +310,11 @@ void EditorGraphicsView::takePen(QTabletEvent &event)
     event.accept();
     QMouseEvent mouse = m_pen->mouseEvent(event);
     const QPointF offset = (event.posF() - QPointF(mouse.pos())) / zoom();
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
     const bool isEraser = event.pointerType() == QTabletEvent::Eraser;
+#else
+    const bool isEraser = event.pointerType() == QPointingDevice::PointerType::Eraser;
+#endif
     if (m_scene)
         m_scene->setPen({offset, event.pressure(), isEraser});
     if (mouse.type() == QEvent::MouseMove)

@@ -58,7 +58,7 @@ QVector<QRect> squarestRows(const QVector<QSize> &sizes)
     QVector<QRect> best;
     const int around = squareRowLength(sizes);
     int width = -spriteGap;
-    for (int i = 0; i < std::min(sizes.size(), around + triedRowLengths); ++i) {
+    for (int i = 0; i < std::min(int(sizes.size()), around + triedRowLengths); ++i) {
         width += sizes[i].width() + spriteGap;
         if (i < around - triedRowLengths)
             continue;

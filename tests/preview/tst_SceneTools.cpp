@@ -14,32 +14,60 @@
 #include <QWindow>
 
 namespace {
+enum class PenEnd { Tip, Eraser };
+
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
+QTabletEvent penEvent(QEvent::Type type,
+                      const QPointF &place,
+                      const QPointF &global,
+                      double pressure,
+                      Qt::MouseButton button,
+                      Qt::MouseButtons buttons,
+                      PenEnd end)
+{
+    const auto pointer = end == PenEnd::Tip ? QTabletEvent::Pen : QTabletEvent::Eraser;
+    const auto device = QTabletEvent::Stylus;
+    return {type, place, global, device, pointer, pressure, 0, 0, 0, 0, 0, {}, 1, button, buttons};
+}
+#else
+QTabletEvent penEvent(QEvent::Type type,
+                      const QPointF &place,
+                      const QPointF &global,
+                      double pressure,
+                      Qt::MouseButton button,
+                      Qt::MouseButtons buttons,
+                      PenEnd end)
+{
+    using Device = QPointingDevice;
+    const auto make = [](Device::PointerType pointer) {
+        const auto pressed = QInputDevice::Capability::Pressure;
+        return Device({}, 1, QInputDevice::DeviceType::Stylus, pointer, pressed, 1, 1);
+    };
+    static const Device tip = make(Device::PointerType::Pen);
+    static const Device eraser = make(Device::PointerType::Eraser);
+    const Device &device = end == PenEnd::Tip ? tip : eraser;
+    return {type, &device, place, global, pressure, 0, 0, 0, 0, 0, {}, button, buttons};
+}
+#endif
+
 /// As the platform tells of it, at the window.
 void sendPen(const ShownEditor &editor,
              QEvent::Type type,
              const QPointF &place,
              double pressure,
              Qt::MouseButton button = Qt::LeftButton,
-             QTabletEvent::PointerType end = QTabletEvent::Pen)
+             PenEnd end = PenEnd::Tip)
 {
     const bool isDown = pressure > 0 && type != QEvent::TabletRelease;
     const QPointF offset = editor.viewport.mapTo(&editor.window, QPoint());
     const QPointF global = editor.viewport.mapToGlobal(QPoint());
-    QTabletEvent event(type,
-                       place + offset,
-                       place + global,
-                       QTabletEvent::Stylus,
-                       end,
-                       pressure,
-                       0,
-                       0,
-                       0,
-                       0,
-                       0,
-                       Qt::NoModifier,
-                       1,
-                       type == QEvent::TabletMove ? Qt::NoButton : button,
-                       isDown ? Qt::MouseButtons(button) : Qt::NoButton);
+    QTabletEvent event = penEvent(type,
+                                  place + offset,
+                                  place + global,
+                                  pressure,
+                                  type == QEvent::TabletMove ? Qt::NoButton : button,
+                                  isDown ? Qt::MouseButtons(button) : Qt::NoButton,
+                                  end);
     QCoreApplication::sendEvent(editor.window.windowHandle(), &event);
 }
 } // namespace
@@ -183,9 +211,9 @@ private Q_SLOTS:
         // The other end, a double click, and a mouse after all that.
         const QPointF far = start + QPointF(50, 0);
         for (int i = 0; i < 2; ++i) {
-            sendPen(editor, QEvent::TabletPress, far, 1.0, Qt::LeftButton, QTabletEvent::Eraser);
+            sendPen(editor, QEvent::TabletPress, far, 1.0, Qt::LeftButton, PenEnd::Eraser);
             QVERIFY(tool.lastEvent.isEraser);
-            sendPen(editor, QEvent::TabletRelease, far, 0.0, Qt::LeftButton, QTabletEvent::Eraser);
+            sendPen(editor, QEvent::TabletRelease, far, 0.0, Qt::LeftButton, PenEnd::Eraser);
         }
         QCOMPARE(tool.takeLog(),
                  QByteArray("press 60,10|release 60,10|double 60,10|release 60,10"));

@@ -88,7 +88,7 @@ private Q_SLOTS:
     {
         ZoomWindow window;
         QVERIFY(QTest::qWaitForWindowActive(&window.window));
-        QCursor::setPos(window.viewport.mapToGlobal({100, 80}));
+        QCursor::setPos(window.viewport.mapToGlobal(QPoint(100, 80)));
         QTRY_VERIFY(window.viewport.underMouse());
         window.list.setFocus();
         window.list.setCurrentRow(1);
@@ -110,7 +110,7 @@ private Q_SLOTS:
         QVERIFY(!window.scene.viewOnly);
         QTest::keyRelease(&window.edit(), Qt::Key_Space);
 
-        QCursor::setPos(window.list.mapToGlobal({20, 20}));
+        QCursor::setPos(window.list.mapToGlobal(QPoint(20, 20)));
         QTRY_VERIFY(!window.viewport.underMouse());
         window.list.setFocus();
         QTest::keyClick(&window.list, Qt::Key_Space);

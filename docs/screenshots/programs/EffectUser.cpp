@@ -50,7 +50,7 @@ void EffectUser::trigger(const QString &text) const
 
 void EffectUser::open(const char *effect) const
 {
-    QCursor::setPos(m_window.mapToGlobal({m_window.width() - 160, 340}));
+    QCursor::setPos(m_window.mapToGlobal(QPoint(m_window.width() - 160, 340)));
     chooseTool(effect);
     waitUntilSettled(dialog());
 }

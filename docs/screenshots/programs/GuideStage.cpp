@@ -156,7 +156,7 @@ void GuideStage::tool(const char *name, int room)
 void GuideStage::tile(const char *name, Mode mode, int side)
 {
     Painter::waitForBackground();
-    QCursor::setPos(m_window.mapToGlobal({m_window.width() - 4, m_window.height() - 4}));
+    QCursor::setPos(m_window.mapToGlobal(QPoint(m_window.width() - 4, m_window.height() - 4)));
     m_painter.key(mode, Qt::AltModifier);
     const QRectF sprite = m_painter.scene().spritesRect();
     m_painter.view().zoomToFit(sprite);

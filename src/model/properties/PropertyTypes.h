@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QtGlobal>
+#include <QtContainerFwd>
 
 QT_BEGIN_NAMESPACE
 class QColor;
@@ -8,8 +8,6 @@ class QPointF;
 class QRectF;
 class QString;
 class QVector3D;
-template <typename T>
-class QVector;
 QT_END_NAMESPACE
 
 struct GCircle;
