@@ -20,7 +20,10 @@ struct Painting
     {
         QImage image(size, QImage::Format_ARGB32);
         image.fill(Qt::blue);
-        body.sprite().load(ReadImage{true, {}, image, {}}, {}, false);
+        body.sprite().load(
+            ReadImage{.opened = true, .md5Hex = {}, .image = image, .problem = {}, .stamp = {}},
+            {},
+            false);
         if (!surface.isNull())
             commit(surface);
         processor = std::make_unique<NormalMapProcessor>(body);
