@@ -154,9 +154,12 @@ void CommandLine::addRepair()
         repair->add_flag("--clear-resized", m_clearResized, "Clear surfaces of another size");
     auto *scale =
         repair->add_flag("--scale-resized", m_scaleResized, "Scale them to the sprite's size");
-    auto *anchor = repair->add_option(
-        "--anchor-resized", m_anchor, "Give them the sprite's size, with this part in place");
-    anchor->check(CLI::IsMember(anchorWords()))->excludes(clear)->excludes(scale);
+    auto *anchor = repair->add_option("--anchor-resized",
+                                      m_anchor,
+                                      "Give them the sprite's size, with this part in place, such "
+                                      "as top-left, bottom or middle");
+    anchor->type_name("PLACE")->excludes(clear)->excludes(scale);
+    anchor->check(CLI::IsMember(anchorWords()).description({}));
     clear->excludes(scale);
     repair->callback([this] {
         m_command = [this](Console &console) {

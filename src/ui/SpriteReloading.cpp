@@ -38,6 +38,7 @@ SpriteReloading::SpriteReloading(ProjectController &controller,
     , m_editor(editor)
     , m_reload(new GAction(tr("Reload sprites"), this))
 {
+    m_reload->setObjectName(QStringLiteral("reloadSprites"));
     m_reload->setStatusTip(tr("Read all sprites from their files again"));
     m_reload->setShortcut(QKeySequence(QStringLiteral("Ctrl+R")));
     m_waiting.setSingleShot(true);
