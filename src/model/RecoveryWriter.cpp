@@ -92,7 +92,7 @@ RecoveryWriter::~RecoveryWriter()
     if (!m_waiting.empty())
         m_problem = QStringLiteral("the program ends");
     m_waiting.clear();
-    settle();
+    finish();
 }
 
 void RecoveryWriter::write(Project &project)
@@ -135,7 +135,7 @@ void RecoveryWriter::drop()
 
 void RecoveryWriter::adopt(RecoveryEntry entry, Project &project)
 {
-    settle();
+    finish();
     m_folder = std::move(entry.folder);
     // Nobody has seen what becomes of it.
     m_folder->setMark(RecoveryFolder::Mark::Shown, false);
@@ -288,7 +288,7 @@ void RecoveryWriter::tidy()
     });
 }
 
-void RecoveryWriter::settle()
+void RecoveryWriter::finish()
 {
     while (isBusy()) {
         for (const auto &task : m_tasks)

@@ -23,6 +23,8 @@ public:
     ~RecoveryWriter() override;
 
     bool isBusy() const { return m_stage != Stage::Idle; }
+    /// Waits for what is being done.
+    void finish();
     /// Starts to write @p project as it stands, unless that is what the last snapshot holds. Not
     /// while busy.
     void write(Project &project);
@@ -58,7 +60,6 @@ private:
     void goOn();
     void finishStage();
     void tidy();
-    void settle();
 
     RecoveryStore m_store;
     std::unique_ptr<RecoveryFolder> m_folder;

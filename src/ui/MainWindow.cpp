@@ -356,6 +356,12 @@ void MainWindow::openOrAdd(const QStringList &paths)
         m_spriteActions->add(paths);
 }
 
+void MainWindow::keepUnsaved()
+{
+    finishEdits();
+    m_recovery->keepNow();
+}
+
 void MainWindow::closeEvent(QCloseEvent *event)
 {
     m_editor->discardEffect();

@@ -31,6 +31,8 @@ public:
     ProjectRecovery &recovery() const { return *m_recovery; }
     /// Opens a project among @p paths, or adds what else they name as sprites.
     void openOrAdd(const QStringList &paths);
+    /// Keeps what is unsaved for the next start, since nobody can be asked.
+    void keepUnsaved();
 
 public Q_SLOTS:
     void showPreferences();

@@ -72,6 +72,19 @@ void ProjectRecovery::takeSnapshot()
         m_writer.write(*m_project);
 }
 
+void ProjectRecovery::keepNow()
+{
+    if (!m_project)
+        return;
+    if (!m_project->undoStack().isModified()) {
+        forget();
+        return;
+    }
+    m_writer.finish();
+    m_writer.write(*m_project);
+    m_writer.finish();
+}
+
 void ProjectRecovery::tellFailure(const QString &reason)
 {
     qWarning("No recovery snapshot: %s", qUtf8Printable(reason));

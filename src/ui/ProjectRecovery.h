@@ -32,6 +32,8 @@ public:
     void offer();
     /// Starts to write a snapshot, where there is something new to keep.
     void takeSnapshot();
+    /// The program is about to end without asking: what is unsaved is kept before this returns.
+    void keepNow();
     const RecoveryWriter &writer() const { return m_writer; }
 
 Q_SIGNALS:

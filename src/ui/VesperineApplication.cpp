@@ -93,6 +93,7 @@ void VesperineApplication::launch()
 {
     m_window = std::make_unique<MainWindow>(*this);
     m_window->show();
+    endWhenAsked();
     CrashReportDialog::showLast(m_window.get());
     m_window->recovery().offer();
     if (!m_documents.isEmpty())
@@ -102,6 +103,18 @@ void VesperineApplication::launch()
             UpdateChecker::Source{.feed = feed}, settings(), *m_window);
         m_window->addHelpAction(m_updates->checkAction());
     }
+}
+
+// By a signal, or with the desktop's session, whose questions may remain without an answer.
+void VesperineApplication::endWhenAsked()
+{
+    m_endings = std::make_unique<TerminationSignals>();
+    connect(m_endings.get(), &TerminationSignals::received, this, [this](int number) {
+        constexpr int firstSignal = 128; // as shells tell it
+        m_window->keepUnsaved();
+        exit(firstSignal + number);
+    });
+    connect(this, &QGuiApplication::commitDataRequest, this, [this] { m_window->keepUnsaved(); });
 }
 
 void VesperineApplication::handleInternalURLs(const QUrl &url)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "framework/GApplication.h"
+#include "framework/TerminationSignals.h"
 
 #include <QPointer>
 
@@ -31,8 +32,10 @@ public Q_SLOTS:
 private:
     bool setUp();
     void launch();
+    void endWhenAsked();
 
     QStringList m_documents;
+    std::unique_ptr<TerminationSignals> m_endings;
     std::unique_ptr<MainWindow> m_window;
     std::unique_ptr<UpdateNotices> m_updates; ///< null in a build without a feed
     bool m_isReady = false;
