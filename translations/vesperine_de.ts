@@ -2143,6 +2143,10 @@ Die Sicherung bleibt in „%2“.</translation>
 <context>
     <name>RecoveryWriter</name>
     <message>
+        <source>There is not enough memory</source>
+        <translation>der Arbeitsspeicher reicht nicht</translation>
+    </message>
+    <message>
         <source>No folder can be made for it</source>
         <translation>es lässt sich kein Ordner dafür anlegen</translation>
     </message>

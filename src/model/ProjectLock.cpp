@@ -1,6 +1,7 @@
 #include "model/ProjectLock.h"
 
 #include "base/GFileName.h"
+#include "model/LockTaking.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -11,9 +12,7 @@ ProjectLock::ProjectLock(const QString &fileName)
     : m_path(lockPath(fileName))
 {
     m_lock = std::make_unique<QLockFile>(m_path);
-    // However long a painter takes: only a dead holder loses it.
-    m_lock->setStaleLockTime(0);
-    if (m_lock->tryLock(0))
+    if (takeLock(*m_lock))
         return;
     m_mayWrite = m_lock->error() != QLockFile::LockFailedError;
     if (m_mayWrite)

@@ -1,7 +1,10 @@
 #include "model/RecoveryFolder.h"
 
+#include "model/LockTaking.h"
+
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QUuid>
 
 namespace {
@@ -30,8 +33,6 @@ RecoveryFolder::RecoveryFolder(const QString &path)
     : m_path(path)
     , m_lock(QDir(path).filePath(lockName()))
 {
-    // However long the program has been running, its folder is its own.
-    m_lock.setStaleLockTime(0);
 }
 
 std::unique_ptr<RecoveryFolder> RecoveryFolder::create(const QString &root)
@@ -51,7 +52,7 @@ std::unique_ptr<RecoveryFolder> RecoveryFolder::create(const QString &root)
 std::unique_ptr<RecoveryFolder> RecoveryFolder::take(const QString &path)
 {
     std::unique_ptr<RecoveryFolder> folder(new RecoveryFolder(path));
-    if (!folder->m_lock.tryLock(0))
+    if (!takeLock(folder->m_lock))
         return nullptr;
     return folder;
 }
@@ -83,10 +84,17 @@ bool RecoveryFolder::hasMark(Mark mark) const
     return QFile::exists(markPath(mark));
 }
 
+QDateTime RecoveryFolder::timeOfMark(Mark mark) const
+{
+    return QFileInfo(markPath(mark)).lastModified();
+}
+
 bool RecoveryFolder::setMark(Mark mark, bool isSet)
 {
     QFile file(markPath(mark));
-    return isSet ? file.open(QIODevice::WriteOnly) : !file.exists() || file.remove();
+    if (file.exists() == isSet)
+        return true;
+    return isSet ? file.open(QIODevice::WriteOnly) : file.remove();
 }
 
 QString RecoveryFolder::markPath(Mark mark) const

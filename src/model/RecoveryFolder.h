@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QDateTime>
 #include <QLockFile>
 #include <QSet>
 #include <QString>
@@ -29,6 +30,8 @@ public:
         Tried  ///< it is being loaded, or the program ended while it was
     };
     bool hasMark(Mark mark) const;
+    /// When it was set first; nothing without it.
+    QDateTime timeOfMark(Mark mark) const;
     /// False when it can't be kept.
     bool setMark(Mark mark, bool isSet = true);
 

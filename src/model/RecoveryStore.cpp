@@ -23,10 +23,12 @@ QByteArray contentOf(const QString &path)
     return file.open(QIODevice::ReadOnly) ? file.read(longestIndex) : QByteArray();
 }
 
+// Who comes back from a long holiday has seven days to decide, too.
 bool isOver(const RecoveryEntry &entry, const QDateTime &now)
 {
-    return entry.folder->hasMark(RecoveryFolder::Mark::Shown) && entry.index &&
-           entry.index->time.addDays(daysKept) < now;
+    const QDateTime shown = entry.folder->timeOfMark(RecoveryFolder::Mark::Shown);
+    return shown.isValid() && entry.index &&
+           std::max(shown, entry.index->time).addDays(daysKept) < now;
 }
 
 QDateTime timeOf(const RecoveryEntry &entry)

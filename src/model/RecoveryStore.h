@@ -31,8 +31,8 @@ public:
     /// Null when it can't be made.
     std::unique_ptr<RecoveryFolder> createFolder() const;
 
-    /// What is left of programs that are not running any more, the newest first. What was shown to
-    /// the user and is older than 7 days at @p now is removed instead.
+    /// What is left of programs that are not running any more, the newest first. What was first
+    /// shown to the user more than 7 days before @p now is removed instead.
     std::vector<RecoveryEntry> takeLeftOvers(const QDateTime &now) const;
 
     /// The project of a snapshot under its own file name, its sprites not loaded; in

@@ -9,6 +9,7 @@
 #include <QFileInfo>
 
 #include <algorithm>
+#include <exception>
 #include <utility>
 
 namespace {
@@ -21,6 +22,11 @@ QString writeFile(const QString &path, const QByteArray &bytes)
     if (device.open(QIODevice::WriteOnly) && device.write(bytes) == bytes.size() && device.commit())
         return {};
     return device.errorString();
+}
+
+QString noMemory()
+{
+    return RecoveryWriter::tr("There is not enough memory");
 }
 
 struct SurfaceFile
@@ -37,6 +43,8 @@ QString writeSurfaces(QVector<SurfaceFile> &files)
         const QByteArray packed =
             file.packed.isEmpty() ? qCompress(file.value, fastest) : file.packed;
         file.value.clear();
+        if (packed.isEmpty())
+            return noMemory();
         if (QString problem = writeFile(file.path, packed); !problem.isEmpty())
             return problem;
     }
@@ -217,9 +225,17 @@ RecoveryWriter::Work RecoveryWriter::completion()
     return [parts] { return complete(parts); };
 }
 
+// Rather no snapshot than an end of the program for one.
 void RecoveryWriter::start(Work work)
 {
-    m_tasks.emplace_back(std::move(work), [this] { Q_EMIT pieceFinished(QPrivateSignal()); });
+    auto guarded = [work = std::move(work)] {
+        try {
+            return work();
+        } catch (const std::exception &) {
+            return noMemory();
+        }
+    };
+    m_tasks.emplace_back(std::move(guarded), [this] { Q_EMIT pieceFinished(QPrivateSignal()); });
 }
 
 void RecoveryWriter::goOn()

@@ -117,7 +117,7 @@ private Q_SLOTS:
         QTest::addColumn<bool>("isShown");
         QTest::addColumn<QByteArray>("index");
         QTest::addColumn<bool>("isKept");
-        QTest::newRow("just written") << 0 << true << QByteArray() << true;
+        QTest::newRow("just seen") << 0 << true << QByteArray() << true;
         QTest::newRow("seen, within a week") << 6 << true << QByteArray() << true;
         QTest::newRow("seen, after it") << 8 << true << QByteArray() << false;
         QTest::newRow("never seen") << 400 << false << QByteArray() << true;
@@ -137,11 +137,13 @@ private Q_SLOTS:
         }
         {
             const auto entries = store().takeLeftOvers(now());
-            entries.at(0).folder->setMark(RecoveryFolder::Mark::Shown, isShown);
-            if (!index.isEmpty())
-                m_folder.write(
-                    QDir(m_folder.path({})).relativeFilePath(entries[0].folder->indexPath()),
-                    index);
+            const RecoveryEntry &entry = entries.at(0);
+            entry.folder->setMark(RecoveryFolder::Mark::Shown, isShown);
+            // Written long ago, by the clock: the user was away.
+            RecoveryIndex old = *entry.index;
+            old.time = old.time.addDays(-100);
+            m_folder.write(QDir(m_folder.path({})).relativeFilePath(entry.folder->indexPath()),
+                           index.isEmpty() ? old.toBytes() : index);
         }
         const auto later = store().takeLeftOvers(now().addDays(days));
         QCOMPARE(later.size(), std::size_t(isKept));
