@@ -1151,6 +1151,10 @@ bleibt unverändert.</translation>
         <translation>Speichern</translation>
     </message>
     <message>
+        <source>Answer the open question first.</source>
+        <translation>Zuerst die offene Frage beantworten.</translation>
+    </message>
+    <message>
         <source>Apply or discard the effect first.</source>
         <translation>Zuerst den Effekt anwenden oder verwerfen.</translation>
     </message>

@@ -45,6 +45,7 @@ std::unique_ptr<RecoveryFolder> RecoveryFolder::create(const QString &root)
             return nullptr;
         if (auto folder = take(path))
             return folder;
+        QDir().rmdir(path);
     }
     return nullptr;
 }

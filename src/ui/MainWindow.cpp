@@ -28,6 +28,7 @@
 #include "ui/ToolsSidebar.h"
 #include "ui/UndoActions.h"
 
+#include <QApplication>
 #include <QDragEnterEvent>
 #include <QMenuBar>
 #include <QMessageBox>
@@ -340,8 +341,14 @@ QWidget *MainWindow::documentWidget() const
     return &m_editor->view();
 }
 
+// Drops and the desktop's requests get past a dialog, whose answer is for the project that it
+// found.
 void MainWindow::openOrAdd(const QStringList &paths)
 {
+    if (QApplication::activeModalWidget()) {
+        statusBar()->showMessage(tr("Answer the open question first."));
+        return;
+    }
     if (m_editor->hasOpenEffect()) {
         statusBar()->showMessage(tr("Apply or discard the effect first."));
         return;

@@ -58,7 +58,7 @@ bool VesperineApplication::setUp()
     setWindowIcon(QIcon(QStringLiteral(":/Vesperine.png")));
     QDesktopServices::setUrlHandler(QStringLiteral("ve"), this, "handleInternalURLs");
     connect(this, &GApplication::openRequested, this, [this](const QString &path) {
-        if (m_window)
+        if (m_isLaunched)
             m_window->openOrAdd({path});
         else
             m_documents.append(path);
@@ -96,6 +96,7 @@ void VesperineApplication::launch()
     endWhenAsked();
     CrashReportDialog::showLast(m_window.get());
     m_window->recovery().offer();
+    m_isLaunched = true;
     if (!m_documents.isEmpty())
         m_window->openOrAdd(std::exchange(m_documents, {}));
     if (const QUrl feed = updateFeedAddress(); !feed.isEmpty()) {

@@ -39,4 +39,5 @@ private:
     std::unique_ptr<MainWindow> m_window;
     std::unique_ptr<UpdateNotices> m_updates; ///< null in a build without a feed
     bool m_isReady = false;
+    bool m_isLaunched = false; ///< and asks nothing any more
 };

@@ -136,7 +136,10 @@ private Q_SLOTS:
         m_script->then(click("Search..."_s))
             .then(choose(m_folder.path("else"_s)))
             .then(click("Remove from project"_s))
-            .then(click("Clear normal map"_s))
+            .then([this, &path](QWidget &dialog) {
+                drop({path}); // the question is of this project
+                click("Clear normal map"_s)(dialog);
+            })
             .then(click("Continue"_s));
         QVERIFY(m_window->openPath(path));
         QCOMPARE(
