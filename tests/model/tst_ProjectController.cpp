@@ -104,7 +104,8 @@ private Q_SLOTS:
         prompts.readsOnly = false;
         ProjectController second(settings, prompts);
         QVERIFY(!second.openProject(link, Lock::OnOpening));
-        QVERIFY(prompts.holders.value(0).contains(QString::number(qApp->applicationPid())));
+        QVERIFY(
+            prompts.holders.value(0).contains(QString::number(QCoreApplication::applicationPid())));
         prompts.readsOnly = true;
         QVERIFY(second.openProject(link, Lock::OnOpening));
         QVERIFY(second.isReadOnly());
