@@ -28,7 +28,6 @@
 #include "ui/ToolsSidebar.h"
 #include "ui/UndoActions.h"
 
-#include <QApplication>
 #include <QDragEnterEvent>
 #include <QMenuBar>
 #include <QMessageBox>
