@@ -878,6 +878,10 @@ bleibt unverändert.</translation>
         <source>“%1”</source>
         <translation>„%1“</translation>
     </message>
+    <message>
+        <source>%1 copy</source>
+        <translation>%1 Kopie</translation>
+    </message>
 </context>
 <context>
     <name>GPathEdit</name>
@@ -2047,10 +2051,6 @@ Die Sicherung bleibt in „%2“.</translation>
         <translation>Ungespeicherte Arbeit</translation>
     </message>
     <message>
-        <source>The program did not end well. This is what it had kept of work that was not saved:</source>
-        <translation>Das Programm endete nicht regulär. Das hatte es von ungespeicherter Arbeit gesichert:</translation>
-    </message>
-    <message>
         <source>Recover</source>
         <translation>Wiederherstellen</translation>
     </message>
@@ -2105,6 +2105,10 @@ Die Sicherung bleibt in „%2“.</translation>
     <message>
         <source>%1 days ago</source>
         <translation>vor %1 Tagen</translation>
+    </message>
+    <message>
+        <source>The program ended unexpectedly. It had kept this unsaved work:</source>
+        <translation>Das Programm wurde unerwartet beendet. Diese ungespeicherte Arbeit hatte es gesichert:</translation>
     </message>
 </context>
 <context>
@@ -2914,10 +2918,6 @@ Map</translation>
         <translation>Normal-Map leeren</translation>
     </message>
     <message>
-        <source>Close this window to keep the normal maps as they are.</source>
-        <translation>Dieses Fenster schließen, um die Normal-Maps zu behalten.</translation>
-    </message>
-    <message>
         <source>Summary</source>
         <translation>Zusammenfassung</translation>
     </message>
@@ -2950,12 +2950,8 @@ Map</translation>
         <translation>%1 ist offen in %2.</translation>
     </message>
     <message>
-        <source>You can open it to read only; Save As... keeps changes elsewhere.</source>
-        <translation>Es lässt sich nur lesend öffnen; „Speichern unter...“ legt Änderungen woanders ab.</translation>
-    </message>
-    <message>
         <source>Open read-only</source>
-        <translation>Nur lesend öffnen</translation>
+        <translation>Schreibgeschützt öffnen</translation>
     </message>
     <message>
         <source>Project changed on disk</source>
@@ -2984,6 +2980,14 @@ Map</translation>
     <message>
         <source>Anchored, a surface stays at this place, and what is new around it is flat. Scaled, its relief grows with the sprite.</source>
         <translation>Verankert bleibt eine Oberfläche an dieser Stelle, und Neues um sie herum ist flach. Skaliert wächst ihr Relief mit dem Sprite.</translation>
+    </message>
+    <message>
+        <source>You can open it read-only: Save As... keeps your changes under another name.</source>
+        <translation>Es lässt sich schreibgeschützt öffnen: „Speichern unter...“ sichert Änderungen unter anderem Namen.</translation>
+    </message>
+    <message>
+        <source>Decide later</source>
+        <translation>Später entscheiden</translation>
     </message>
 </context>
 <context>
