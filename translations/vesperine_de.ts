@@ -201,8 +201,8 @@
         <translation>%1 endete unerwartet am %2. </translation>
     </message>
     <message>
-        <source>This report tells what the program did and where it was. It may hold the names of your files. It stays on this computer; nothing is sent. If you want the fault to be mended, copy the report and send it with Help &gt; Send feedback.</source>
-        <translation>Dieser Bericht sagt, was das Programm tat und wo es war. Er kann Namen Ihrer Dateien enthalten. Er bleibt auf diesem Rechner; nichts wird gesendet. Damit sich der Fehler beheben lässt, den Bericht kopieren und mit Hilfe &gt; Rückmeldung senden schicken.</translation>
+        <source>This report tells what the program did and where it was. It may hold the names of your files. It stays on this computer; nothing is sent. If you want the fault to be mended, add the report to what you write under Help &gt; Send feedback.</source>
+        <translation>Dieser Bericht sagt, was das Programm tat und wo es war. Er kann Namen Ihrer Dateien enthalten. Er bleibt auf diesem Rechner; nichts wird gesendet. Damit sich der Fehler beheben lässt, den Bericht unter Hilfe &gt; Rückmeldung senden anfügen.</translation>
     </message>
     <message>
         <source>Copy</source>
@@ -2108,7 +2108,7 @@ Die Sicherung bleibt in „%2“.</translation>
     </message>
     <message>
         <source>The program ended unexpectedly. It had kept this unsaved work:</source>
-        <translation>Das Programm wurde unerwartet beendet. Diese ungespeicherte Arbeit hatte es gesichert:</translation>
+        <translation>Das Programm endete unerwartet. Diese ungespeicherte Arbeit hatte es gesichert:</translation>
     </message>
 </context>
 <context>
