@@ -216,17 +216,25 @@ void ShortcutsDialog::filter()
         }
         group->setHidden(!hasRows);
     }
+    if (!text.isEmpty())
+        chooseFirst();
 }
 
-void ShortcutsDialog::goToFirst()
+void ShortcutsDialog::chooseFirst()
 {
     for (QTreeWidgetItemIterator row(m_list, QTreeWidgetItemIterator::NotHidden); *row; ++row) {
         if ((*row)->parent()) {
             m_list->setCurrentItem(*row);
-            m_list->setFocus();
             return;
         }
     }
+    m_list->setCurrentItem(nullptr);
+}
+
+void ShortcutsDialog::goToFirst()
+{
+    chooseFirst();
+    m_list->setFocus();
 }
 
 QAction *ShortcutsDialog::current() const
