@@ -298,6 +298,7 @@ void ShortcutsDialog::takeOver()
     const QString text = tr("%1 is the key of %2 now, no longer of %3.")
                              .arg(textOf(m_edit->keySequence()), quoted(*command), quoted(*holder));
     m_shortcuts.setKeys(*command, {m_edit->keySequence()});
+    m_list->setFocus(); // the button goes
     tell(text);
 }
 
