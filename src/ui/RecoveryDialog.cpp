@@ -148,6 +148,7 @@ void RecoveryDialog::showCurrent()
     if (!picture.isNull())
         picture = picture.scaled(m_picture->size(), Qt::KeepAspectRatio, Qt::SmoothTransformation);
     m_picture->setPixmap(picture);
+    m_picture->setVisible(!picture.isNull());
     QStringList lines{placeOf(entry)};
     if (entry.index)
         lines.prepend(QLocale().toString(entry.index->time.toLocalTime(), QLocale::ShortFormat));
@@ -178,6 +179,7 @@ void RecoveryDialog::deleteCurrent()
     // The list chooses another row while this one is still counted.
     delete m_list->takeItem(row);
     m_entries.erase(m_entries.begin() + row);
+    m_list->setFocus();
     if (m_entries.empty())
         reject();
     else
