@@ -199,6 +199,8 @@ bool GMainWindow::mayReplaceDocument()
     box.setInformativeText(tr("Without saving they are lost."));
     box.setWindowModality(Qt::WindowModal);
     box.setDefaultButton(QMessageBox::Save);
+    if (isDocumentReadOnly())
+        box.button(QMessageBox::Save)->setText(m_saveAs->text());
     const int answer = box.exec();
     // What has changed while it was being saved is not in the file.
     return answer == QMessageBox::Discard ||
@@ -210,8 +212,9 @@ QString GMainWindow::chooseSavePath()
     QString proposal;
     if (const QFileInfo present(documentPath()); !documentPath().isEmpty()) {
         // A document may have been opened under a suffix that is no longer written.
-        proposal =
-            present.dir().filePath(present.completeBaseName() + QLatin1Char('.') + m_type.suffix);
+        const QString base = present.completeBaseName();
+        proposal = present.dir().filePath((isDocumentReadOnly() ? tr("%1 copy").arg(base) : base) +
+                                          QLatin1Char('.') + m_type.suffix);
     } else {
         const QString documents =
             QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
