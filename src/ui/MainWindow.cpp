@@ -345,12 +345,10 @@ QWidget *MainWindow::documentWidget() const
 // found.
 void MainWindow::openOrAdd(const QStringList &paths)
 {
-    if (QApplication::activeModalWidget()) {
-        statusBar()->showMessage(tr("Answer the open question first."));
-        return;
-    }
-    if (m_editor->hasOpenEffect()) {
-        statusBar()->showMessage(tr("Apply or discard the effect first."));
+    const bool isAsking = QApplication::activeModalWidget();
+    if (isAsking || m_editor->hasOpenEffect()) {
+        statusBar()->showMessage(isAsking ? tr("Answer the open question first.")
+                                          : tr("Apply or discard the effect first."));
         return;
     }
     for (const QString &path : paths) {
