@@ -369,10 +369,11 @@ void MainWindow::keepUnsaved()
 
 void MainWindow::closeEvent(QCloseEvent *event)
 {
-    m_editor->discardEffect();
     GMainWindow::closeEvent(event);
-    if (event->isAccepted())
-        m_recovery->setProject(nullptr);
+    if (!event->isAccepted())
+        return;
+    m_editor->discardEffect();
+    m_recovery->setProject(nullptr);
 }
 
 void MainWindow::dragEnterEvent(QDragEnterEvent *event)
