@@ -3,6 +3,7 @@
 #include "model/ProjectController.h"
 #include "model/PropertyAngleImage.h"
 #include "model/Sprite.h"
+#include "model/SpriteLoading.h"
 #include "model/SpriteWatcher.h"
 #include "support/Documents.h"
 #include "support/Widgets.h"
@@ -65,7 +66,7 @@ private Q_SLOTS:
         m_reloads = 0;
         connect(m_watcher.get(), &SpriteWatcher::changed, this, [this] {
             ++m_reloads;
-            m_controller->reloadSprites(m_watcher->takeChanges());
+            reloadSprites(m_controller->project(), m_watcher->takeChanges());
         });
         m_watcher->setProject(&m_controller->project());
         QTRY_VERIFY(m_watcher->isIdle());
