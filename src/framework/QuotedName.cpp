@@ -2,7 +2,14 @@
 
 #include <QCoreApplication>
 
+namespace {
+struct Words
+{
+    Q_DECLARE_TR_FUNCTIONS(QuotedName)
+};
+} // namespace
+
 QString quoted(const QString &name)
 {
-    return QCoreApplication::translate("QuotedName", "“%1”").arg(name);
+    return Words::tr("“%1”").arg(name);
 }
