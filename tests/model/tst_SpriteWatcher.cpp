@@ -117,10 +117,12 @@ private Q_SLOTS:
         QTRY_COMPARE(shown(0), 7U);
         QCOMPARE(m_reloads, 1);
 
+        body(1).paintedNormalMap().setValue({}); // nothing but its image tells a size
         const QString folder = m_folder.path("art"_s);
         QVERIFY(QDir().rename(folder, m_folder.path("elsewhere"_s)));
         QTRY_VERIFY(!body(0).sprite().isLoaded() && !body(1).sprite().isLoaded());
         QVERIFY(shown(1) == QColor(Qt::red).rgba() && !body(1).sprite().statusIcon().isEmpty());
+        QCOMPARE(body(1).sprite().image().size(), QSize(40, 30));
         QTest::qWait(50);
         QVERIFY(QDir().mkpath(folder) &&
                 QDir().rename(m_folder.path("elsewhere/b.png"_s), folder + "/b.png"_s));
