@@ -201,8 +201,8 @@
         <translation>%1 endete unerwartet am %2. </translation>
     </message>
     <message>
-        <source>This report tells what the program did and where it was. It may hold the names of your files. It stays on this computer; nothing is sent. If you want the fault to be mended, copy the report and send it with Help &gt; Send feedback.</source>
-        <translation>Dieser Bericht sagt, was das Programm tat und wo es war. Er kann Namen Ihrer Dateien enthalten. Er bleibt auf diesem Rechner; nichts wird gesendet. Damit sich der Fehler beheben lässt, den Bericht kopieren und mit Hilfe &gt; Rückmeldung senden schicken.</translation>
+        <source>This report tells what the program did and where it was. It may hold the names of your files. It stays on this computer; nothing is sent. If you want the fault to be mended, add the report to what you write under Help &gt; Send feedback.</source>
+        <translation>Dieser Bericht sagt, was das Programm tat und wo es war. Er kann Namen Ihrer Dateien enthalten. Er bleibt auf diesem Rechner; nichts wird gesendet. Damit sich der Fehler beheben lässt, den Bericht unter Hilfe &gt; Rückmeldung senden anfügen.</translation>
     </message>
     <message>
         <source>Copy</source>
@@ -853,6 +853,10 @@ bleibt unverändert.</translation>
     <message>
         <source>%1 (read-only)</source>
         <translation>%1 (schreibgeschützt)</translation>
+    </message>
+    <message>
+        <source>%1 copy</source>
+        <translation>%1 Kopie</translation>
     </message>
 </context>
 <context>
@@ -2030,10 +2034,6 @@ Die Sicherung bleibt in „%2“.</translation>
         <translation>Ungespeicherte Arbeit</translation>
     </message>
     <message>
-        <source>The program did not end well. This is what it had kept of work that was not saved:</source>
-        <translation>Das Programm endete nicht regulär. Das hatte es von ungespeicherter Arbeit gesichert:</translation>
-    </message>
-    <message>
         <source>Recover</source>
         <translation>Wiederherstellen</translation>
     </message>
@@ -2088,6 +2088,10 @@ Die Sicherung bleibt in „%2“.</translation>
     <message>
         <source>%1 days ago</source>
         <translation>vor %1 Tagen</translation>
+    </message>
+    <message>
+        <source>The program ended unexpectedly. It had kept this unsaved work:</source>
+        <translation>Das Programm endete unerwartet. Diese ungespeicherte Arbeit hatte es gesichert:</translation>
     </message>
 </context>
 <context>
@@ -2916,10 +2920,6 @@ Map</translation>
         <translation>Normal-Map leeren</translation>
     </message>
     <message>
-        <source>Close this window to keep the normal maps as they are.</source>
-        <translation>Dieses Fenster schließen, um die Normal-Maps zu behalten.</translation>
-    </message>
-    <message>
         <source>Summary</source>
         <translation>Zusammenfassung</translation>
     </message>
@@ -2952,12 +2952,8 @@ Map</translation>
         <translation>%1 ist offen in %2.</translation>
     </message>
     <message>
-        <source>You can open it to read only; Save As... keeps changes elsewhere.</source>
-        <translation>Es lässt sich nur lesend öffnen; „Speichern unter...“ legt Änderungen woanders ab.</translation>
-    </message>
-    <message>
         <source>Open read-only</source>
-        <translation>Nur lesend öffnen</translation>
+        <translation>Schreibgeschützt öffnen</translation>
     </message>
     <message>
         <source>Project changed on disk</source>
@@ -2986,6 +2982,14 @@ Map</translation>
     <message>
         <source>Anchored, a surface stays at this place, and what is new around it is flat. Scaled, its relief grows with the sprite.</source>
         <translation>Verankert bleibt eine Oberfläche an dieser Stelle, und Neues um sie herum ist flach. Skaliert wächst ihr Relief mit dem Sprite.</translation>
+    </message>
+    <message>
+        <source>You can open it read-only: Save As... keeps your changes under another name.</source>
+        <translation>Es lässt sich schreibgeschützt öffnen: „Speichern unter...“ sichert Änderungen unter anderem Namen.</translation>
+    </message>
+    <message>
+        <source>Decide later</source>
+        <translation>Später entscheiden</translation>
     </message>
 </context>
 <context>

@@ -115,6 +115,19 @@ std::optional<CrashLog::Report> CrashLog::takeUnread(const QString &folder)
     return newest;
 }
 
+std::optional<CrashLog::Report> CrashLog::lastTaken(const QString &folder)
+{
+    for (const QFileInfo &report : reportsIn(folder, QStringLiteral("fault-*.txt"))) {
+        QFile file(report.filePath());
+        if (!report.fileName().endsWith(QLatin1String(".new.txt")) &&
+            file.open(QIODevice::ReadOnly))
+            return Report{report.filePath(),
+                          report.lastModified(),
+                          withReadableNames(QString::fromUtf8(file.read(longest)))};
+    }
+    return {};
+}
+
 QString CrashLog::explain(const Report &report)
 {
     const auto tells = [&report](const char *signal) {

@@ -30,6 +30,9 @@ void install(const QString &folder);
 /// too.
 std::optional<Report> takeUnread(const QString &folder);
 
+/// The newest report in @p folder that was taken before.
+std::optional<Report> lastTaken(const QString &folder);
+
 /// What happened, in plain words, as far as @p report tells.
 QString explain(const Report &report);
 } // namespace CrashLog

@@ -40,7 +40,7 @@ CrashReportDialog::CrashReportDialog(const CrashLog::Report &report, QWidget *pa
     auto *then = createText(
         tr("This report tells what the program did and where it was. It may hold the "
            "names of your files. It stays on this computer; nothing is sent. If you want "
-           "the fault to be mended, copy the report and send it with Help > Send "
+           "the fault to be mended, add the report to what you write under Help > Send "
            "feedback."));
     auto *text = new QPlainTextEdit(report.text);
     text->setAccessibleName(windowTitle());
@@ -49,9 +49,10 @@ CrashReportDialog::CrashReportDialog(const CrashLog::Report &report, QWidget *pa
     text->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     text->document()->setDocumentMargin(scaled(8));
 
-    auto *buttons = new QDialogButtonBox(QDialogButtonBox::Close);
+    auto *buttons = new QDialogButtonBox;
     QPushButton *copying = buttons->addButton(tr("Copy"), QDialogButtonBox::ActionRole);
     QPushButton *folder = buttons->addButton(tr("Show Folder"), QDialogButtonBox::ActionRole);
+    buttons->addButton(QDialogButtonBox::Close); // last, as it stands, for the Tab key
     connect(copying, &QPushButton::clicked, this, [text = report.text] {
         QGuiApplication::clipboard()->setText(text);
     });

@@ -18,6 +18,7 @@
 #include <QFileInfo>
 #include <QMenu>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QScopedValueRollback>
 #include <QStandardPaths>
 #include <QToolBar>
@@ -194,6 +195,8 @@ bool GMainWindow::mayReplaceDocument()
     box.setInformativeText(tr("Without saving they are lost."));
     box.setWindowModality(Qt::WindowModal);
     box.setDefaultButton(QMessageBox::Save);
+    if (isDocumentReadOnly())
+        box.button(QMessageBox::Save)->setText(m_saveAs->text());
     const int answer = box.exec();
     // What has changed while it was being saved is not in the file.
     return answer == QMessageBox::Discard ||
@@ -211,7 +214,9 @@ QString GMainWindow::savePathProposal() const
     }
     // A document may have been opened under a suffix that is no longer written.
     const QFileInfo present(path);
-    return present.dir().filePath(present.completeBaseName() + QLatin1Char('.') + m_type.suffix);
+    const QString base = present.completeBaseName();
+    return present.dir().filePath((isDocumentReadOnly() ? tr("%1 copy").arg(base) : base) +
+                                  QLatin1Char('.') + m_type.suffix);
 }
 
 QString GMainWindow::documentName() const

@@ -1,6 +1,5 @@
 #include "framework/LanguageChoice.h"
 
-#include "framework/ControlSizes.h"
 #include "framework/Language.h"
 #include "framework/PanelLabels.h"
 #include "framework/UiScale.h"
@@ -24,7 +23,6 @@ LanguageChoice::LanguageChoice(GSettings &settings, QWidget *parent)
     m_box->setCurrentIndex(std::max(0, m_box->findData(chosenLanguage(settings))));
     auto *label = new QLabel(tr("<b>Language:</b>"), this);
     label->setBuddy(m_box);
-    label->setMinimumWidth(scaled(labelColumnWidth));
     auto *hint = createQuietText(tr("From the next start on"), this);
 
     auto *layout = new QHBoxLayout(this);

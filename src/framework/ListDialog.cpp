@@ -34,8 +34,6 @@ ListDialog::ListDialog(const Content &content, QWidget *parent)
     layout->setSpacing(scaled(8));
     layout->addWidget(text);
     layout->addWidget(list, 1);
-    if (!content.hint.isEmpty())
-        layout->addWidget(new QLabel(content.hint, this));
     layout->addWidget(buttons);
     resize(scaled(520), scaled(320));
 }

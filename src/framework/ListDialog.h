@@ -15,7 +15,6 @@ public:
         QString text;
         QStringList entries;
         QStringList buttons;
-        QString hint; ///< a quiet line below the list, empty for none
     };
 
     explicit ListDialog(const Content &content, QWidget *parent = nullptr);

@@ -234,7 +234,7 @@ void ManualDialog::find()
         if (const QUrl page = (*entry)->data(0, pageRole).toUrl(); !page.isEmpty())
             pages.append(page);
     }
-    const int present = std::max(0, pages.indexOf(whole(m_browser->source())));
+    const int present = std::max<int>(0, pages.indexOf(whole(m_browser->source())));
     for (int step = 1; step <= pages.size(); ++step) {
         const QUrl &page = pages[(present + step) % pages.size()];
         QTextDocument document;

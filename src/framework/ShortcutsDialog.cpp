@@ -217,17 +217,25 @@ void ShortcutsDialog::filter()
         }
         group->setHidden(!hasRows);
     }
+    if (!text.isEmpty())
+        chooseFirst();
 }
 
-void ShortcutsDialog::goToFirst()
+void ShortcutsDialog::chooseFirst()
 {
     for (QTreeWidgetItemIterator row(m_list, QTreeWidgetItemIterator::NotHidden); *row; ++row) {
         if ((*row)->parent()) {
             m_list->setCurrentItem(*row);
-            m_list->setFocus();
             return;
         }
     }
+    m_list->setCurrentItem(nullptr);
+}
+
+void ShortcutsDialog::goToFirst()
+{
+    chooseFirst();
+    m_list->setFocus();
 }
 
 QAction *ShortcutsDialog::current() const
@@ -291,6 +299,7 @@ void ShortcutsDialog::takeOver()
     const QString text = tr("%1 is the key of %2 now, no longer of %3.")
                              .arg(textOf(m_edit->keySequence()), quoted(*command), quoted(*holder));
     m_shortcuts.setKeys(*command, {m_edit->keySequence()});
+    m_list->setFocus(); // the button goes
     tell(text);
 }
 

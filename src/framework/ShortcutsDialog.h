@@ -36,6 +36,7 @@ private:
     void addGestures();
     QTreeWidgetItem *addGroup(const QString &title);
     void filter();
+    void chooseFirst();
     void goToFirst();
     void showKeys(QTreeWidgetItem &row, const QAction &command);
     void showCurrent();

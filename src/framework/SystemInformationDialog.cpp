@@ -63,9 +63,9 @@ SystemInformationDialog::SystemInformationDialog(const QString &text, QWidget *p
     view->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     view->document()->setDocumentMargin(scaled(8));
 
-    auto *buttons = new QDialogButtonBox(QDialogButtonBox::Close);
-    buttons->button(QDialogButtonBox::Close)->setAutoDefault(false);
+    auto *buttons = new QDialogButtonBox;
     QPushButton *copying = buttons->addButton(tr("Copy"), QDialogButtonBox::ActionRole);
+    buttons->addButton(QDialogButtonBox::Close)->setAutoDefault(false);
     connect(copying, &QPushButton::clicked, this, [text] {
         QGuiApplication::clipboard()->setText(text);
     });

@@ -1,5 +1,6 @@
 #include "preview/EditorGraphicsViewVesperine.h"
 
+#include <QApplication>
 #include <QKeyEvent>
 #include <QOpenGLWidget>
 #include <QPainter>
@@ -45,27 +46,17 @@ EditorGraphicsViewVesperine::EditorGraphicsViewVesperine(QWidget *parent)
     viewport()->setTabletTracking(true);
     setDragMode(RubberBandDrag);
     grabGesture(Qt::PinchGesture);
+    qApp->installEventFilter(this);
     connect(this, &QGraphicsView::rubberBandChanged, viewport(), qOverload<>(&QWidget::update));
 }
 
 EditorGraphicsViewVesperine::~EditorGraphicsViewVesperine() = default;
 
-void EditorGraphicsViewVesperine::showEvent(QShowEvent *event)
-{
-    EditorGraphicsView::showEvent(event);
-    if (m_window == window())
-        return;
-    if (m_window)
-        m_window->removeEventFilter(this);
-    m_window = window();
-    m_window->installEventFilter(this);
-}
-
-// Tools see the modifiers wherever the focus is.
+// Tools see the modifiers wherever in the window the focus is. Edits may keep them to themselves.
 bool EditorGraphicsViewVesperine::eventFilter(QObject *watched, QEvent *event)
 {
     const bool isKey = event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease;
-    if (isKey && watched == m_window && !hasFocus())
+    if (isKey && !hasFocus() && watched == window()->focusWidget())
         forwardModifier(static_cast<QKeyEvent &>(*event));
     return EditorGraphicsView::eventFilter(watched, event);
 }
@@ -75,7 +66,7 @@ void EditorGraphicsViewVesperine::forwardModifier(QKeyEvent &event)
     const int key = event.key();
     if (key != Qt::Key_Shift && key != Qt::Key_Control && key != Qt::Key_Alt)
         return;
-    // A copy and no delivery: an ignored event would come back through the window.
+    // A copy and no delivery, which would come through here once more.
     QKeyEvent copy(event.type(), key, event.modifiers(), event.text(), event.isAutoRepeat());
     if (event.type() == QEvent::KeyPress)
         keyPressEvent(&copy);

@@ -12,11 +12,8 @@ public:
     ~EditorGraphicsViewVesperine() override;
 
 protected:
-    void showEvent(QShowEvent *event) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     void forwardModifier(QKeyEvent &event);
-
-    QPointer<QWidget> m_window;
 };

@@ -96,10 +96,11 @@ void FeedbackDialog::placeWidgets()
 
 QDialogButtonBox *FeedbackDialog::createButtons()
 {
-    auto *buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
+    auto *buttons = new QDialogButtonBox(this);
     buttons->addButton(m_mail, QDialogButtonBox::ActionRole);
     auto *copying = buttons->addButton(tr("Copy"), QDialogButtonBox::ActionRole);
     auto *saving = buttons->addButton(tr("Save..."), QDialogButtonBox::ActionRole);
+    buttons->addButton(QDialogButtonBox::Close); // last, as it stands, for the Tab key
     m_mail->setVisible(!m_content.address.isEmpty());
     connect(m_mail, &QPushButton::clicked, this, &FeedbackDialog::mail);
     connect(copying, &QPushButton::clicked, this, &FeedbackDialog::copy);

@@ -1,6 +1,7 @@
 #include "ui/MainWindow.h"
 
 #include "base/Error.h"
+#include "framework/CrashLog.h"
 #include "framework/GAction.h"
 #include "framework/GApplication.h"
 #include "framework/SystemInformationDialog.h"
@@ -384,5 +385,9 @@ void MainWindow::showPreferences()
 
 void MainWindow::showFeedback()
 {
-    FeedbackDialog({systemSummary() + systemInformation()}, m_application.settings(), this).exec();
+    const auto crash = CrashLog::lastTaken(CrashLog::folder());
+    FeedbackDialog({systemSummary() + systemInformation(), crash ? crash->text : QString()},
+                   m_application.settings(),
+                   this)
+        .exec();
 }

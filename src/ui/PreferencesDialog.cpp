@@ -16,6 +16,8 @@
 #include <QLabel>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace {
 QString patternsKey()
 {
@@ -46,7 +48,6 @@ PreferencesDialog::PreferencesDialog(GApplication &application, QWidget *parent)
     m_theme->setCurrentIndex(m_theme->findData(int(application.theme())));
     auto *themeLabel = new QLabel(tr("<b>Appearance:</b>"), this);
     themeLabel->setBuddy(m_theme);
-    themeLabel->setMinimumWidth(scaled(labelColumnWidth));
     m_theme->setAccessibleName(tr("Appearance"));
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
     connect(buttons, &QDialogButtonBox::accepted, this, &PreferencesDialog::accept);
@@ -74,8 +75,24 @@ PreferencesDialog::PreferencesDialog(GApplication &application, QWidget *parent)
     }
     layout->addStretch();
     layout->addWidget(buttons);
+    alignLabels();
     const int width = scaled(480);
     resize(width, qMax(scaled(260), layout->totalHeightForWidth(width)));
+}
+
+// One column for all, as wide as the language needs it.
+void PreferencesDialog::alignLabels()
+{
+    QVector<QLabel *> labels;
+    int width = scaled(labelColumnWidth);
+    for (QLabel *label : findChildren<QLabel *>()) {
+        if (!label->buddy())
+            continue;
+        labels.append(label);
+        width = std::max(width, label->sizeHint().width());
+    }
+    for (QLabel *label : labels)
+        label->setMinimumWidth(width);
 }
 
 void PreferencesDialog::accept()

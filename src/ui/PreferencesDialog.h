@@ -21,6 +21,8 @@ public:
     void accept() override;
 
 private:
+    void alignLabels();
+
     GApplication &m_application;
     GDirectoryEdit *m_patterns;
     QComboBox *m_theme;

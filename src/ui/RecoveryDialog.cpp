@@ -72,9 +72,7 @@ RecoveryDialog::RecoveryDialog(std::vector<RecoveryEntry> &entries, QWidget *par
 {
     setWindowTitle(tr("Unsaved work"));
     auto *text =
-        new QLabel(tr("The program did not end well. This is what it had kept of work that "
-                      "was not saved:"),
-                   this);
+        new QLabel(tr("The program ended unexpectedly. It had kept this unsaved work:"), this);
     text->setWordWrap(true);
     m_list->setItemDelegate(new SpriteDelegate(m_list));
     m_list->setEditTriggers(QAbstractItemView::NoEditTriggers);
@@ -100,7 +98,7 @@ RecoveryDialog::RecoveryDialog(std::vector<RecoveryEntry> &entries, QWidget *par
     auto *middle = new QHBoxLayout;
     middle->setSpacing(scaled(12));
     middle->addWidget(m_list, 1);
-    middle->addLayout(side);
+    middle->addLayout(side, 1);
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(scaled(12), scaled(12), scaled(12), scaled(12));
     layout->setSpacing(scaled(8));
@@ -151,6 +149,7 @@ void RecoveryDialog::showCurrent()
     if (!picture.isNull())
         picture = picture.scaled(m_picture->size(), Qt::KeepAspectRatio, Qt::SmoothTransformation);
     m_picture->setPixmap(picture);
+    m_picture->setVisible(!picture.isNull());
     QStringList lines{placeOf(entry)};
     if (entry.index)
         lines.prepend(QLocale().toString(entry.index->time.toLocalTime(), QLocale::ShortFormat));
@@ -173,8 +172,10 @@ void RecoveryDialog::deleteCurrent()
     if (!isAgreedTo(deleting, this))
         return;
     RecoveryFolder::clear(m_entries[std::size_t(row)].folder->path());
-    m_entries.erase(m_entries.begin() + row);
+    // The list chooses another row while this one is still counted.
     delete m_list->takeItem(row);
+    m_entries.erase(m_entries.begin() + row);
+    m_list->setFocus();
     if (m_entries.empty())
         reject();
     else

@@ -1,6 +1,7 @@
 #include "ui/RecoveryInterval.h"
 
 #include "base/GSettings.h"
+#include "framework/UiScale.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -34,6 +35,7 @@ RecoveryInterval::RecoveryInterval(GSettings &settings, QWidget *parent)
     label->setBuddy(m_seconds);
     auto *layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(scaled(8));
     layout->addWidget(label);
     layout->addWidget(m_seconds);
     layout->addStretch();

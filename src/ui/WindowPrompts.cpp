@@ -53,11 +53,12 @@ WindowPrompts::~WindowPrompts()
 
 bool WindowPrompts::askReadOnly(const QString &file, const QString &holder)
 {
-    return isAgreedTo({tr("Project in use"),
-                       tr("%1 is open in %2.").arg(QFileInfo(file).fileName(), holder),
-                       tr("You can open it to read only; Save As... keeps changes elsewhere."),
-                       tr("Open read-only")},
-                      &m_window);
+    return isAgreedTo(
+        {tr("Project in use"),
+         tr("%1 is open in %2.").arg(QFileInfo(file).fileName(), holder),
+         tr("You can open it read-only: Save As... keeps your changes under another name."),
+         tr("Open read-only")},
+        &m_window);
 }
 
 bool WindowPrompts::askReplaceChanged(const QString &file)
@@ -72,12 +73,12 @@ bool WindowPrompts::askReplaceChanged(const QString &file)
 
 ProjectPrompts::MissingTextures WindowPrompts::askMissingTextures(const QStringList &files)
 {
-    ListDialog dialog({tr("Textures not found"),
-                       tr("Failed to load following texture images:"),
-                       files,
-                       {tr("Search..."), tr("Remove from project"), tr("Continue without texture")},
-                       {}},
-                      &m_window);
+    ListDialog dialog(
+        {tr("Textures not found"),
+         tr("Failed to load following texture images:"),
+         files,
+         {tr("Search..."), tr("Remove from project"), tr("Continue without texture")}},
+        &m_window);
     switch (dialog.choose()) {
     case 0:
         return MissingTextures::Search;
@@ -95,12 +96,12 @@ QString WindowPrompts::askSearchFolder()
 
 ResizedAnswer WindowPrompts::askResized(const QStringList &files)
 {
-    ListDialog dialog({tr("Size conflict"),
-                       tr("Size of texture changed:"),
-                       files,
-                       {tr("Clear normal map"), tr("Anchor surface"), tr("Scale surface")},
-                       tr("Close this window to keep the normal maps as they are.")},
-                      &m_window);
+    ListDialog dialog(
+        {tr("Size conflict"),
+         tr("Size of texture changed:"),
+         files,
+         {tr("Anchor surface"), tr("Scale surface"), tr("Clear normal map"), tr("Decide later")}},
+        &m_window);
     auto *anchor = new AnchorGrid(&dialog);
     dialog.addBelowList(
         *anchor,
@@ -108,11 +109,11 @@ ResizedAnswer WindowPrompts::askResized(const QStringList &files)
            "its relief grows with the sprite."));
     switch (dialog.choose()) {
     case 0:
-        return {ResizedAnswer::Action::Clear, {}};
-    case 1:
         return {ResizedAnswer::Action::Anchor, anchor->anchor()};
-    case 2:
+    case 1:
         return {ResizedAnswer::Action::Scale, {}};
+    case 2:
+        return {ResizedAnswer::Action::Clear, {}};
     default:
         return {};
     }
@@ -121,7 +122,7 @@ ResizedAnswer WindowPrompts::askResized(const QStringList &files)
 void WindowPrompts::showSummary(const QStringList &changes)
 {
     ListDialog dialog(
-        {tr("Summary"), tr("Following changes have been made:"), changes, {tr("Continue")}, {}},
+        {tr("Summary"), tr("Following changes have been made:"), changes, {tr("Continue")}},
         &m_window);
     dialog.choose();
 }
@@ -136,7 +137,7 @@ void WindowPrompts::showTold()
     if (m_told.isEmpty())
         return;
     const QStringList told = std::exchange(m_told, {});
-    ListDialog dialog({tr("Please note"), tr("This is worth knowing:"), told, {tr("Continue")}, {}},
+    ListDialog dialog({tr("Please note"), tr("This is worth knowing:"), told, {tr("Continue")}},
                       &m_window);
     dialog.choose();
 }

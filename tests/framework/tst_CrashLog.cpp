@@ -137,6 +137,7 @@ private Q_SLOTS:
         QVERIFY(qAbs(report->time.secsTo(QDateTime::currentDateTime())) < 60);
         QVERIFY(!CrashLog::explain(*report).isEmpty());
         QVERIFY(!CrashLog::takeUnread(m_folder.path(QString()))); // once
+        QCOMPARE(CrashLog::lastTaken(m_folder.path(QString()))->text, report->text);
         if (function.isEmpty())
             return;
         QVERIFY2(text.section("Backtrace:"_s, 1).contains(function), qPrintable(text));

@@ -37,9 +37,9 @@ private Q_SLOTS:
         QVERIFY(QTest::qWaitForWindowExposed(&window));
         for (const bool isDark : {true, false, true}) {
             applyTheme(isDark ? ThemeChoice::Dark : ThemeChoice::Light);
+            QTRY_COMPARE(isDarkPalette(window.palette()), isDark);
             const QImage image = window.grab().toImage();
             const QPalette palette = window.palette();
-            QCOMPARE(isDarkPalette(palette), isDark);
             QCOMPARE(image.pixelColor(8, 12), palette.color(QPalette::WindowText));
             QCOMPARE(image.pixelColor(15, 12), themeColors(palette).accent);
             QCOMPARE(image.pixelColor(45, 5), themeColors(palette).line);

@@ -34,7 +34,7 @@ private Q_SLOTS:
         const QString program = QStringLiteral(CLI_PROGRAM);
         const QString help = "--help"_s;
         const QByteArray all = said(program, {help});
-        const QRegularExpression commandLine("^  (\\w+) "_s, QRegularExpression::MultilineOption);
+        const QRegularExpression commandLine(R"(^  (\w+) )"_s, QRegularExpression::MultilineOption);
         const QRegularExpression optionName("--[a-z-]+"_s);
         auto commands = commandLine.globalMatch(QString::fromUtf8(all.mid(all.indexOf("Subcomm"))));
         int count = 0;

@@ -17,9 +17,11 @@
 
 #include <QAbstractButton>
 #include <QDir>
+#include <QListWidget>
 #include <QMessageBox>
 #include <QProcess>
 #include <QRandomGenerator>
+#include <QTimer>
 
 #include <csignal>
 #include <cstdio>
@@ -262,12 +264,22 @@ private Q_SLOTS:
         const QByteArray kept = leaveSnapshot(path);
         QVERIFY(!kept.isEmpty() && kept != fingerprintOf(path));
 
-        // One that can't be read stays beside it; left for later, then recovered.
+        // One that can't be read stays beside it; another is deleted; left for later, then
+        // recovered.
         m_folder.write("data/Vesperine/Vesperine/recovery/broken/index"_s, "?");
+        m_folder.write("data/Vesperine/Vesperine/recovery/worse/index"_s, "?");
         auto window = std::make_unique<MainWindow>(application());
         showActive(*window);
         DialogScript script;
-        script.then(DialogScript::click("Later"_s));
+        script.then([](QWidget &dialog) {
+            dialog.findChild<QListWidget *>()->setCurrentRow(1);
+            QTimer::singleShot(
+                0, &dialog, [&dialog] { DialogScript::click("Delete..."_s)(dialog); });
+        });
+        script.then(DialogScript::click("Delete"_s)).then([](QWidget &dialog) {
+            QCOMPARE(dialog.findChild<QListWidget *>()->count(), 2);
+            DialogScript::click("Later"_s)(dialog);
+        });
         window->recovery().offer();
         script.then(DialogScript::click("Recover"_s));
         window->recovery().offer();

@@ -146,8 +146,7 @@ bool ImportNormalMaps::settleGreen(Outcomes &outcomes) const
                        tr("In these normal maps green seems to count downwards, so that light from "
                           "above would seem to come from below:"),
                        files,
-                       {tr("Flip green and import"), tr("Import as they are"), tr("Cancel")},
-                       {}},
+                       {tr("Flip green and import"), tr("Import as they are"), tr("Cancel")}},
                       context().window);
     const int chosen = dialog.choose();
     if (chosen != 0)
@@ -174,8 +173,7 @@ void ImportNormalMaps::tell(const Outcomes &outcomes) const
                            .arg(imported)
                            .arg(outcomes.size()),
                        notes,
-                       {tr("Continue")},
-                       {}},
+                       {tr("Continue")}},
                       context().window);
     dialog.choose();
 }
