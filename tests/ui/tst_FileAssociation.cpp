@@ -19,8 +19,8 @@ private Q_SLOTS:
         const QStringList registered{
             ".x/Content Type=a/x"_s, ".x/OpenWithProgids/P.X="_s, "P.X/Default=A file"_s};
         const QStringList opened{".x/Default=P.X"_s,
-                                 "P.X/shell/open/command/Default=\"C:\\My 1\\p.exe\" \"%1\""_s};
-        const QStringList shown{"P.X/DefaultIcon/Default=C:\\i.ico"_s};
+                                 R"(P.X/shell/open/command/Default="C:\My 1\p.exe" "%1")"_s};
+        const QStringList shown{R"(P.X/DefaultIcon/Default=C:\i.ico)"_s};
         QTest::newRow("nothing") << QVector<bool>{false, false, false} << QStringList();
         QTest::newRow("registered") << QVector<bool>{true, false, false} << registered;
         QTest::newRow("opened") << QVector<bool>{false, true, false} << opened;
@@ -33,13 +33,13 @@ private Q_SLOTS:
         QFETCH(const QVector<bool>, flags);
         QFETCH(const QStringList, expected);
         const FileAssociation association{
-            ".x"_s, "P.X"_s, "A file"_s, "a/x"_s, "C:\\i.ico"_s, flags[0], flags[1], flags[2]};
-        const QString program = "C:\\My 1\\p.exe"_s;
+            ".x"_s, "P.X"_s, "A file"_s, "a/x"_s, R"(C:\i.ico)"_s, flags[0], flags[1], flags[2]};
+        const QString program = R"(C:\My 1\p.exe)"_s;
         QCOMPARE(storeAssociation(association, program, *m_classes), !expected.isEmpty());
         QCOMPARE(stored(), sorted(expected));
         // A second start writes nothing, another place of the program its command.
         QVERIFY(!storeAssociation(association, program, *m_classes));
-        QCOMPARE(storeAssociation(association, "D:\\p.exe"_s, *m_classes), flags[1]);
+        QCOMPARE(storeAssociation(association, R"(D:\p.exe)"_s, *m_classes), flags[1]);
     }
 
     void projects()
@@ -52,8 +52,8 @@ private Q_SLOTS:
                  QStringList{".vep/Default=Vesperine.Project"_s});
         QCOMPARE(stored().filter("=application/x-vesperine-project"_s).size(), 2);
         QCOMPARE(stored().filter("command"_s),
-                 QStringList{"Vesperine.Project/shell/open/command/Default="
-                             "\"/opt/v/vesperine\" \"%1\""_s});
+                 QStringList{
+                     R"(Vesperine.Project/shell/open/command/Default="/opt/v/vesperine" "%1")"_s});
     }
 
     void init()
