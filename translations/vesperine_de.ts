@@ -827,26 +827,6 @@ bleibt unverändert.</translation>
         <translation>Sonst gehen sie verloren.</translation>
     </message>
     <message>
-        <source>Save As</source>
-        <translation>Speichern unter</translation>
-    </message>
-    <message>
-        <source>Replace file?</source>
-        <translation>Datei ersetzen?</translation>
-    </message>
-    <message>
-        <source>%1 already exists. Replace it?</source>
-        <translation>%1 gibt es schon. Ersetzen?</translation>
-    </message>
-    <message>
-        <source>What it holds now is lost.</source>
-        <translation>Ihr jetziger Inhalt geht verloren.</translation>
-    </message>
-    <message>
-        <source>Replace</source>
-        <translation>Ersetzen</translation>
-    </message>
-    <message>
         <source>&amp;Window</source>
         <translation>&amp;Fenster</translation>
     </message>
@@ -873,10 +853,6 @@ bleibt unverändert.</translation>
     <message>
         <source>%1 (read-only)</source>
         <translation>%1 (schreibgeschützt)</translation>
-    </message>
-    <message>
-        <source>“%1”</source>
-        <translation>„%1“</translation>
     </message>
     <message>
         <source>%1 copy</source>
@@ -1979,6 +1955,13 @@ Die Sicherung bleibt in „%2“.</translation>
     </message>
 </context>
 <context>
+    <name>QuotedName</name>
+    <message>
+        <source>“%1”</source>
+        <translation>„%1“</translation>
+    </message>
+</context>
+<context>
     <name>ReadImage</name>
     <message>
         <source>neither PNG nor JPEG</source>
@@ -2241,6 +2224,29 @@ Die Sicherung bleibt in „%2“.</translation>
     </message>
 </context>
 <context>
+    <name>SavePath</name>
+    <message>
+        <source>Replace file?</source>
+        <translation>Datei ersetzen?</translation>
+    </message>
+    <message>
+        <source>%1 already exists. Replace it?</source>
+        <translation>%1 gibt es schon. Ersetzen?</translation>
+    </message>
+    <message>
+        <source>What it holds now is lost.</source>
+        <translation>Ihr jetziger Inhalt geht verloren.</translation>
+    </message>
+    <message>
+        <source>Replace</source>
+        <translation>Ersetzen</translation>
+    </message>
+    <message>
+        <source>Save As</source>
+        <translation>Speichern unter</translation>
+    </message>
+</context>
+<context>
     <name>ShapeTreeView</name>
     <message>
         <source>Sprites</source>
@@ -2270,8 +2276,8 @@ ziehen</translation>
         <translation>Weitere Tasten</translation>
     </message>
     <message>
-        <source>%1 opens the menu “%2”.</source>
-        <translation>%1 öffnet das Menü „%2“.</translation>
+        <source>%1 opens the menu %2.</source>
+        <translation>%1 öffnet das Menü %2.</translation>
     </message>
 </context>
 <context>
@@ -2335,10 +2341,6 @@ ziehen</translation>
     <message>
         <source>%1 is a key of the tools, which stays.</source>
         <translation>%1 ist eine Taste der Werkzeuge und bleibt es.</translation>
-    </message>
-    <message>
-        <source>%1 stays with “%2”.</source>
-        <translation>%1 bleibt bei „%2“.</translation>
     </message>
     <message>
         <source>%1 is the key of %2 now.</source>

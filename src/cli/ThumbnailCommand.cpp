@@ -8,7 +8,6 @@
 #include "model/properties/PropertyT.h"
 
 namespace {
-constexpr int mostBodies = 4;
 
 // The first bodies with a sprite, or else a surface, in the light of a lamp above their upper left
 // corner.

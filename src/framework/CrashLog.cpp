@@ -1,5 +1,6 @@
 #include "framework/CrashLog.h"
 
+#include "base/DataFolder.h"
 #include "base/GLogger.h"
 #include "framework/CrashHandler.h"
 
@@ -7,7 +8,6 @@
 #include <QDir>
 #include <QFile>
 #include <QRegularExpression>
-#include <QStandardPaths>
 #include <QSysInfo>
 
 #if __has_include(<cxxabi.h>)
@@ -24,11 +24,6 @@ struct Words
 {
     Q_DECLARE_TR_FUNCTIONS(CrashLog)
 };
-
-QString dataFolder()
-{
-    return QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation);
-}
 
 QFileInfoList reportsIn(const QString &folder, const QString &pattern)
 {

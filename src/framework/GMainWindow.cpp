@@ -4,6 +4,7 @@
 #include "framework/AboutDialog.h"
 #include "framework/GAction.h"
 #include "framework/ManualDialog.h"
+#include "framework/QuotedName.h"
 #include "framework/RecentFiles.h"
 #include "framework/Shortcuts.h"
 #include "framework/ShortcutsDialog.h"
@@ -54,11 +55,6 @@ GAction *createAction(GMainWindow *window,
     action->setShortcuts(keys);
     action->setMenuRole(role);
     return action;
-}
-
-QString quoted(const QString &name)
-{
-    return GMainWindow::tr("“%1”").arg(name);
 }
 
 } // namespace
@@ -142,7 +138,7 @@ bool GMainWindow::save()
 bool GMainWindow::saveAs()
 {
     finishEditing();
-    const QString path = chooseSavePath();
+    const QString path = chooseSavePath(m_type, savePathProposal(), this);
     return !path.isEmpty() && store(path);
 }
 
@@ -207,54 +203,20 @@ bool GMainWindow::mayReplaceDocument()
            (answer == QMessageBox::Save && save() && !isDocumentModified());
 }
 
-QString GMainWindow::chooseSavePath()
+QString GMainWindow::savePathProposal() const
 {
-    QString proposal;
-    if (const QFileInfo present(documentPath()); !documentPath().isEmpty()) {
-        // A document may have been opened under a suffix that is no longer written.
-        const QString base = present.completeBaseName();
-        proposal = present.dir().filePath((isDocumentReadOnly() ? tr("%1 copy").arg(base) : base) +
-                                          QLatin1Char('.') + m_type.suffix);
-    } else {
+    const QString path = documentPath();
+    if (path.isEmpty()) {
         const QString documents =
             QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
-        proposal = QDir(m_settings.value(folderKey(), documents).toString())
-                       .filePath(m_type.newName + QLatin1Char('.') + m_type.suffix);
+        return QDir(m_settings.value(folderKey(), documents).toString())
+            .filePath(m_type.newName + QLatin1Char('.') + m_type.suffix);
     }
-    while (true) {
-        QString path =
-            QFileDialog::getSaveFileName(this, tr("Save As"), proposal, m_type.saveFilter);
-        if (path.isEmpty() || isDocumentSuffix(QFileInfo(path).suffix()))
-            return path;
-        // The file dialog has asked about the name as it was typed, not about this one.
-        path += (path.endsWith(QLatin1Char('.')) ? QString() : QStringLiteral(".")) + m_type.suffix;
-        if (!QFileInfo::exists(path) || mayOverwrite(path))
-            return path;
-        proposal = path;
-    }
-}
-
-// Any other is a part of the name, as in "level 1.5".
-bool GMainWindow::isDocumentSuffix(const QString &suffix) const
-{
-    const QStringList patterns = m_type.openFilter.section(QLatin1Char('('), -1)
-                                     .section(QLatin1Char(')'), 0, 0)
-                                     .split(QLatin1Char(' '));
-    return patterns.contains(QLatin1String("*.") + suffix, Qt::CaseInsensitive);
-}
-
-bool GMainWindow::mayOverwrite(const QString &path)
-{
-    QMessageBox box(QMessageBox::Warning,
-                    tr("Replace file?"),
-                    tr("%1 already exists. Replace it?").arg(quoted(QFileInfo(path).fileName())),
-                    QMessageBox::Cancel,
-                    this);
-    box.setInformativeText(tr("What it holds now is lost."));
-    const QPushButton *replacing = box.addButton(tr("Replace"), QMessageBox::AcceptRole);
-    box.setDefaultButton(QMessageBox::Cancel);
-    box.exec();
-    return box.clickedButton() == replacing;
+    // A document may have been opened under a suffix that is no longer written.
+    const QFileInfo present(path);
+    const QString base = present.completeBaseName();
+    return present.dir().filePath((isDocumentReadOnly() ? tr("%1 copy").arg(base) : base) +
+                                  QLatin1Char('.') + m_type.suffix);
 }
 
 QString GMainWindow::documentName() const

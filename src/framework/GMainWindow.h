@@ -1,5 +1,6 @@
 #pragma once
 
+#include "framework/SavePath.h"
 #include "framework/ShortcutGroup.h"
 
 #include <QHash>
@@ -21,13 +22,6 @@ class GMainWindow : public QMainWindow
     Q_OBJECT
 
 public:
-    struct DocumentType
-    {
-        QString openFilter; ///< such as "Vesperine projects (*.vep *.vex)"
-        QString saveFilter; ///< such as "Vesperine projects (*.vep)"
-        QString suffix;     ///< added to names without one, without a dot
-        QString newName;    ///< the title of what was never saved, such as "Untitled"
-    };
     struct ApplicationTexts
     {
         QString sentence;   ///< what the program is for, in About
@@ -104,9 +98,7 @@ private:
     bool mayReplaceDocument();
     QString documentName() const;
     void finishEditing();
-    QString chooseSavePath();
-    bool isDocumentSuffix(const QString &suffix) const;
-    bool mayOverwrite(const QString &path);
+    QString savePathProposal() const;
     bool store(const QString &path);
     void rememberDocument();
     void returnFocus(QWidget *old, QWidget *now);

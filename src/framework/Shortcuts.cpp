@@ -2,6 +2,7 @@
 
 #include "base/GSettings.h"
 #include "framework/GAction.h"
+#include "framework/QuotedName.h"
 #include "framework/ReservedKeys.h"
 
 #include <QActionEvent>
@@ -149,8 +150,9 @@ QString Shortcuts::refusal(const QKeySequence &keys) const
     const QMenuBar *bar = menuBarOf(m_window);
     for (const QAction *title : bar ? bar->actions() : QList<QAction *>()) {
         if (QKeySequence::mnemonic(title->text()) == keys)
-            return tr("%1 opens the menu \u201c%2\u201d.")
-                .arg(keys.toString(QKeySequence::NativeText), plainActionText(title->text()));
+            return tr("%1 opens the menu %2.")
+                .arg(keys.toString(QKeySequence::NativeText),
+                     quoted(plainActionText(title->text())));
     }
     return reservedFor(keys);
 }

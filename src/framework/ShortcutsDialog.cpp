@@ -2,6 +2,8 @@
 
 #include "framework/GAction.h"
 #include "framework/KeyEdit.h"
+#include "framework/Proposal.h"
+#include "framework/QuotedName.h"
 #include "framework/Shortcuts.h"
 #include "framework/ThemeColors.h"
 #include "framework/UiScale.h"
@@ -10,7 +12,6 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
-#include <QMessageBox>
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QTreeWidget>
@@ -33,7 +34,7 @@ QString textOf(const QKeySequence &keys)
 
 QString quoted(const QAction &command)
 {
-    return QStringLiteral("\u201c%1\u201d").arg(plainActionText(command.text()));
+    return ::quoted(plainActionText(command.text()));
 }
 
 QPushButton *createButton(const QString &text)
@@ -272,7 +273,7 @@ void ShortcutsDialog::take(const QKeySequence &keys)
     } else if (refusal.isEmpty() && m_shortcuts.isFixed(keys)) {
         const QString gesture = gestureAt(keys);
         tell(gesture.isEmpty() ? tr("%1 is a key of the tools, which stays.").arg(textOf(keys))
-                               : tr("%1 stays with \u201c%2\u201d.").arg(textOf(keys), gesture),
+                               : tr("%1 stays with %2.").arg(textOf(keys), ::quoted(gesture)),
              true);
     } else if (refusal.isEmpty() && !holder) {
         m_shortcuts.setKeys(*command, {keys});
@@ -318,16 +319,11 @@ void ShortcutsDialog::reset()
 
 void ShortcutsDialog::askAndResetAll()
 {
-    QMessageBox box(QMessageBox::Question,
-                    tr("Reset all keys?"),
-                    tr("Give all commands their own keys again?"),
-                    QMessageBox::Cancel,
-                    this);
-    box.setInformativeText(tr("The keys that you have chosen are lost."));
-    const QPushButton *resetting = box.addButton(tr("Reset All"), QMessageBox::AcceptRole);
-    box.setDefaultButton(QMessageBox::Cancel);
-    box.exec();
-    if (box.clickedButton() == resetting)
+    const Proposal resetting{tr("Reset all keys?"),
+                             tr("Give all commands their own keys again?"),
+                             tr("The keys that you have chosen are lost."),
+                             tr("Reset All")};
+    if (isAgreedTo(resetting, this))
         m_shortcuts.resetAll();
 }
 

@@ -1,5 +1,8 @@
 #include "imaging/PoolThread.h"
 
+#include <QThreadPool>
+
+#include <algorithm>
 #include <atomic>
 
 namespace {
@@ -15,4 +18,9 @@ void enterPoolThread()
 {
     if (void (*const prologue)() = present.load(std::memory_order_acquire))
         prologue();
+}
+
+int backgroundThreads()
+{
+    return std::max(1, QThreadPool::globalInstance()->maxThreadCount() / 2);
 }

@@ -6,3 +6,7 @@ void setPoolThreadPrologue(void (*prologue)());
 
 /// Called by the tasks.
 void enterPoolThread();
+
+/// How many tasks at a time work may have that nobody waits for: half of the pool's threads, since
+/// the other half is the tools'.
+int backgroundThreads();

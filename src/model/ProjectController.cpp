@@ -3,10 +3,8 @@
 #include "base/Error.h"
 #include "base/GSettings.h"
 #include "base/PlainText.h"
-#include "imaging/PoolQueue.h"
 #include "model/DataModelReader.h"
 #include "model/DataModelWriter.h"
-#include "model/ImageReading.h"
 #include "model/NormalMapExport.h"
 #include "model/Project.h"
 #include "model/ProjectLock.h"
@@ -14,43 +12,19 @@
 #include "model/PropertyAngleImage.h"
 #include "model/Sprite.h"
 #include "model/SpriteFiles.h"
+#include "model/SpriteLoading.h"
 #include "model/SurfaceFitting.h"
 #include "model/properties/PropertyT.h"
 
 #include <QDir>
 #include <QFileInfo>
 
-#include <algorithm>
-#include <iterator>
 #include <utility>
 
 namespace {
-PoolQueue<ReadImage> readImages(const QStringList &paths)
-{
-    return {int(paths.size()),
-            [paths](int index) { return [path = paths[index]] { return readImageFile(path); }; }};
-}
-
-QStringList pathsOf(const QVector<Body *> &bodies)
-{
-    QStringList paths;
-    for (const Body *body : bodies)
-        paths.append(body->sprite().filename().value().path());
-    return paths;
-}
-
 QString lastSpriteImportKey()
 {
     return QStringLiteral("lastSpriteImportPath");
-}
-
-QVector<Body *> resizedAmong(const QVector<Body *> &bodies)
-{
-    QVector<Body *> resized;
-    std::copy_if(bodies.begin(), bodies.end(), std::back_inserter(resized), [](const Body *body) {
-        return body->sprite().isWrongSized();
-    });
-    return resized;
 }
 
 QString bodyName(const QString &path)
@@ -220,7 +194,7 @@ void ProjectController::addSprites(const QStringList &paths)
         }
         m_selection.setSelection(added);
         m_settings.setValue(lastSpriteImportKey(),
-                            QFileInfo(pathsOf({added.first()}).first()).path());
+                            QFileInfo(added.first()->sprite().filename().value().path()).path());
     }
     if (!failures.isEmpty())
         throw Error(tr("Failed to add following files:\n\n") + failures.join(QLatin1Char('\n')));
@@ -311,41 +285,15 @@ void ProjectController::install(const std::shared_ptr<Project> &project)
     project->undoStack().clear();
     // Undo and redo give a sprite another file, or its surface another size.
     QObject::connect(&project->undoStack(), &GUndoStack::indexChanged, &m_selection, [this] {
-        loadOutdatedSprites();
+        loadOutdatedSprites(*m_project);
     });
-}
-
-void ProjectController::loadOutdatedSprites()
-{
-    QVector<Body *> outdated;
-    for (Body *body : m_project->bodies().all()) {
-        if (body->sprite().isOutdated(body->paintedSize()))
-            outdated.append(body);
-    }
-    loadSprites(outdated);
-}
-
-void ProjectController::loadSprites(const QVector<Body *> &bodies)
-{
-    auto images = readImages(pathsOf(bodies));
-    for (Body *body : bodies)
-        body->sprite().load(images.next(), body->paintedSize(), !body->paintedSize().isEmpty());
-}
-
-QVector<Body *> ProjectController::missingBodies() const
-{
-    QVector<Body *> missing;
-    for (Body *body : m_project->bodies().all()) {
-        if (!body->sprite().isLoaded())
-            missing.append(body);
-    }
-    return missing;
 }
 
 void ProjectController::resolveMissing(QStringList &changes)
 {
-    for (auto missing = missingBodies(); !missing.isEmpty(); missing = missingBodies()) {
-        switch (m_prompts.askMissingTextures(pathsOf(missing))) {
+    for (auto missing = bodiesWithoutSprite(*m_project); !missing.isEmpty();
+         missing = bodiesWithoutSprite(*m_project)) {
+        switch (m_prompts.askMissingTextures(spritePaths(missing))) {
         case ProjectPrompts::MissingTextures::Search:
             searchMissing(m_prompts.askSearchFolder(), changes);
             break;
@@ -365,7 +313,7 @@ void ProjectController::searchMissing(const QString &folder, QStringList &change
     if (folder.isEmpty())
         return;
     const UndoMacro macro(m_project->undoStack(), tr("update file paths"));
-    for (Body *body : missingBodies()) {
+    for (Body *body : bodiesWithoutSprite(*m_project)) {
         auto &filename = body->sprite().filename();
         const GFileName path(QDir(folder).filePath(filename.value().fileName()));
         if (path == filename.value() || !QFileInfo(path.path()).isFile())
@@ -376,29 +324,12 @@ void ProjectController::searchMissing(const QString &folder, QStringList &change
     }
 }
 
-QVector<Body *> ProjectController::reloadSprites(const QHash<QString, ReadImage> &read)
-{
-    QVector<Body *> reloaded;
-    for (Body *body : m_project->bodies().all()) {
-        Sprite &sprite = body->sprite();
-        const auto found = read.find(sprite.filename().value().path());
-        if (found == read.end() || sprite.isOf(*found))
-            continue;
-        const QSize painted = body->paintedSize();
-        // Without a surface, the placeholder of a missing file keeps the size of its image.
-        sprite.load(
-            *found, painted.isEmpty() ? sprite.image().size() : painted, !painted.isEmpty());
-        reloaded.append(body);
-    }
-    return reloaded;
-}
-
 // Asked again when a file changes once more before its surface has its size.
 QStringList ProjectController::resolveResized(const QVector<Body *> &bodies)
 {
     QStringList changes;
     for (auto resized = resizedAmong(bodies); !resized.isEmpty(); resized = resizedAmong(resized)) {
-        const ResizedAnswer answer = m_prompts.askResized(pathsOf(resized));
+        const ResizedAnswer answer = m_prompts.askResized(spritePaths(resized));
         if (answer.action == ResizedAnswer::Action::Keep)
             break;
         changes += fitSurfaces(

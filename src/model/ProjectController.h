@@ -5,7 +5,6 @@
 
 #include <QCoreApplication>
 #include <QDateTime>
-#include <QHash>
 #include <QImage>
 #include <QStringList>
 
@@ -17,7 +16,6 @@ class GSettings;
 class ProjectLock;
 class ProjectPrompts;
 struct NormalMapExport;
-struct ReadImage;
 
 /// Carries out the document operations that menus and the command line ask for, by undoable steps.
 /// Owns the selection of bodies and a share of the project; settings and prompts outlive it.
@@ -73,9 +71,6 @@ public:
     void resolveTextures();
     /// Both in turn.
     void checkTextures();
-    /// Shows what was read of sprite files, by their paths, where it is not shown yet; surfaces
-    /// stay as they are. Returns the bodies that show something else now.
-    QVector<Body *> reloadSprites(const QHash<QString, ReadImage> &read);
     /// Asks what to do with the surfaces of those of @p bodies whose sprites have another size.
     /// Returns the changes that were made.
     QStringList resolveResized(const QVector<Body *> &bodies);
@@ -100,9 +95,6 @@ private:
     void write();
     /// The lock to save @p fileName under; throws Error when another program has it.
     std::shared_ptr<ProjectLock> lockForSaving(const QString &fileName) const;
-    void loadSprites(const QVector<Body *> &bodies);
-    void loadOutdatedSprites();
-    QVector<Body *> missingBodies() const;
     void resolveMissing(QStringList &changes);
     void searchMissing(const QString &folder, QStringList &changes);
 

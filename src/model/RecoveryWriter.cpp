@@ -1,8 +1,8 @@
 #include "model/RecoveryWriter.h"
 
 #include "base/Error.h"
+#include "model/FileWriting.h"
 #include "model/Project.h"
-#include "model/SaveDevice.h"
 #include "model/XmlGuard.h"
 
 #include <QBuffer>
@@ -15,14 +15,6 @@
 namespace {
 constexpr int thumbnailSide = 192;
 constexpr int fastest = 1; // the level of compression: four times as fast as the usual one
-
-QString writeFile(const QString &path, const QByteArray &bytes)
-{
-    SaveDevice device(path);
-    if (device.open(QIODevice::WriteOnly) && device.write(bytes) == bytes.size() && device.commit())
-        return {};
-    return device.errorString();
-}
 
 QString noMemory()
 {
@@ -251,10 +243,7 @@ void RecoveryWriter::goOn()
     }
     if (!m_problem.isEmpty())
         m_waiting.clear();
-    // The other half of the threads is the brushes'.
-    const auto lanes =
-        std::size_t(std::max(1, QThreadPool::globalInstance()->maxThreadCount() / 2));
-    while (!m_waiting.empty() && m_tasks.size() < lanes) {
+    while (!m_waiting.empty() && int(m_tasks.size()) < backgroundThreads()) {
         start(std::move(m_waiting.front()));
         m_waiting.pop_front();
     }

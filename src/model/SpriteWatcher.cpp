@@ -211,7 +211,7 @@ void SpriteWatcher::lookAtDoubtful()
     const auto differing = [known] {
         QStringList paths;
         for (const auto &[path, stamp] : known) {
-            if (!(stampOf(path) == stamp))
+            if (stampOf(path) != stamp)
                 paths.append(path);
         }
         return paths;
@@ -241,10 +241,9 @@ void SpriteWatcher::read(const QSet<QString> &paths)
     startReading();
 }
 
-// On half of the pool, which is the tools' too.
 void SpriteWatcher::startReading()
 {
-    const int most = std::max(1, QThreadPool::globalInstance()->maxThreadCount() / 2);
+    const int most = backgroundThreads();
     for (auto next = m_toRead.begin(); next != m_toRead.end() && int(m_reading.size()) < most;) {
         const QString path = *next;
         if (m_reading.contains(path)) {

@@ -1,5 +1,6 @@
 #include "preview/BodyItems.h"
 
+#include "imaging/FloatImage.h"
 #include "model/Body.h"
 #include "model/Sprite.h"
 #include "preview/SpriteItem.h"
@@ -8,6 +9,8 @@
 #include <QGraphicsScene>
 #include <QSet>
 #include <QtMath>
+
+#include <algorithm>
 
 namespace {
 Body &bodyOf(const std::shared_ptr<Property> &entry)
@@ -140,4 +143,21 @@ SpriteItem *BodyItems::itemAt(const QPointF &position) const
         topmost = topmost ? topmost : item;
     }
     return topmost;
+}
+
+void BodyItems::showSelection(const Body *body, const FloatImage &mask)
+{
+    for (SpriteItem *item : std::as_const(m_order)) {
+        if (&item->body() == body)
+            item->setPixelSelection(mask);
+        else if (item->hasSelection())
+            item->setPixelSelection({});
+    }
+}
+
+bool BodyItems::haveSelection() const
+{
+    return std::any_of(m_order.begin(), m_order.end(), [](const SpriteItem *item) {
+        return item->hasSelection();
+    });
 }

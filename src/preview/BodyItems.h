@@ -11,6 +11,7 @@
 #include <unordered_map>
 
 class Body;
+class FloatImage;
 class QGraphicsScene;
 class SpriteItem;
 
@@ -41,6 +42,11 @@ public:
     /// The topmost item with an opaque pixel at @p position, else the topmost whose rectangle has
     /// it; null for none.
     SpriteItem *itemAt(const QPointF &position) const;
+
+    /// Outlines the selected pixels of @p body by @p mask, and those of no other.
+    void showSelection(const Body *body, const FloatImage &mask);
+    /// True when pixels of one are outlined.
+    bool haveSelection() const;
 
 Q_SIGNALS:
     void itemAdded(SpriteItem *item);

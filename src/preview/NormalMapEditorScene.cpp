@@ -22,7 +22,6 @@
 #include <QGraphicsView>
 
 namespace {
-constexpr double lightShare = 0.125; // of the sprites' sides, from their upper left
 constexpr QRectF emptyContent(-256.0, -256.0, 512.0, 512.0);
 } // namespace
 
@@ -98,7 +97,7 @@ void NormalMapEditorScene::setProject(Project *project)
     if (project)
         m_listObservation = ChangeManager::instance().observe(project->bodies(), *this);
     updateItems();
-    placeLight();
+    m_projectLight->placeIn(contentRect());
 }
 
 void NormalMapEditorScene::observableChanged(Observable & /*observable*/)
@@ -111,7 +110,7 @@ void NormalMapEditorScene::updateItems()
     m_items->show(m_project ? m_project->bodies().entries() : PropertyList::Entries());
     m_startScreen->setVisible(m_items->isEmpty());
     if (m_items->areAllNew())
-        placeLight();
+        m_projectLight->placeIn(contentRect());
     updateCurrentBody();
     updateContent();
     updateAnimating();
@@ -170,12 +169,6 @@ QRectF NormalMapEditorScene::contentRect() const
     return screen.isEmpty() ? emptyContent : screen;
 }
 
-void NormalMapEditorScene::placeLight()
-{
-    const QRectF content = contentRect();
-    light().setPos(content.topLeft() + lightShare * (content.bottomRight() - content.topLeft()));
-}
-
 PaintTool *NormalMapEditorScene::tool() const
 {
     return m_routing->tool();
@@ -203,12 +196,7 @@ void NormalMapEditorScene::updateCurrentBody()
 
 void NormalMapEditorScene::showPixelSelection(Body *body, const FloatImage &mask)
 {
-    for (SpriteItem *item : m_items->items()) {
-        if (&item->body() == body)
-            item->setPixelSelection(mask);
-        else if (item->hasSelection())
-            item->setPixelSelection({});
-    }
+    m_items->showSelection(body, mask);
     m_routing->pixelSelectionChanged(body);
     updateAnimating();
 }
@@ -216,11 +204,8 @@ void NormalMapEditorScene::showPixelSelection(Body *body, const FloatImage &mask
 // Pixel outlines march in every display mode, the light turns where it shows.
 void NormalMapEditorScene::updateAnimating()
 {
-    const auto &items = m_items->items();
-    const bool hasOutline = std::any_of(
-        items.begin(), items.end(), [](const SpriteItem *item) { return item->hasSelection(); });
-    const bool hasTurn = m_rotation->isOn() && !items.isEmpty() && light().isVisible();
-    setAnimating(hasOutline || hasTurn);
+    const bool hasTurn = m_rotation->isOn() && !m_items->isEmpty() && light().isVisible();
+    setAnimating(hasTurn || m_items->haveSelection());
 }
 
 void NormalMapEditorScene::setDisplayMode(DisplayMode mode)

@@ -95,7 +95,6 @@ private:
     void addItem(SpriteItem *item);
     void dropItem(SpriteItem *item);
     void updateContent();
-    void placeLight();
 
     void updateCurrentBody();
     void showPixelSelection(Body *body, const FloatImage &mask);

@@ -25,6 +25,12 @@ void ProjectLight::setProject(Project *project)
     observableChanged(*project);
 }
 
+void ProjectLight::placeIn(const QRectF &content)
+{
+    constexpr double share = 0.125; // of its sides
+    m_scene.light().setPos(content.topLeft() + share * (content.bottomRight() - content.topLeft()));
+}
+
 void ProjectLight::observableChanged(Observable & /*observable*/)
 {
     m_scene.light().setHeight(static_cast<float>(m_project->lightHeight().value()));

@@ -3,7 +3,7 @@
 #include "base/GSettings.h"
 #include "framework/PanelLabels.h"
 #include "framework/UiScale.h"
-#include "model/SaveDevice.h"
+#include "model/FileWriting.h"
 
 #include <QCheckBox>
 #include <QClipboard>
@@ -181,13 +181,12 @@ void FeedbackDialog::save()
                                      tr("Text files (*.txt);;All files (*)"));
     if (path.isEmpty())
         return;
-    SaveDevice device(path);
-    const QByteArray bytes = message().toUtf8() + '\n';
-    if (device.open(QIODevice::WriteOnly) && device.write(bytes) == bytes.size() && device.commit())
-        deliver(tr("It is saved as %1.").arg(QDir::toNativeSeparators(path)));
+    const QString name = QDir::toNativeSeparators(path);
+    const QString problem = writeFile(path, message().toUtf8() + '\n');
+    if (problem.isEmpty())
+        deliver(tr("It is saved as %1.").arg(name));
     else
-        m_notice->setText(tr("%1 can't be written: %2")
-                              .arg(QDir::toNativeSeparators(path), device.errorString()));
+        m_notice->setText(tr("%1 can't be written: %2").arg(name, problem));
 }
 
 // The text has gone somewhere: it need not stand there again the next time.

@@ -38,7 +38,7 @@
 #include <QToolBar>
 
 namespace {
-GMainWindow::DocumentType projectType()
+DocumentType projectType()
 {
     return {MainWindow::tr("Vesperine projects (*.vep *.vex)"),
             MainWindow::tr("Vesperine projects (*.vep)"),

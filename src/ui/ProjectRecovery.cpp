@@ -1,5 +1,6 @@
 #include "ui/ProjectRecovery.h"
 
+#include "base/DataFolder.h"
 #include "base/Error.h"
 #include "model/Project.h"
 #include "model/ProjectController.h"
@@ -8,7 +9,6 @@
 #include "ui/WindowPrompts.h"
 
 #include <QMessageBox>
-#include <QStandardPaths>
 
 ProjectRecovery::ProjectRecovery(ProjectController &controller,
                                  WindowPrompts &prompts,
@@ -31,8 +31,7 @@ ProjectRecovery::ProjectRecovery(ProjectController &controller,
 
 QString ProjectRecovery::root()
 {
-    return QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation) +
-           QStringLiteral("/recovery");
+    return dataFolder() + QStringLiteral("/recovery");
 }
 
 void ProjectRecovery::setProject(Project *project)

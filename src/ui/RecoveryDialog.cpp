@@ -1,5 +1,7 @@
 #include "ui/RecoveryDialog.h"
 
+#include "framework/Proposal.h"
+#include "framework/QuotedName.h"
 #include "framework/UiScale.h"
 #include "model/RecoveryStore.h"
 #include "ui/SpriteDelegate.h"
@@ -12,7 +14,6 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QLocale>
-#include <QMessageBox>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -163,17 +164,12 @@ void RecoveryDialog::showCurrent()
 void RecoveryDialog::deleteCurrent()
 {
     const int row = m_list->currentRow();
-    QMessageBox box(QMessageBox::Warning,
-                    tr("Delete?"),
-                    tr("Delete what was kept of %1?")
-                        .arg(QStringLiteral("\u201c%1\u201d").arg(m_list->item(row)->text())),
-                    QMessageBox::Cancel,
-                    this);
-    box.setInformativeText(tr("It can't be recovered then."));
-    const QPushButton *deleting = box.addButton(tr("Delete"), QMessageBox::AcceptRole);
-    box.setDefaultButton(QMessageBox::Cancel);
-    box.exec();
-    if (box.clickedButton() != deleting)
+    const Proposal deleting{
+        tr("Delete?"),
+        tr("Delete what was kept of %1?").arg(quoted(m_list->item(row)->text())),
+        tr("It can't be recovered then."),
+        tr("Delete")};
+    if (!isAgreedTo(deleting, this))
         return;
     RecoveryFolder::clear(m_entries[std::size_t(row)].folder->path());
     // The list chooses another row while this one is still counted.

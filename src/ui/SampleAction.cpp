@@ -12,5 +12,6 @@ void addSampleAction(QMenu &menu, const std::function<void(const QStringList &)>
         return;
     QAction *action =
         menu.addAction(QCoreApplication::translate("SampleAction", "&Open the sample project"));
+    action->setObjectName(QStringLiteral("openSample"));
     QObject::connect(action, &QAction::triggered, &menu, [open, sample] { open({sample}); });
 }

@@ -5,6 +5,7 @@
 #include "model/Project.h"
 #include "model/ProjectController.h"
 #include "model/Sprite.h"
+#include "model/SpriteLoading.h"
 #include "model/properties/PropertyListT.h"
 #include "model/properties/PropertyT.h"
 #include "preview/NormalMapEditorScene.h"
@@ -95,7 +96,7 @@ bool SpriteReloading::isFree() const
 
 void SpriteReloading::showChanges()
 {
-    const auto bodies = m_controller.reloadSprites(m_watcher.takeChanges());
+    const auto bodies = ::reloadSprites(m_controller.project(), m_watcher.takeChanges());
     if (bodies.isEmpty())
         return;
     m_hasReloaded = true;

@@ -1,6 +1,7 @@
 #include "ui/WindowPrompts.h"
 
 #include "framework/ListDialog.h"
+#include "framework/Proposal.h"
 #include "ui/AnchorGrid.h"
 
 #include <QCloseEvent>
@@ -52,33 +53,22 @@ WindowPrompts::~WindowPrompts()
 
 bool WindowPrompts::askReadOnly(const QString &file, const QString &holder)
 {
-    return agreesTo(
+    return isAgreedTo(
         {tr("Project in use"),
          tr("%1 is open in %2.").arg(QFileInfo(file).fileName(), holder),
          tr("You can open it read-only: Save As... keeps your changes under another name."),
-         tr("Open read-only")});
+         tr("Open read-only")},
+        &m_window);
 }
 
 bool WindowPrompts::askReplaceChanged(const QString &file)
 {
-    return agreesTo(
+    return isAgreedTo(
         {tr("Project changed on disk"),
          tr("Another program has changed %1 since you opened it.").arg(QFileInfo(file).fileName()),
          tr("Replacing it loses what the other program wrote; Save As... keeps both."),
-         tr("Replace")});
-}
-
-bool WindowPrompts::agreesTo(const Proposal &proposal)
-{
-    QMessageBox box(
-        QMessageBox::Warning, proposal.title, proposal.text, QMessageBox::Cancel, &m_window);
-    box.setTextFormat(Qt::PlainText);
-    box.setInformativeText(proposal.consequence);
-    box.setWindowModality(Qt::WindowModal);
-    const QPushButton *agreeing = box.addButton(proposal.button, QMessageBox::AcceptRole);
-    box.setDefaultButton(QMessageBox::Cancel);
-    box.exec();
-    return box.clickedButton() == agreeing;
+         tr("Replace")},
+        &m_window);
 }
 
 ProjectPrompts::MissingTextures WindowPrompts::askMissingTextures(const QStringList &files)

@@ -40,15 +40,6 @@ public:
     void showTold();
 
 private:
-    struct Proposal
-    {
-        QString title;
-        QString text;
-        QString consequence;
-        QString button;
-    };
-    /// Asks before something that is not done by default.
-    bool agreesTo(const Proposal &proposal);
     void createProgress(int total);
 
     QWidget &m_window;

@@ -1,6 +1,7 @@
 #include "base/GLogger.h"
 #include "base/LogFile.h"
 #include "base/LogRing.h"
+#include "support/Widgets.h"
 
 #include <QDir>
 #include <QTemporaryDir>
@@ -61,7 +62,7 @@ private Q_SLOTS:
     void theFileIsBoundedAndItsLinesAreWhole()
     {
         const QTemporaryDir folder;
-        const QString place = folder.filePath(QStringLiteral("to/be/made"));
+        const QString place = folder.filePath("to/be/made"_s);
         GLogger::setVerbosity(0);
         GLogger::install();
         GLogger::keepIn(place);
@@ -94,9 +95,9 @@ private Q_SLOTS:
     {
         LogFile log;
         log.write("before it is open\n");
-        log.open(QStringLiteral("/proc/nowhere"));
+        log.open("/proc/nowhere"_s);
         log.write("where no file can be\n");
-        QVERIFY(!QFile::exists(LogFile::nameIn(QStringLiteral("/proc/nowhere"))));
+        QVERIFY(!QFile::exists(LogFile::nameIn("/proc/nowhere"_s)));
     }
 };
 

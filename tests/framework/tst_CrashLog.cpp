@@ -5,6 +5,7 @@
 #include "imaging/PoolTask.h"
 #include "support/DialogScript.h"
 #include "support/Documents.h"
+#include "support/Widgets.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -82,8 +83,8 @@ int runChild(const QByteArray &kind, const QString &folder)
 {
     const rlimit none{0, 0};
     setrlimit(RLIMIT_CORE, &none);
-    QCoreApplication::setApplicationName(QStringLiteral("Child"));
-    QCoreApplication::setApplicationVersion(QStringLiteral("1.2.3"));
+    QCoreApplication::setApplicationName("Child"_s);
+    QCoreApplication::setApplicationVersion("1.2.3"_s);
     GLogger::install();
     CrashLog::install(folder);
     CrashHandler::setGraphics("Renderer: a slow one");
@@ -120,10 +121,9 @@ private Q_SLOTS:
         QFETCH(int, signal);
         QFETCH(QString, function);
         QProcess child;
-        child.start(QCoreApplication::applicationFilePath(),
-                    {QStringLiteral("--crash"),
-                     QString::fromLatin1(QTest::currentDataTag()),
-                     m_folder.path(QString())});
+        child.start(
+            QCoreApplication::applicationFilePath(),
+            {"--crash"_s, QString::fromLatin1(QTest::currentDataTag()), m_folder.path(QString())});
         QVERIFY(child.waitForFinished(60000));
         QCOMPARE(child.exitStatus(), QProcess::CrashExit);
         QCOMPARE(child.exitCode(), signal);
@@ -131,8 +131,8 @@ private Q_SLOTS:
         QVERIFY(report);
         const QString &text = report->text;
         for (const QString &part : {QStringLiteral("Child 1.2.3\nQt " QT_VERSION_STR),
-                                    QStringLiteral("\nSignal: %1 SIG").arg(signal),
-                                    QStringLiteral("Renderer: a slow one")})
+                                    "\nSignal: %1 SIG"_s.arg(signal),
+                                    "Renderer: a slow one"_s})
             QVERIFY2(text.contains(part), qPrintable(text));
         QVERIFY(qAbs(report->time.secsTo(QDateTime::currentDateTime())) < 60);
         QVERIFY(!CrashLog::explain(*report).isEmpty());
@@ -140,53 +140,52 @@ private Q_SLOTS:
         QCOMPARE(CrashLog::lastTaken(m_folder.path(QString()))->text, report->text);
         if (function.isEmpty())
             return;
-        QVERIFY2(text.section(QStringLiteral("Backtrace:"), 1).contains(function),
-                 qPrintable(text));
+        QVERIFY2(text.section("Backtrace:"_s, 1).contains(function), qPrintable(text));
         int found = 0;
         for (int i = 0; i < logged; ++i)
-            found += text.count(QStringLiteral("info: line %1.\n").arg(i));
+            found += text.count("info: line %1.\n"_s.arg(i));
         QCOMPARE(found, 200);
-        QVERIFY(text.contains(QStringLiteral("line %1.\n").arg(logged - 1)));
+        QVERIFY(text.contains("line %1.\n"_s.arg(logged - 1)));
     }
 
     void keepsTheNewestReports()
     {
         for (int i = 0; i < 9; ++i) {
-            QFile file(m_folder.write(QStringLiteral("many/fault-%1.new.txt").arg(i), "Signal: 6"));
+            QFile file(m_folder.write("many/fault-%1.new.txt"_s.arg(i), "Signal: 6"));
             QVERIFY(file.open(QIODevice::ReadWrite));
             file.setFileTime(QDateTime::currentDateTime().addSecs(i - 100),
                              QFileDevice::FileModificationTime);
         }
-        const QString folder = m_folder.path(QStringLiteral("many"));
+        const QString folder = m_folder.path("many"_s);
         QProcess::execute(QCoreApplication::applicationFilePath(),
-                          {QStringLiteral("--crash"), QStringLiteral("abort"), folder});
+                          {"--crash"_s, "abort"_s, folder});
         const auto newest = CrashLog::takeUnread(folder);
-        QVERIFY(newest && newest->text.contains(QStringLiteral("stopItself")));
+        QVERIFY(newest && newest->text.contains("stopItself"_s));
         QStringList names = QDir(folder).entryList(QDir::Files, QDir::Time | QDir::Reversed);
         names.removeLast();
         QStringList expected;
         for (int i = 9 - CrashLog::kept; i < 9; ++i)
-            expected.append(QStringLiteral("fault-%1.txt").arg(i));
+            expected.append("fault-%1.txt"_s.arg(i));
         QCOMPARE(names, expected);
     }
 
     void theNextStartShowsTheReportOnce()
     {
         qputenv("XDG_DATA_HOME", m_folder.path(QString()).toLocal8Bit());
-        QFile file(QDir(CrashLog::folder()).filePath(QStringLiteral("fault-1.new.txt")));
+        QFile file(QDir(CrashLog::folder()).filePath("fault-1.new.txt"_s));
         QVERIFY(QDir().mkpath(CrashLog::folder()) && file.open(QIODevice::WriteOnly));
         file.write("Signal: 11 SIGSEGV\nprogram(_Z12writeNowherev+0x1)");
         file.close();
         DialogScript script;
         script.then([](QWidget &dialog) {
-            DialogScript::click(QStringLiteral("Copy"))(dialog);
-            DialogScript::click(QStringLiteral("Close"))(dialog);
+            DialogScript::click("Copy"_s)(dialog);
+            DialogScript::click("Close"_s)(dialog);
         });
         CrashReportDialog::showLast(nullptr);
         CrashReportDialog::showLast(nullptr);
         QVERIFY(script.isDone());
         QCOMPARE(QGuiApplication::clipboard()->text(),
-                 QStringLiteral("Signal: 11 SIGSEGV\nprogram(writeNowhere()+0x1)"));
+                 "Signal: 11 SIGSEGV\nprogram(writeNowhere()+0x1)"_s);
     }
 
 private:

@@ -2,6 +2,7 @@
 #include "framework/GMainWindow.h"
 #include "support/DialogScript.h"
 #include "support/Documents.h"
+#include "support/Widgets.h"
 
 #include <QGuiApplication>
 #include <QMenu>
@@ -9,12 +10,6 @@
 #include <QTest>
 
 namespace {
-
-QString operator""_s(const char *text, std::size_t size)
-{
-    return QString::fromUtf8(text, int(size));
-}
-
 /// A window whose document is a name and a flag.
 class FakeWindow : public GMainWindow
 {

@@ -5,6 +5,7 @@
 #include "model/properties/PropertyT.h"
 #include "support/Documents.h"
 #include "support/Snapshots.h"
+#include "support/Widgets.h"
 
 #include <QDir>
 #include <QRandomGenerator>
@@ -22,7 +23,7 @@ private Q_SLOTS:
         m_project = std::make_unique<Project>();
         for (int i = 0; i < 3; ++i) {
             const QString name = QString::number(i);
-            const QString sprite = m_folder.writeSprite(name + QStringLiteral(".png"), {64, 64});
+            const QString sprite = m_folder.writeSprite(name + ".png"_s, {64, 64});
             paint(addBody(*m_project, name, sprite), quint32(i));
         }
     }
@@ -38,7 +39,7 @@ private Q_SLOTS:
             if (round % 5 == 4)
                 m_project->bodies().setEntries(m_project->bodies().entries().mid(1));
             else if (round % 5 == 3)
-                addBody(*m_project, QStringLiteral(" "));
+                addBody(*m_project, " "_s);
             else
                 paint(anyBody(random), random.generate());
             const QByteArray expected = fingerprintOf(*m_project);
@@ -154,7 +155,7 @@ private Q_SLOTS:
     }
 
 private:
-    QString root() const { return m_folder.path(QStringLiteral("recovery")); }
+    QString root() const { return m_folder.path("recovery"_s); }
     RecoveryStore store() const { return RecoveryStore(root()); }
     static QDateTime now() { return QDateTime::currentDateTimeUtc(); }
     static bool waitFor(const RecoveryWriter &writer)
@@ -173,12 +174,12 @@ private:
     QString snapshotPath() const
     {
         const QStringList names = QDir(root()).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
-        return root() + QLatin1Char('/') + names.value(0);
+        return root() + u'/' + names.value(0);
     }
     QSet<QString> dataFiles() const
     {
         const QDir folder(snapshotPath());
-        const QStringList names = folder.entryList({QStringLiteral("*.data")}, QDir::Files);
+        const QStringList names = folder.entryList({"*.data"_s}, QDir::Files);
         return {names.begin(), names.end()};
     }
     // The snapshot as another program would find it, had this one crashed now.
@@ -186,10 +187,10 @@ private:
     {
         m_copy = std::make_unique<QTemporaryDir>();
         const QDir source(snapshotPath());
-        QDir(m_copy->path()).mkdir(QStringLiteral("s"));
+        QDir(m_copy->path()).mkdir("s"_s);
         for (const QString &name : source.entryList(QDir::Files)) {
             if (name != QLatin1String("lock"))
-                QFile::copy(source.filePath(name), m_copy->filePath(QStringLiteral("s/") + name));
+                QFile::copy(source.filePath(name), m_copy->filePath("s/"_s + name));
         }
         auto entries = RecoveryStore(m_copy->path()).takeLeftOvers(now());
         return std::move(entries.at(0));

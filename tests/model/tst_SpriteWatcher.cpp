@@ -3,6 +3,7 @@
 #include "model/ProjectController.h"
 #include "model/PropertyAngleImage.h"
 #include "model/Sprite.h"
+#include "model/SpriteLoading.h"
 #include "model/SpriteWatcher.h"
 #include "support/Documents.h"
 #include "support/Widgets.h"
@@ -65,7 +66,7 @@ private Q_SLOTS:
         m_reloads = 0;
         connect(m_watcher.get(), &SpriteWatcher::changed, this, [this] {
             ++m_reloads;
-            m_controller->reloadSprites(m_watcher->takeChanges());
+            reloadSprites(m_controller->project(), m_watcher->takeChanges());
         });
         m_watcher->setProject(&m_controller->project());
         QTRY_VERIFY(m_watcher->isIdle());
@@ -116,10 +117,12 @@ private Q_SLOTS:
         QTRY_COMPARE(shown(0), 7U);
         QCOMPARE(m_reloads, 1);
 
+        body(1).paintedNormalMap().setValue({}); // nothing but its image tells a size
         const QString folder = m_folder.path("art"_s);
         QVERIFY(QDir().rename(folder, m_folder.path("elsewhere"_s)));
         QTRY_VERIFY(!body(0).sprite().isLoaded() && !body(1).sprite().isLoaded());
         QVERIFY(shown(1) == QColor(Qt::red).rgba() && !body(1).sprite().statusIcon().isEmpty());
+        QCOMPARE(body(1).sprite().image().size(), QSize(40, 30));
         QTest::qWait(50);
         QVERIFY(QDir().mkpath(folder) &&
                 QDir().rename(m_folder.path("elsewhere/b.png"_s), folder + "/b.png"_s));

@@ -1,5 +1,6 @@
 #include "support/Documents.h"
 #include "support/SaidBy.h"
+#include "support/Widgets.h"
 
 #include <QDir>
 #include <QRegularExpression>
@@ -31,11 +32,10 @@ private Q_SLOTS:
             contentOf(made("zsh/_vesperine-cli")),
             contentOf(made("fish/vesperine-cli.fish")).replace(" -l ", " --")};
         const QString program = QStringLiteral(CLI_PROGRAM);
-        const QString help = QStringLiteral("--help");
+        const QString help = "--help"_s;
         const QByteArray all = said(program, {help});
-        const QRegularExpression commandLine(QStringLiteral("^  (\\w+) "),
-                                             QRegularExpression::MultilineOption);
-        const QRegularExpression optionName(QStringLiteral("--[a-z-]+"));
+        const QRegularExpression commandLine(R"(^  (\w+) )"_s, QRegularExpression::MultilineOption);
+        const QRegularExpression optionName("--[a-z-]+"_s);
         auto commands = commandLine.globalMatch(QString::fromUtf8(all.mid(all.indexOf("Subcomm"))));
         int count = 0;
         for (; commands.hasNext(); ++count) {
@@ -53,14 +53,13 @@ private Q_SLOTS:
 
     void manualPages()
     {
-        if (QStandardPaths::findExecutable(QStringLiteral("man")).isEmpty())
+        if (QStandardPaths::findExecutable("man"_s).isEmpty())
             QSKIP("There is no man");
         for (const char *page : {"man/vesperine.1", "man/vesperine-cli.1"})
-            QCOMPARE(said(QStringLiteral("sh"),
-                          {QStringLiteral("-c"),
-                           QStringLiteral("man --warnings -E UTF-8 -l '%1' 2>&1 >/dev/null")
-                               .arg(made(page))}),
-                     QByteArray());
+            QCOMPARE(
+                said("sh"_s,
+                     {"-c"_s, "man --warnings -E UTF-8 -l '%1' 2>&1 >/dev/null"_s.arg(made(page))}),
+                QByteArray());
     }
 
     void bash_data()
@@ -90,15 +89,12 @@ private Q_SLOTS:
     void bash()
     {
         QFETCH(const QString, line);
-        const QString program = line.section(QLatin1Char(' '), 0, 0);
+        const QString program = line.section(u' ', 0, 0);
         const QString script =
-            QStringLiteral("source '%1'; COMP_WORDS=(%2); COMP_CWORD=$((${#COMP_WORDS[@]} - 1)); "
-                           "%3; echo -n \"${COMPREPLY[*]}\"")
-                .arg(made("bash/") + program,
-                     line,
-                     QString(QLatin1Char('_') + program)
-                         .replace(QLatin1Char('-'), QLatin1Char('_')));
-        QTEST(said(QStringLiteral("bash"), {QStringLiteral("-uc"), script}), "offered");
+            "source '%1'; COMP_WORDS=(%2); COMP_CWORD=$((${#COMP_WORDS[@]} - 1)); "
+            "%3; echo -n \"${COMPREPLY[*]}\""_s.arg(
+                made("bash/") + program, line, QString(u'_' + program).replace(u'-', u'_'));
+        QTEST(said("bash"_s, {"-uc"_s, script}), "offered");
     }
 
     void otherShells()
@@ -108,15 +104,14 @@ private Q_SLOTS:
                                                                {"fish", "fish/vesperine.fish"}};
         for (const auto &[shell, file] : files)
             if (!QStandardPaths::findExecutable(QLatin1String(shell)).isEmpty())
-                QCOMPARE(said(QLatin1String(shell), {QStringLiteral("-n"), made(file)}),
-                         QByteArray());
-        if (QStandardPaths::findExecutable(QStringLiteral("fish")).isEmpty())
+                QCOMPARE(said(QLatin1String(shell), {"-n"_s, made(file)}), QByteArray());
+        if (QStandardPaths::findExecutable("fish"_s).isEmpty())
             QSKIP("There is no fish to ask");
-        const QString script = QStringLiteral("source '%1'; complete -C 'vesperine-cli expo'; "
-                                              "complete -C 'vesperine-cli export --outp'; "
-                                              "complete -C 'vesperine-cli export --output sp'")
-                                   .arg(made("fish/vesperine-cli.fish"));
-        const QByteArray offered = said(QStringLiteral("fish"), {QStringLiteral("-c"), script});
+        const QString script =
+            "source '%1'; complete -C 'vesperine-cli expo'; "
+            "complete -C 'vesperine-cli export --outp'; "
+            "complete -C 'vesperine-cli export --output sp'"_s.arg(made("fish/vesperine-cli.fish"));
+        const QByteArray offered = said("fish"_s, {"-c"_s, script});
         QVERIFY2(offered.contains("export\t") && offered.contains("--output\t") &&
                      offered.contains("sprites/") && !offered.contains("s.vep"),
                  offered);

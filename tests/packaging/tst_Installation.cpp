@@ -1,5 +1,6 @@
 #include "support/Documents.h"
 #include "support/SaidBy.h"
+#include "support/Widgets.h"
 
 #include <QDir>
 #include <QDirIterator>
@@ -17,11 +18,11 @@ private Q_SLOTS:
     void initTestCase()
     {
         for (const char *name : {"first", "second"})
-            said(QStringLiteral("cmake"),
-                 {QStringLiteral("--install"),
+            said("cmake"_s,
+                 {"--install"_s,
                   QStringLiteral(BUILD_FOLDER),
-                  QStringLiteral("--strip"),
-                  QStringLiteral("--prefix"),
+                  "--strip"_s,
+                  "--prefix"_s,
                   path(name)});
         QVERIFY(QDir().rename(path("second"), path("moved elsewhere")));
         qputenv("XDG_DATA_DIRS", QFile::encodeName(path("first/share")));
@@ -51,15 +52,14 @@ private Q_SLOTS:
         qunsetenv("DISPLAY");
         qunsetenv("WAYLAND_DISPLAY");
         for (const QString &place : {path("first"), path("moved elsewhere")}) {
-            const QString editor = place + QStringLiteral("/bin/vesperine");
-            QVERIFY(said(editor, {QStringLiteral("--version")}).startsWith("vesperine "));
-            QVERIFY(said(editor, {QStringLiteral("--help")}).contains("--flushsettings"));
-            const QByteArray maps =
-                said(place + QStringLiteral("/bin/vesperine-cli"),
-                     {QStringLiteral("export"),
-                      place + QStringLiteral("/share/vesperine/samples/sample.vep"),
-                      QStringLiteral("--output"),
-                      path("maps")});
+            const QString editor = place + "/bin/vesperine"_s;
+            QVERIFY(said(editor, {"--version"_s}).startsWith("vesperine "));
+            QVERIFY(said(editor, {"--help"_s}).contains("--flushsettings"));
+            const QByteArray maps = said(place + "/bin/vesperine-cli"_s,
+                                         {"export"_s,
+                                          place + "/share/vesperine/samples/sample.vep"_s,
+                                          "--output"_s,
+                                          path("maps")});
             QCOMPARE(maps.count('\n'), 8);
         }
     }
@@ -86,41 +86,37 @@ private Q_SLOTS:
 
     void mimeType()
     {
-        if (QStandardPaths::findExecutable(QStringLiteral("update-mime-database")).isEmpty())
+        if (QStandardPaths::findExecutable("update-mime-database"_s).isEmpty())
             QSKIP("There is no update-mime-database");
-        said(QStringLiteral("update-mime-database"), {path("first/share/mime")});
+        said("update-mime-database"_s, {path("first/share/mime")});
         QFETCH(const QString, name);
         QFETCH(const QByteArray, content);
-        const QString ours = QStringLiteral("application/x-vesperine-project");
+        const QString ours = "application/x-vesperine-project"_s;
         const QMimeType found = QMimeDatabase().mimeTypeForFileNameAndData(name, content);
         QTEST(found.name() == ours, "isOurs");
         const QMimeType type = QMimeDatabase().mimeTypeForName(ours);
-        QCOMPARE(type.suffixes(), QStringList({QStringLiteral("vep"), QStringLiteral("vex")}));
+        QCOMPARE(type.suffixes(), QStringList({"vep"_s, "vex"_s}));
         QVERIFY(icons("mimetypes").contains(type.iconName()));
     }
 
     void desktopFiles()
     {
-        const QString name = QStringLiteral("org.vesperine.editor");
-        const QString entry = path("first/share/applications/") + name + QStringLiteral(".desktop");
-        const QString about =
-            path("first/share/metainfo/") + name + QStringLiteral(".metainfo.xml");
+        const QString name = "org.vesperine.editor"_s;
+        const QString entry = path("first/share/applications/") + name + ".desktop"_s;
+        const QString about = path("first/share/metainfo/") + name + ".metainfo.xml"_s;
         QSettings desktop(entry, QSettings::IniFormat);
-        desktop.beginGroup(QStringLiteral("Desktop Entry"));
-        const QString program = desktop.value(QStringLiteral("TryExec")).toString();
+        desktop.beginGroup("Desktop Entry"_s);
+        const QString program = desktop.value("TryExec"_s).toString();
         QVERIFY(QFile::exists(path("first/bin/") + program));
-        QVERIFY(icons("apps").contains(desktop.value(QStringLiteral("Icon")).toString()));
-        const QString validate = QStringLiteral("desktop-file-validate");
-        const QString appstream = QStringLiteral("appstreamcli");
+        QVERIFY(icons("apps").contains(desktop.value("Icon"_s).toString()));
+        const QString validate = "desktop-file-validate"_s;
+        const QString appstream = "appstreamcli"_s;
         if (QStandardPaths::findExecutable(validate).isEmpty() ||
             QStandardPaths::findExecutable(appstream).isEmpty())
             QSKIP("There is no desktop-file-validate or no appstreamcli");
         QCOMPARE(said(validate, {entry}), QByteArray());
-        const QByteArray words = said(appstream,
-                                      {QStringLiteral("validate"),
-                                       QStringLiteral("--no-net"),
-                                       QStringLiteral("--pedantic"),
-                                       about});
+        const QByteArray words =
+            said(appstream, {"validate"_s, "--no-net"_s, "--pedantic"_s, about});
         QVERIFY2(words.trimmed().endsWith("Validation was successful."), words);
     }
 
@@ -131,13 +127,12 @@ private Q_SLOTS:
         QVERIFY(QFile::copy(sample, path("alone.vep")));
         const QSettings file(path("first/share/thumbnailers/vesperine.thumbnailer"),
                              QSettings::IniFormat);
-        const QStringList line =
-            file.value(QStringLiteral("Thumbnailer Entry/Exec")).toString().split(QLatin1Char(' '));
+        const QStringList line = file.value("Thumbnailer Entry/Exec"_s).toString().split(u' ');
         for (const QString &project : {sample, path("alone.vep")}) {
             QStringList words = line;
-            words.replaceInStrings(QStringLiteral("%s"), QStringLiteral("128"));
-            words.replaceInStrings(QStringLiteral("%i"), project);
-            words.replaceInStrings(QStringLiteral("%o"), path("thumbnail.tmp"));
+            words.replaceInStrings("%s"_s, "128"_s);
+            words.replaceInStrings("%i"_s, project);
+            words.replaceInStrings("%o"_s, path("thumbnail.tmp"));
             said(path("moved elsewhere/bin/") + words.first(), words.mid(1));
             const QImage picture(path("thumbnail.tmp"), "PNG");
             QCOMPARE(picture.size(), QSize(128, 128));
@@ -155,12 +150,11 @@ private:
         const QDir theme(path("first/share/icons/hicolor"));
         const QStringList sizes = theme.entryList(QDir::Dirs | QDir::NoDotAndDotDot);
         for (const QString &size : sizes) {
-            const QDir folder(theme.filePath(size + QLatin1Char('/') + QLatin1String(kind)));
+            const QDir folder(theme.filePath(size + u'/' + QLatin1String(kind)));
             const QFileInfoList files = folder.entryInfoList(QDir::Files);
             for (const QFileInfo &file : files) {
                 const QSize pixels = QImage(file.filePath()).size();
-                const QString named =
-                    QStringLiteral("%1x%2").arg(pixels.width()).arg(pixels.height());
+                const QString named = "%1x%2"_s.arg(pixels.width()).arg(pixels.height());
                 if (size != QLatin1String("scalable") && size != named)
                     return {};
                 names.append(file.completeBaseName());

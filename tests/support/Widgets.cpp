@@ -1,5 +1,6 @@
 #include "support/Widgets.h"
 
+#include <QLabel>
 #include <QTest>
 
 void showActive(QWidget &window)
@@ -8,4 +9,12 @@ void showActive(QWidget &window)
     window.activateWindow();
     if (!QTest::qWaitForWindowExposed(&window) || !QTest::qWaitForWindowActive(&window))
         qFatal("The window does not become active");
+}
+
+bool showsText(const QWidget &parent, const QString &text)
+{
+    const auto labels = parent.findChildren<QLabel *>();
+    return std::any_of(labels.begin(), labels.end(), [&text](const QLabel *label) {
+        return label->isVisible() && label->text().contains(text);
+    });
 }

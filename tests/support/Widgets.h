@@ -13,6 +13,9 @@ inline QString operator""_s(const char *text, std::size_t size)
 /// Shows @p window and waits until it has the keyboard; ends the test when it never has.
 void showActive(QWidget &window);
 
+/// Whether a shown label in @p parent holds @p text.
+bool showsText(const QWidget &parent, const QString &text);
+
 /// The shown widget of a kind and an accessible name in @p parent; ends the test without one.
 template <class Widget>
 Widget &shownChild(const QWidget &parent, const QString &name)

@@ -20,6 +20,12 @@ int runGraphicsTest(int argc, char **argv)
     return QTest::qExec(&test, argc, argv);
 }
 
+/// The one that runWindowTest() makes.
+inline GApplication &application()
+{
+    return *static_cast<GApplication *>(qApp);
+}
+
 /// Runs a test of the editor's window, with settings of its own and dialogs that it can answer.
 template <class Test>
 int runWindowTest(int argc, char **argv)

@@ -141,7 +141,7 @@ class TestEffectsInWindow : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void init() { static_cast<GApplication *>(qApp)->settings().clear(); }
+    void init() { application().settings().clear(); }
 
     void anEffectEnds_data()
     {

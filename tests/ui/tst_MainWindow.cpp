@@ -191,7 +191,6 @@ private:
     static constexpr auto click = &DialogScript::click;
     static constexpr auto choose = &DialogScript::chooseFile;
 
-    static GApplication &application() { return *static_cast<GApplication *>(qApp); }
     Project &project() const { return m_window->project(); }
 
     ShapeTreeView &list() const { return *m_window->findChild<ShapeTreeView *>(); }

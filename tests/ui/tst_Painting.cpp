@@ -56,7 +56,7 @@ private Q_SLOTS:
     {
         qputenv("RC_PARAMS", qEnvironmentVariable("RC_PARAMS", "max_success=25"_s).toUtf8());
     }
-    void init() { static_cast<GApplication *>(qApp)->settings().clear(); }
+    void init() { application().settings().clear(); }
 
     void eachBrushPaints()
     {

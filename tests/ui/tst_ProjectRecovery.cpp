@@ -17,7 +17,6 @@
 
 #include <QAbstractButton>
 #include <QDir>
-#include <QLabel>
 #include <QListWidget>
 #include <QMessageBox>
 #include <QProcess>
@@ -36,11 +35,6 @@ QDateTime now()
 int countFrom(const char *variable, int usual)
 {
     return qEnvironmentVariableIsSet(variable) ? qEnvironmentVariableIntValue(variable) : usual;
-}
-
-GApplication &application()
-{
-    return *static_cast<GApplication *>(qApp);
 }
 
 void say(const char *what, const QByteArray &fingerprint)
@@ -300,10 +294,7 @@ private Q_SLOTS:
         window = std::make_unique<MainWindow>(application());
         showActive(*window);
         script.then([](QWidget &dialog) {
-            const auto texts = dialog.findChildren<QLabel *>();
-            QVERIFY(std::any_of(texts.begin(), texts.end(), [](const QLabel *label) {
-                return label->text().contains("ended while recovering"_s);
-            }));
+            QVERIFY(showsText(dialog, "ended while recovering"_s));
             DialogScript::click("Recover"_s)(dialog);
         });
         window->recovery().offer();

@@ -10,11 +10,8 @@
 #include "ui/MainWindow.h"
 
 #include <QAction>
-#include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
-#include <QMenuBar>
-#include <QPushButton>
 #include <QTreeWidget>
 
 /// The keys of the window's commands, changed by hand in the dialog for it.
@@ -34,8 +31,7 @@ private Q_SLOTS:
     void everyCommandHasAnIdOfItsOwn()
     {
         QHash<QString, const QAction *> seen;
-        for (QMenu *menu :
-             m_window->menuBar()->findChildren<QMenu *>() + m_window->findChildren<QMenu *>()) {
+        for (QMenu *menu : m_window->findChildren<QMenu *>()) {
             if (qobject_cast<RecentFiles *>(menu))
                 continue;
             for (const QAction *action : menu->actions()) {
@@ -84,26 +80,19 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("keys");
         QTest::addColumn<QString>("told");
-        QTest::newRow("of another command") << "Ctrl+L"
-                                            << "Export lit sprite";
-        QTest::newRow("of a tool") << "E"
-                                   << "Eraser Tool";
-        QTest::newRow("of a gesture") << "P"
-                                      << "Place the light";
-        QTest::newRow("of all brushes") << "5"
-                                        << "of the tools";
-        QTest::newRow("of a menu") << "Alt+F"
-                                   << "File";
-        QTest::newRow("of text fields") << "Ctrl+C"
-                                        << "text is edited";
-        QTest::newRow("escape") << "Esc"
-                                << "takes back";
-        QTest::newRow("enter") << "Enter"
-                               << "keeps what";
-        QTest::newRow("tab") << "Tab"
-                             << "from field to field";
-        QTest::newRow("its own") << "Ctrl+D"
-                                 << "already";
+        const std::array<const char *, 3> rows[] = {
+            {"of another command", "Ctrl+L", "Export lit sprite"},
+            {"of a tool", "E", "Eraser Tool"},
+            {"of a gesture", "P", "Place the light"},
+            {"of all brushes", "5", "of the tools"},
+            {"of a menu", "Alt+F", "File"},
+            {"of text fields", "Ctrl+C", "text is edited"},
+            {"escape", "Esc", "takes back"},
+            {"enter", "Enter", "keeps what"},
+            {"tab", "Tab", "from field to field"},
+            {"its own", "Ctrl+D", "already"}};
+        for (const auto &[name, keys, told] : rows)
+            QTest::newRow(name) << keys << told;
     }
 
     void keysThatAreTakenAreNamed()
@@ -116,7 +105,7 @@ private Q_SLOTS:
         QTest::keyClick(&edit(),
                         Qt::Key(key & ~int(Qt::KeyboardModifierMask)),
                         Qt::KeyboardModifiers(key & int(Qt::KeyboardModifierMask)));
-        QVERIFY(isTold(told));
+        QVERIFY(showsText(*m_dialog, told));
         QVERIFY(m_dialog->isVisible());
         QCOMPARE(this->keys("deselect"), "Ctrl+D"_s);
         QVERIFY(application().settings().value("shortcuts/deselect"_s).isNull());
@@ -140,7 +129,7 @@ private Q_SLOTS:
         openDialog();
         choose("export lit");
         click("Reset");
-        QVERIFY(isTold("Ctrl+L stays with"_s));
+        QVERIFY(showsText(*m_dialog, "Ctrl+L stays with"_s));
         choose("deselect");
         click("Reset");
         QCOMPARE(keys("deselect"), "Ctrl+D"_s);
@@ -168,7 +157,6 @@ private Q_SLOTS:
     }
 
 private:
-    static GApplication &application() { return static_cast<GApplication &>(*qApp); }
     static QVariant kept(const char *id)
     {
         return application().settings().value("shortcuts/"_s + QLatin1String(id));
@@ -216,25 +204,7 @@ private:
         QCOMPARE(m_dialog->focusWidget(), &edit());
     }
 
-    bool isTold(const QString &text) const
-    {
-        const auto labels = m_dialog->findChildren<QLabel *>();
-        return std::any_of(labels.begin(), labels.end(), [&text](const QLabel *label) {
-            return label->text().contains(text);
-        });
-    }
-
-    void click(const char *text) const
-    {
-        for (auto *button : m_dialog->findChildren<QPushButton *>()) {
-            if (!button->isVisible() || button->text() != QLatin1String(text))
-                continue;
-            QVERIFY(button->isEnabled());
-            QTest::mouseClick(button, Qt::LeftButton);
-            return;
-        }
-        qFatal("There is no button '%s'", text);
-    }
+    void click(const char *text) const { DialogScript::click(QLatin1String(text))(*m_dialog); }
 
     std::unique_ptr<MainWindow> m_window;
     ShortcutsDialog *m_dialog = nullptr; // the window's

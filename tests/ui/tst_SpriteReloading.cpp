@@ -39,13 +39,7 @@ public:
         replace(1, Qt::green, size);
     }
 
-    QAction &reload() const
-    {
-        for (QAction *action : window().findChildren<QAction *>())
-            if (action->text() == "Reload sprites"_s)
-                return *action;
-        qFatal("Sprites can't be reloaded");
-    }
+    QAction &reload() const { return *window().findChild<QAction *>("reloadSprites"_s); }
 };
 
 // One down from the middle by keys, then to the left by mouse.

@@ -166,7 +166,7 @@ void TestTranslations::runAll(const QList<QAction *> &actions, const std::functi
 
 void TestTranslations::showsTheWindow()
 {
-    MainWindow window(*static_cast<GApplication *>(qApp));
+    MainWindow window(application());
     showActive(window);
     look();
     runAll(allActions(window));

@@ -37,6 +37,7 @@ bool isPlainId(const QString &id)
                (c.isLetterOrNumber() || c == QLatin1Char('-') || c == QLatin1Char('_'));
     });
 }
+
 QDomNode textNode(QDomDocument &document, const QString &text)
 {
     // Reading drops text that is nothing but blanks, unless it is marked as meant.
