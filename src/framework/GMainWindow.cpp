@@ -360,8 +360,13 @@ QMenu *GMainWindow::createHelpMenu(const ApplicationTexts &texts)
                  [&] { return new AboutDialog(texts.sentence, texts.licence, this); });
     });
     menu->addActions({m_manual, shortcuts, information});
-    menu->addSeparator();
+    m_helpEnd = menu->addSeparator();
     menu->addAction(about);
     m_help = menu;
     return menu;
+}
+
+void GMainWindow::addHelpAction(QAction &action)
+{
+    m_help->insertAction(m_helpEnd, &action);
 }

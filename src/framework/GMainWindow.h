@@ -35,8 +35,8 @@ public:
 
     /// Opens @p path after asking for unsaved changes; false when it was cancelled or refused.
     bool openPath(const QString &path);
-    /// Puts @p action, which somebody else owns, at the end of the Help menu.
-    void addHelpAction(QAction &action) { m_help->addAction(&action); }
+    /// Puts @p action, which somebody else owns, into the Help menu, above About.
+    void addHelpAction(QAction &action);
 
 public Q_SLOTS:
     void newDocument();
@@ -119,6 +119,7 @@ private:
     Shortcuts *m_shortcuts;
     RecentFiles *m_recent;
     QMenu *m_help = nullptr;
+    QAction *m_helpEnd = nullptr; ///< what follows all others there
     QHash<QString, QAction *> m_panelActions;
     QHash<QString, QPointer<QDialog>> m_dialogs;
     QList<ShortcutGroup> m_gestures;

@@ -153,12 +153,10 @@ void MainWindow::createMenus()
     m_editor->addDrawActions(*draw);
     createViewMenu();
     menuBar()->addMenu(createWindowMenu({m_sprites, m_tools}));
-    QMenu *help = createHelpMenu(applicationTexts());
-    menuBar()->addMenu(help);
-    help->addSeparator();
+    menuBar()->addMenu(createHelpMenu(applicationTexts()));
+    addSampleAction(*this, [this](const QString &path) { openOrAdd({path}); });
     m_feedback->setObjectName(QStringLiteral("feedback"));
-    help->addAction(m_feedback);
-    addSampleAction(*help, [this](const QStringList &paths) { openOrAdd(paths); });
+    addHelpAction(*m_feedback);
     connect(m_feedback, &QAction::triggered, this, &MainWindow::showFeedback);
     setGestures(editorGestures());
 }

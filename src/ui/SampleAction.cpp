@@ -1,17 +1,19 @@
 #include "ui/SampleAction.h"
 
+#include "framework/GAction.h"
+#include "framework/GMainWindow.h"
 #include "framework/InstalledFile.h"
 
 #include <QCoreApplication>
-#include <QMenu>
 
-void addSampleAction(QMenu &menu, const std::function<void(const QStringList &)> &open)
+void addSampleAction(GMainWindow &window, const std::function<void(const QString &path)> &open)
 {
     const QString sample = installedFile(QStringLiteral("samples/sample.vep"));
     if (sample.isEmpty())
         return;
-    QAction *action =
-        menu.addAction(QCoreApplication::translate("SampleAction", "&Open the sample project"));
+    auto *action = new GAction(
+        QCoreApplication::translate("SampleAction", "&Open the sample project"), &window);
     action->setObjectName(QStringLiteral("openSample"));
-    QObject::connect(action, &QAction::triggered, &menu, [open, sample] { open({sample}); });
+    QObject::connect(action, &QAction::triggered, &window, [open, sample] { open(sample); });
+    window.addHelpAction(*action);
 }

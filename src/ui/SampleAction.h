@@ -1,10 +1,10 @@
 #pragma once
 
-#include <QStringList>
+#include <QString>
 
 #include <functional>
 
-class QMenu;
+class GMainWindow;
 
-/// Adds an entry that opens the sample project to @p menu, where that is installed.
-void addSampleAction(QMenu &menu, const std::function<void(const QStringList &)> &open);
+/// Adds an entry that opens the sample project to the Help menu, where that is installed.
+void addSampleAction(GMainWindow &window, const std::function<void(const QString &path)> &open);
