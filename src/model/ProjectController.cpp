@@ -74,14 +74,13 @@ bool ProjectController::openProject(const QString &fileName, Lock lock)
 
 void ProjectController::installRecovered(const std::shared_ptr<Project> &project,
                                          const QStringList &damagedBodies,
-                                         const QDateTime &time)
+                                         const FileStamp &file)
 {
     const GFileName &fileName = project->filename().value();
     m_lock.reset();
     m_lock = fileName.isEmpty() ? nullptr : std::make_shared<ProjectLock>(fileName.path());
     m_stamped = fileName.canonicalPath();
-    const bool isYounger = QFileInfo(m_stamped).lastModified() > time;
-    m_stamp = isYounger ? FileStamp() : stampOf(m_stamped);
+    m_stamp = file;
     install(project);
     project->undoStack().resetClean();
     tellDamaged(damagedBodies);

@@ -4,7 +4,6 @@
 #include "model/ItemSelectionModel.h"
 
 #include <QCoreApplication>
-#include <QDateTime>
 #include <QImage>
 #include <QStringList>
 
@@ -43,15 +42,17 @@ public:
     /// or loadTextures(). False when another program has it and the user would rather not read it
     /// only. Throws Error when it can't be read. The present project stays in both cases.
     bool openProject(const QString &fileName, Lock lock);
-    /// Takes @p project, which is as a program had it unsaved at @p time, as a modified one under
-    /// its own file name; @p damagedBodies are told. A file that is younger counts as changed by
-    /// others, one that another program has may only be read. Its sprites are loaded as after
+    /// Takes @p project, which a program had changed since @p file, as a modified one under its own
+    /// file name; @p damagedBodies are told. A file in another state counts as changed by others,
+    /// one that another program has may only be read. Its sprites are loaded as after
     /// openProject().
     void installRecovered(const std::shared_ptr<Project> &project,
                           const QStringList &damagedBodies,
-                          const QDateTime &time);
+                          const FileStamp &file);
     /// True when another program had the project when it was opened: it is not to be saved there.
     bool isReadOnly() const;
+    /// The project's file as this controller read or left it.
+    const FileStamp &fileStamp() const { return m_stamp; }
     /// True when @p fileName is the project's file and other than this controller read or left it.
     bool isChangedOnDisk(const GFileName &fileName) const;
     /// What becomes of a file that another program has changed since it was opened.

@@ -1,5 +1,6 @@
 #include "model/RecoveryIndex.h"
 
+#include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 
@@ -18,6 +19,11 @@ QString pathKey()
     return QStringLiteral("path");
 }
 
+QString fileKey()
+{
+    return QStringLiteral("file");
+}
+
 QString timeKey()
 {
     return QStringLiteral("time");
@@ -31,6 +37,24 @@ QString thumbnailKey()
 QString filesKey()
 {
     return QStringLiteral("files");
+}
+
+// Numbers as text: JSON's own have too few digits.
+QJsonArray stampArray(const FileStamp &stamp)
+{
+    return {QString::number(stamp.size),
+            QString::number(stamp.modified),
+            QString::number(stamp.fileNumber)};
+}
+
+// An incomplete one is that of no file, which differs from that of any.
+FileStamp stampFrom(const QJsonArray &array)
+{
+    if (array.size() != 3)
+        return {};
+    return {array[0].toString().toLongLong(),
+            array[1].toString().toLongLong(),
+            array[2].toString().toULongLong()};
 }
 
 // Nothing outside the snapshot's own folder.
@@ -55,6 +79,7 @@ QByteArray RecoveryIndex::toBytes() const
         files.insert(file.key(), file.value());
     const QJsonObject head{{versionKey(), version},
                            {pathKey(), projectPath},
+                           {fileKey(), stampArray(projectFile)},
                            {timeKey(), time.toUTC().toString(Qt::ISODateWithMs)},
                            {thumbnailKey(), thumbnail},
                            {filesKey(), files}};
@@ -70,6 +95,7 @@ std::optional<RecoveryIndex> RecoveryIndex::fromBytes(const QByteArray &bytes)
     if (head.value(versionKey()).toInt() != version || !index.time.isValid())
         return std::nullopt;
     index.projectPath = head.value(pathKey()).toString();
+    index.projectFile = stampFrom(head.value(fileKey()).toArray());
     index.thumbnail = head.value(thumbnailKey()).toString();
     const QJsonObject files = head.value(filesKey()).toObject();
     for (auto file = files.begin(); file != files.end(); ++file)

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "model/FileStamp.h"
+
 #include <QByteArray>
 #include <QDateTime>
 #include <QHash>
@@ -12,9 +14,10 @@
 /// line of JSON, then the project's XML text.
 struct RecoveryIndex
 {
-    QString projectPath; ///< of the file that the project was saved in, empty for none
-    QDateTime time;      ///< when the project was as the snapshot tells
-    QString thumbnail;   ///< the name of a PNG file, empty for none
+    QString projectPath;   ///< of the file that the project was saved in, empty for none
+    FileStamp projectFile; ///< that file as it was when the project was read from or saved to it
+    QDateTime time;        ///< when the project was as the snapshot tells
+    QString thumbnail;     ///< the name of a PNG file, empty for none
     QHash<QString, QString> dataFiles; ///< the names of the files by the ids in the XML text
     QByteArray xml;
 

@@ -68,10 +68,11 @@ void RecoverySnapshot::shrink()
     }
 }
 
-RecoverySnapshot takeSnapshot(Project &project)
+RecoverySnapshot takeSnapshot(Project &project, const FileStamp &file)
 {
     RecoverySnapshot snapshot;
     snapshot.projectPath = project.filename().value().path();
+    snapshot.projectFile = file;
     snapshot.time = QDateTime::currentDateTimeUtc();
     SurfaceCollector collector(snapshot.surfaces);
     snapshot.elements = PropertyXMLWriter(QString(), collector).elementsOf(project);

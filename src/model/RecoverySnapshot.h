@@ -1,5 +1,6 @@
 #pragma once
 
+#include "model/FileStamp.h"
 #include "model/LitThumbnail.h"
 #include "model/properties/PropertyXMLWriter.h"
 
@@ -20,6 +21,7 @@ struct RecoverySnapshot
     };
 
     QString projectPath;
+    FileStamp projectFile; ///< the file as the project was read from or saved to it
     QDateTime time;
     XmlElements elements; ///< with absolute paths
     QVector<Surface> surfaces;
@@ -31,5 +33,6 @@ struct RecoverySnapshot
     void shrink();
 };
 
-/// @p project as it stands. Throws Error for one that could not be saved either.
-RecoverySnapshot takeSnapshot(Project &project);
+/// @p project as it stands, whose changes were made to @p file. Throws Error for one that could not
+/// be saved either.
+RecoverySnapshot takeSnapshot(Project &project, const FileStamp &file = {});

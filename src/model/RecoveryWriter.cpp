@@ -95,13 +95,13 @@ RecoveryWriter::~RecoveryWriter()
     finish();
 }
 
-void RecoveryWriter::write(Project &project)
+void RecoveryWriter::write(Project &project, const FileStamp &file)
 {
     if (isBusy())
         return;
     forgetLostFolder();
     try {
-        m_snapshot = takeSnapshot(project);
+        m_snapshot = takeSnapshot(project, file);
     } catch (const Error &error) {
         Q_EMIT failed(error.message());
         return;
@@ -203,6 +203,7 @@ RecoveryWriter::Work RecoveryWriter::completion()
 {
     m_index = {};
     m_index.projectPath = m_snapshot.projectPath;
+    m_index.projectFile = m_snapshot.projectFile;
     m_index.time = m_snapshot.time;
     m_index.thumbnail = RecoveryFolder::newDataFileName();
     for (auto file = m_writing.cbegin(); file != m_writing.cend(); ++file)

@@ -25,9 +25,9 @@ public:
     bool isBusy() const { return m_stage != Stage::Idle; }
     /// Waits for what is being done.
     void finish();
-    /// Starts to write @p project as it stands, unless that is what the last snapshot holds. Not
-    /// while busy.
-    void write(Project &project);
+    /// Starts to write @p project as it stands, with the state of the file that its changes were
+    /// made to, unless that is what the last snapshot holds. Not while busy.
+    void write(Project &project, const FileStamp &file = {});
     /// Removes the snapshot, also one that is being written: its project was saved or given up.
     void drop();
     /// Goes on with the snapshot of @p entry, from which @p project has just been read.

@@ -68,7 +68,7 @@ void ProjectRecovery::takeSnapshot()
     if (m_writer.isBusy() || m_project->undoStack().isUnsettled())
         m_timer.start(soon);
     else
-        m_writer.write(*m_project);
+        m_writer.write(*m_project, m_controller.fileStamp());
 }
 
 void ProjectRecovery::keepNow()
@@ -80,7 +80,7 @@ void ProjectRecovery::keepNow()
         return;
     }
     m_writer.finish();
-    m_writer.write(*m_project);
+    m_writer.write(*m_project, m_controller.fileStamp());
     m_writer.finish();
 }
 
@@ -122,7 +122,7 @@ bool ProjectRecovery::recover(RecoveryEntry &entry)
             tr("%1\n\nThe snapshot is kept in '%2'.").arg(error.message(), entry.folder->path()));
         return false;
     }
-    m_controller.installRecovered(project, damagedBodies, entry.index->time);
+    m_controller.installRecovered(project, damagedBodies, entry.index->projectFile);
     m_writer.adopt(std::move(entry), *project);
     // Once it has been drawn, too.
     constexpr int enough = 2000; // milliseconds

@@ -68,13 +68,16 @@ private Q_SLOTS:
     void aSnapshotBelongsToOneProgram()
     {
         auto writer = std::make_unique<RecoveryWriter>(store());
-        writer->write(*m_project);
+        const FileStamp file{7, 1'600'000'000'123'456'789, ~quint64(0)};
+        writer->write(*m_project, file);
         QVERIFY(waitFor(*writer));
         QVERIFY(store().takeLeftOvers(now()).empty());
         writer.reset();
         auto mine = store().takeLeftOvers(now());
         QCOMPARE(mine.size(), std::size_t(1));
         QVERIFY(store().takeLeftOvers(now()).empty());
+
+        QVERIFY(mine[0].index->projectFile == file);
 
         // Recovered and changed, it goes on where it was, and goes when the project is saved.
         QStringList damaged;
