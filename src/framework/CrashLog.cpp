@@ -72,6 +72,11 @@ QString withReadableNames(const QString &text)
     return readable + text.mid(end);
 }
 
+QString readText(QFile &file)
+{
+    return withReadableNames(QString::fromUtf8(file.read(longest)));
+}
+
 } // namespace
 
 QString CrashLog::folder()
@@ -110,7 +115,7 @@ std::optional<CrashLog::Report> CrashLog::takeUnread(const QString &folder)
         QFile file(report.filePath());
         if (!file.rename(path) || newest || !file.open(QIODevice::ReadOnly))
             continue;
-        newest = Report{path, time, withReadableNames(QString::fromUtf8(file.read(longest)))};
+        newest = Report{path, time, readText(file)};
     }
     return newest;
 }
@@ -121,9 +126,7 @@ std::optional<CrashLog::Report> CrashLog::lastTaken(const QString &folder)
         QFile file(report.filePath());
         if (!report.fileName().endsWith(QLatin1String(".new.txt")) &&
             file.open(QIODevice::ReadOnly))
-            return Report{report.filePath(),
-                          report.lastModified(),
-                          withReadableNames(QString::fromUtf8(file.read(longest)))};
+            return Report{report.filePath(), report.lastModified(), readText(file)};
     }
     return {};
 }

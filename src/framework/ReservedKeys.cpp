@@ -62,10 +62,10 @@ constexpr QKeySequence::StandardKey editing[] = {QKeySequence::Copy,
 QString reservedFor(const QKeySequence &keys)
 {
     const QString name = keys.toString(QKeySequence::NativeText);
+    const QString text = keys.toString(QKeySequence::PortableText);
     for (const Reserved &each : reserved) {
         const QString plain = QKeySequence(each.key).toString(QKeySequence::PortableText);
         const QString shifted = QStringLiteral("Shift+") + plain;
-        const QString text = keys.toString(QKeySequence::PortableText);
         if (text == plain || text == shifted)
             return Words::tr(each.use).arg(name);
     }

@@ -35,7 +35,7 @@ QList<QKeySequence> without(QList<QKeySequence> keys, const QList<QKeySequence> 
 }
 
 // A main window makes a missing menu bar when it is asked for one.
-const QMenuBar *menuBarOf(const QMainWindow &window)
+QMenuBar *menuBarOf(const QMainWindow &window)
 {
     return window.findChild<QMenuBar *>(QString(), Qt::FindDirectChildrenOnly);
 }
@@ -236,10 +236,10 @@ void Shortcuts::takeUp(QAction &command)
 
 void Shortcuts::watchMenus()
 {
-    const QMenuBar *bar = menuBarOf(m_window);
+    QMenuBar *bar = menuBarOf(m_window);
     if (!bar)
         return;
-    const_cast<QMenuBar *>(bar)->installEventFilter(this);
+    bar->installEventFilter(this);
     for (const QAction *title : bar->actions()) {
         if (title->menu())
             visitMenu(*title->menu(), [this](QMenu &menu) { menu.installEventFilter(this); });

@@ -68,9 +68,9 @@ FeedbackDialog::FeedbackDialog(Content content, GSettings &settings, QWidget *pa
     m_notice->setTextFormat(Qt::PlainText);
     placeWidgets();
     connect(m_text, &QPlainTextEdit::textChanged, this, &FeedbackDialog::showState);
-    connect(m_withSystem, &QCheckBox::toggled, this, &FeedbackDialog::showState);
-    connect(m_withCrash, &QCheckBox::toggled, this, &FeedbackDialog::showState);
-    showState();
+    connect(m_withSystem, &QCheckBox::toggled, this, &FeedbackDialog::showAppendix);
+    connect(m_withCrash, &QCheckBox::toggled, this, &FeedbackDialog::showAppendix);
+    showAppendix();
     m_text->setFocus();
 }
 
@@ -134,16 +134,26 @@ QString FeedbackDialog::message() const
 
 bool FeedbackDialog::isTooLong() const
 {
-    return mailUrl(m_content.address, message()).toEncoded().size() > maxMailLength;
+    const QString body = message();
+    // Encoded, it only becomes longer.
+    return body.size() > maxMailLength ||
+           mailUrl(m_content.address, body).toEncoded().size() > maxMailLength;
 }
 
-// After every change of what there is to send.
+void FeedbackDialog::showAppendix()
+{
+    const QString added = appendix();
+    m_along->setPlainText(added);
+    m_along->setVisible(!added.isEmpty());
+    m_alongTitle->setVisible(!added.isEmpty());
+    showState();
+}
+
+// After every change of what there is to send. The appendix, which may be long, stands as it is
+// while the text is written.
 void FeedbackDialog::showState()
 {
     m_isDelivered = false;
-    m_along->setPlainText(appendix());
-    m_along->setVisible(!appendix().isEmpty());
-    m_alongTitle->setVisible(!appendix().isEmpty());
     const bool needsCopy = !m_content.address.isEmpty() && isTooLong();
     m_mail->setText(needsCopy ? tr("Copy and write a mail") : tr("Write a mail"));
     m_notice->setText(needsCopy ? tr("This is longer than what mail programs take over: it is "

@@ -39,6 +39,7 @@ private:
     QString appendix() const;
     QString message() const;
     bool isTooLong() const;
+    void showAppendix();
     void showState();
     void mail();
     void copy();
