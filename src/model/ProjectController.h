@@ -90,9 +90,19 @@ public:
     void setImagePath(const QString &key, const QString &path);
 
 private:
+    /// What is known of the project's file, where it has one.
+    struct ProjectFile
+    {
+        std::shared_ptr<ProjectLock> lock; ///< null without one
+        QString path;                      ///< behind all links
+        FileStamp stamp;                   ///< as it was read or left
+    };
+
     void install(const std::shared_ptr<Project> &project);
     void tellDamaged(const QStringList &bodies);
     void write();
+    /// True when this controller may write @p fileName by the lock that it has.
+    bool holds(const QString &fileName) const;
     /// The lock to save @p fileName under; throws Error when another program has it.
     std::shared_ptr<ProjectLock> lockForSaving(const QString &fileName) const;
     void resolveMissing(QStringList &changes);
@@ -103,7 +113,5 @@ private:
     std::shared_ptr<Project> m_project;
     std::function<void()> m_installed;
     ItemSelectionModel m_selection;
-    std::shared_ptr<ProjectLock> m_lock; ///< of the project's file; null without one
-    FileStamp m_stamp;                   ///< of the project's file as it was read or left
-    QString m_stamped;                   ///< that file, behind all links
+    ProjectFile m_file;
 };
