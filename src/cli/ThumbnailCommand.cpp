@@ -8,7 +8,6 @@
 #include "model/properties/PropertyT.h"
 
 namespace {
-
 // The first bodies with a sprite, or else a surface, in the light of a lamp above their upper left
 // corner.
 QVector<QImage> litBodies(const Project &project, Console &console)

@@ -7,5 +7,5 @@ QString writeFile(const QString &path, const QByteArray &bytes)
     SaveDevice device(path);
     if (device.open(QIODevice::WriteOnly) && device.write(bytes) == bytes.size() && device.commit())
         return {};
-    return device.errorString();
+    return device.problem();
 }

@@ -45,28 +45,24 @@ ProjectController::~ProjectController() = default;
 
 void ProjectController::createProject()
 {
-    m_lock.reset();
-    m_stamped.clear();
+    m_file = {};
     install(std::make_shared<Project>());
 }
 
 bool ProjectController::openProject(const QString &fileName, Lock lock)
 {
-    std::shared_ptr<ProjectLock> taken;
+    ProjectFile file;
     if (lock == Lock::OnOpening) {
-        const bool isOurs = m_lock && m_lock->isOf(fileName) && m_lock->mayWrite();
-        taken = isOurs ? m_lock : std::make_shared<ProjectLock>(fileName);
-        if (!taken->mayWrite() && !m_prompts.askReadOnly(fileName, taken->otherHolder()))
+        file.lock = holds(fileName) ? m_file.lock : std::make_shared<ProjectLock>(fileName);
+        if (!file.lock->mayWrite() && !m_prompts.askReadOnly(fileName, file.lock->otherHolder()))
             return false;
     }
     // Before it is read: what changes meanwhile is noticed.
-    const QString file = GFileName(fileName).canonicalPath();
-    const FileStamp stamp = stampOf(file);
+    file.path = GFileName(fileName).canonicalPath();
+    file.stamp = stampOf(file.path);
     DataModelReader reader(QStringLiteral(".vep"), QStringLiteral(".vexml"));
     const auto project = reader.read(fileName);
-    m_lock = taken;
-    m_stamped = file;
-    m_stamp = stamp;
+    m_file = file;
     install(project);
     tellDamaged(reader.damagedBodies());
     return true;
@@ -77,10 +73,11 @@ void ProjectController::installRecovered(const std::shared_ptr<Project> &project
                                          const FileStamp &file)
 {
     const GFileName &fileName = project->filename().value();
-    m_lock.reset();
-    m_lock = fileName.isEmpty() ? nullptr : std::make_shared<ProjectLock>(fileName.path());
-    m_stamped = fileName.canonicalPath();
-    m_stamp = file;
+    m_file = {}; // gives the lock up, which may be the one to take
+    if (!fileName.isEmpty())
+        m_file.lock = std::make_shared<ProjectLock>(fileName.path());
+    m_file.path = fileName.canonicalPath();
+    m_file.stamp = file;
     install(project);
     project->undoStack().resetClean();
     tellDamaged(damagedBodies);
@@ -96,16 +93,16 @@ void ProjectController::tellDamaged(const QStringList &bodies)
 
 bool ProjectController::isReadOnly() const
 {
-    return m_lock && !m_lock->mayWrite();
+    return m_file.lock && !m_file.lock->mayWrite();
 }
 
 bool ProjectController::isChangedOnDisk(const GFileName &fileName) const
 {
     const QString file = fileName.canonicalPath();
-    if (file != m_stamped)
+    if (file != m_file.path)
         return false;
     const FileStamp present = stampOf(file);
-    return present.exists() && present != m_stamp;
+    return present.exists() && present != m_file.stamp;
 }
 
 void ProjectController::saveAs(const GFileName &fileName, Changed changed)
@@ -123,9 +120,8 @@ void ProjectController::saveAs(const GFileName &fileName, Changed changed)
         m_project->filename().setValue(former);
         throw;
     }
-    m_lock = lock;
-    m_stamped = fileName.canonicalPath();
-    m_stamp = stampOf(m_stamped);
+    const QString path = fileName.canonicalPath();
+    m_file = {lock, path, stampOf(path)};
 }
 
 void ProjectController::write()
@@ -143,11 +139,15 @@ void ProjectController::write()
         project->undoStack().markSaved();
 }
 
+bool ProjectController::holds(const QString &fileName) const
+{
+    return m_file.lock && m_file.lock->isOf(fileName) && m_file.lock->mayWrite();
+}
+
 std::shared_ptr<ProjectLock> ProjectController::lockForSaving(const QString &fileName) const
 {
-    const bool isOurs = m_lock && m_lock->isOf(fileName) && m_lock->mayWrite();
-    if (isOurs || fileName.isEmpty())
-        return m_lock;
+    if (fileName.isEmpty() || holds(fileName))
+        return m_file.lock;
     auto lock = std::make_shared<ProjectLock>(fileName);
     if (!lock->mayWrite())
         throw Error(

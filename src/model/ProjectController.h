@@ -52,7 +52,7 @@ public:
     /// True when another program had the project when it was opened: it is not to be saved there.
     bool isReadOnly() const;
     /// The project's file as this controller read or left it.
-    const FileStamp &fileStamp() const { return m_stamp; }
+    const FileStamp &fileStamp() const { return m_file.stamp; }
     /// True when @p fileName is the project's file and other than this controller read or left it.
     bool isChangedOnDisk(const GFileName &fileName) const;
     /// What becomes of a file that another program has changed since it was opened.
@@ -91,9 +91,19 @@ public:
     void setImagePath(const QString &key, const QString &path);
 
 private:
+    /// What is known of the project's file, where it has one.
+    struct ProjectFile
+    {
+        std::shared_ptr<ProjectLock> lock; ///< null without one
+        QString path;                      ///< behind all links
+        FileStamp stamp;                   ///< as it was read or left
+    };
+
     void install(const std::shared_ptr<Project> &project);
     void tellDamaged(const QStringList &bodies);
     void write();
+    /// True when this controller may write @p fileName by the lock that it has.
+    bool holds(const QString &fileName) const;
     /// The lock to save @p fileName under; throws Error when another program has it.
     std::shared_ptr<ProjectLock> lockForSaving(const QString &fileName) const;
     void resolveMissing(QStringList &changes);
@@ -104,7 +114,5 @@ private:
     std::shared_ptr<Project> m_project;
     std::function<void()> m_installed;
     ItemSelectionModel m_selection;
-    std::shared_ptr<ProjectLock> m_lock; ///< of the project's file; null without one
-    FileStamp m_stamp;                   ///< of the project's file as it was read or left
-    QString m_stamped;                   ///< that file, behind all links
+    ProjectFile m_file;
 };

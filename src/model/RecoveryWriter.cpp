@@ -122,9 +122,7 @@ void RecoveryWriter::write(Project &project, const FileStamp &file)
 
 void RecoveryWriter::drop()
 {
-    m_lastSnapshot.reset();
-    m_lastWritten.clear();
-    m_lastFiles.clear();
+    forgetLast();
     m_waiting.clear();
     if (!m_folder)
         return;
@@ -156,15 +154,20 @@ void RecoveryWriter::confirmAdopted()
         m_folder->setMark(RecoveryFolder::Mark::Tried, false);
 }
 
+void RecoveryWriter::forgetLast()
+{
+    m_lastSnapshot.reset();
+    m_lastWritten.clear();
+    m_lastFiles.clear();
+}
+
 // Somebody may have cleared the place meanwhile.
 void RecoveryWriter::forgetLostFolder()
 {
     if (!m_folder || QFileInfo(m_folder->path()).isDir())
         return;
     m_folder.reset();
-    m_lastSnapshot.reset();
-    m_lastWritten.clear();
-    m_lastFiles.clear();
+    forgetLast();
 }
 
 // In pieces that are not long to wait for, and not so small that handing them over costs more.

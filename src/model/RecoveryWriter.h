@@ -53,6 +53,7 @@ private:
     /// Empty, or why it failed.
     using Work = std::function<QString()>;
 
+    void forgetLast();
     void forgetLostFolder();
     void queueSurfaces();
     Work completion();

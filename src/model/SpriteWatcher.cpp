@@ -228,7 +228,9 @@ void SpriteWatcher::takeResults()
 
 void SpriteWatcher::takeLooked()
 {
-    read(toSet(m_looking.take()));
+    const QSet<QString> differing = toSet(m_looking.take());
+    if (!differing.isEmpty())
+        read(differing);
     if (!m_quiet.isActive() && !(m_touched.isEmpty() && m_doubtful.isEmpty()))
         look();
 }

@@ -145,7 +145,8 @@ void RecoveryDialog::showCurrent()
     if (row < 0)
         return;
     const RecoveryEntry &entry = m_entries[std::size_t(row)];
-    QPixmap picture = QPixmap::fromImage(pictureOf(entry));
+    QPixmap picture =
+        QPixmap::fromImage(m_list->item(row)->data(SpriteListModel::imageRole).value<QImage>());
     if (!picture.isNull())
         picture = picture.scaled(m_picture->size(), Qt::KeepAspectRatio, Qt::SmoothTransformation);
     m_picture->setPixmap(picture);
