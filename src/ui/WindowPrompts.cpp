@@ -2,6 +2,7 @@
 
 #include "framework/ListDialog.h"
 #include "framework/Proposal.h"
+#include "framework/QuotedName.h"
 #include "ui/AnchorGrid.h"
 
 #include <QCloseEvent>
@@ -55,7 +56,7 @@ bool WindowPrompts::askReadOnly(const QString &file, const QString &holder)
 {
     return isAgreedTo(
         {tr("Project in use"),
-         tr("%1 is open in %2.").arg(QFileInfo(file).fileName(), holder),
+         tr("%1 is open in %2.").arg(quoted(QFileInfo(file).fileName()), holder),
          tr("You can open it read-only: Save As... keeps your changes under another name."),
          tr("Open read-only")},
         &m_window);
@@ -65,7 +66,8 @@ bool WindowPrompts::askReplaceChanged(const QString &file)
 {
     return isAgreedTo(
         {tr("Project changed on disk"),
-         tr("Another program has changed %1 since you opened it.").arg(QFileInfo(file).fileName()),
+         tr("Another program has changed %1 since you opened it.")
+             .arg(quoted(QFileInfo(file).fileName())),
          tr("Replacing it loses what the other program wrote; Save As... keeps both."),
          tr("Replace")},
         &m_window);
