@@ -277,14 +277,19 @@ void GMainWindow::changeEvent(QEvent *event)
 
 void GMainWindow::returnFocus(QWidget *old, QWidget *now)
 {
-    if (now || !old || old->window() != this || QApplication::activeWindow() != this)
+    if (!old || old->window() != this || QApplication::activeWindow() != this)
+        return;
+    // From one that is hidden or disabled the toolkit goes on to the next in the tab order, which
+    // nobody has chosen.
+    const bool isChosen = old->isVisible() && old->isEnabled();
+    if (now && (isChosen || now->window() != this))
         return;
     // The widget is still giving it up; a dialog that opens now keeps what it takes.
     QMetaObject::invokeMethod(
         this,
-        [this] {
+        [this, next = QPointer<QWidget>(now)] {
             QWidget *widget = documentWidget();
-            if (widget && !QApplication::focusWidget() && QApplication::activeWindow() == this)
+            if (widget && focusWidget() == next)
                 widget->setFocus(Qt::OtherFocusReason);
         },
         Qt::QueuedConnection);

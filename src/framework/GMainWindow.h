@@ -60,7 +60,8 @@ protected:
     virtual bool isDocumentReadOnly() const { return false; }
     /// Versions, paths, graphics: what a report of a fault needs, in lines.
     virtual QString systemInformation() const = 0;
-    /// Gets the focus when a widget gives it up, as editors do after Enter and Escape.
+    /// Gets the focus when a widget gives it up, as editors do after Enter and Escape, or loses it
+    /// by being hidden or disabled.
     virtual QWidget *documentWidget() const { return centralWidget(); }
 
     /// Whether the user can take another document, new or opened, in place of the present one.

@@ -1,8 +1,10 @@
 #include "framework/NumberSpinBox.h"
 
 #include "framework/MixedText.h"
+#include "framework/NumberKeys.h"
 
 #include <QFocusEvent>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QTimer>
 
@@ -88,6 +90,15 @@ void NumberSpinBox::fixup(QString &input) const
     const double number = locale().toDouble(withoutUnit(input), &isNumber);
     if (isNumber)
         input = QDoubleSpinBox::textFromValue(qBound(minimum(), number, maximum())) + suffix();
+}
+
+bool NumberSpinBox::event(QEvent *event)
+{
+    const bool isOverride = event->type() == QEvent::ShortcutOverride;
+    if (!isOverride || !passesNumberField(static_cast<QKeyEvent &>(*event), m_isTyped))
+        return QDoubleSpinBox::event(event);
+    event->ignore();
+    return true;
 }
 
 void NumberSpinBox::focusInEvent(QFocusEvent *event)

@@ -27,6 +27,7 @@ public:
     double valueFromText(const QString &text) const override;
     QValidator::State validate(QString &input, int &position) const override;
     void fixup(QString &input) const override;
+    bool event(QEvent *event) override;
 
 Q_SIGNALS:
     /// The user asks for @p number by keys or wheel; it may lie outside of the range.

@@ -3,7 +3,6 @@
 #include "preview/PenInput.h"
 
 #include <QAbstractScrollArea>
-#include <QAbstractSpinBox>
 #include <QApplication>
 #include <QComboBox>
 #include <QKeyEvent>
@@ -19,7 +18,6 @@ bool takesText(const QWidget *widget)
         return box->isEditable();
     return qobject_cast<const QLineEdit *>(widget) || qobject_cast<const QTextEdit *>(widget) ||
            qobject_cast<const QPlainTextEdit *>(widget) ||
-           qobject_cast<const QAbstractSpinBox *>(widget) ||
            qobject_cast<const QKeySequenceEdit *>(widget);
 }
 } // namespace

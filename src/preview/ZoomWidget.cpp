@@ -1,6 +1,7 @@
 #include "preview/ZoomWidget.h"
 
 #include "framework/GAction.h"
+#include "framework/NumberKeys.h"
 #include "framework/ThemedIcon.h"
 #include "preview/EditorGraphicsView.h"
 
@@ -146,6 +147,11 @@ void ZoomWidget::showZoom()
 // Escape, and leaving with what is no percentage, bring the zoom back.
 bool ZoomWidget::eventFilter(QObject *watched, QEvent *event)
 {
+    const bool isOverride = event->type() == QEvent::ShortcutOverride;
+    if (isOverride && passesNumberField(static_cast<QKeyEvent &>(*event), m_edit->isModified())) {
+        event->ignore();
+        return true;
+    }
     const bool isEscape = event->type() == QEvent::KeyPress &&
                           static_cast<QKeyEvent *>(event)->key() == Qt::Key_Escape;
     const bool isUnfit = event->type() == QEvent::FocusOut && !m_edit->hasAcceptableInput();

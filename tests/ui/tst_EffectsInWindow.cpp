@@ -10,6 +10,7 @@
 #include "model/properties/GUndoStack.h"
 #include "model/properties/PropertyT.h"
 #include "preview/EditorGraphicsViewVesperine.h"
+#include "preview/GLGraphicsLight.h"
 #include "preview/NormalMapEditorScene.h"
 #include "preview/SpriteItem.h"
 #include "support/DialogScript.h"
@@ -27,6 +28,7 @@
 #include <QRadioButton>
 #include <QSlider>
 #include <QStatusBar>
+#include <QWindow>
 
 namespace {
 /// Three discs, red at the left and blue at the right; all are selected. The first has no surface,
@@ -215,6 +217,27 @@ private Q_SLOTS:
         QVERIFY(easel.openAgain()); // saved with the effect open
         QVERIFY(easel.surfaces() == before && easel.showsWhatIsStored() && !easel.hasDialog());
         easel.open(); // until everything goes
+    }
+
+    // With the focus in a field for numbers, as it is when the effect opens.
+    void theLightFollowsItsKeys()
+    {
+        const Easel easel(false);
+        const auto *rotates = easel.window().findChild<QAction *>("autoRotateLight"_s);
+        dragTo(easel.viewport(), {30, 40}, Qt::NoButton);
+        easel.open();
+        auto *field = easel.smoothness()->findChild<QDoubleSpinBox *>();
+        QTest::mouseClick(field, Qt::LeftButton);
+        QVERIFY(field->hasFocus());
+        QWindow *dialog = easel.dialog()->windowHandle();
+        QTest::keyClick(dialog, Qt::Key_P);
+        QCOMPARE(easel.scene().light().pos(), easel.view().mapToScene(30, 40));
+        QTest::keyClick(dialog, Qt::Key_R);
+        QVERIFY(rotates->isChecked());
+        QTest::keyClick(dialog, Qt::Key_4);
+        QTest::keyClick(dialog, Qt::Key_R);
+        QVERIFY(!rotates->isChecked() && easel.hasDialog());
+        easel.end("discard");
     }
 
     // Whose maps end in "_n" as long as nothing else was exported.

@@ -1,20 +1,26 @@
 #include "base/GSettings.h"
+#include "framework/GAction.h"
 #include "framework/KeyEdit.h"
 #include "framework/RecentFiles.h"
 #include "framework/ShortcutsDialog.h"
+#include "model/properties/GUndoStack.h"
+#include "preview/EditorGraphicsViewVesperine.h"
 #include "preview/NormalMapEditorScene.h"
 #include "support/DialogScript.h"
-#include "support/EditorUser.h"
+#include "support/Studio.h"
 #include "support/Widgets.h"
 #include "support/WindowTest.h"
-#include "ui/MainWindow.h"
+#include "tools/PaintTool.h"
 
 #include <QAction>
 #include <QLineEdit>
 #include <QMenu>
+#include <QPushButton>
+#include <QSpinBox>
 #include <QTreeWidget>
+#include <QWindow>
 
-/// The keys of the window's commands, changed by hand in the dialog for it.
+/// The keys of the window's commands: where they work, and changed by hand in the dialog for it.
 class TestShortcuts : public QObject
 {
     Q_OBJECT
@@ -156,7 +162,74 @@ private Q_SLOTS:
         QVERIFY(!keys("zoomIn").isEmpty() && !kept("zoomIn").isValid());
     }
 
+    void theFocusOfAPanelThatGoesReturnsToTheView()
+    {
+        m_window.reset();
+        const Studio studio;
+        press(studio, Qt::Key_Y);
+        auto &fill = *window(studio).findChild<QPushButton *>("Fill"_s);
+        QTest::mouseClick(&fill, Qt::LeftButton);
+        QVERIFY(fill.hasFocus());
+        press(studio, Qt::Key_B);
+        press(studio, Qt::Key_E);
+        press(studio, Qt::Key_5);
+        QVERIFY(studio.view().hasFocus());
+        QCOMPARE(tool(studio), "Eraser Tool"_s);
+        QCOMPARE(shownChild<QDoubleSpinBox>(window(studio), "Opacity"_s).text(), "50 %"_s);
+
+        QTest::mouseClick(&shownChild<QDoubleSpinBox>(window(studio), "Z position"_s),
+                          Qt::LeftButton);
+        QVERIFY(!studio.view().hasFocus());
+        press(studio, Qt::Key_1, Qt::AltModifier); // hides the light's settings
+        QTRY_VERIFY(studio.view().hasFocus());
+    }
+
+    void aFieldForNumbersLeavesOtherKeysAlone_data()
+    {
+        QTest::addColumn<QString>("name");
+        for (const char *name : {"Brush size", "Zoom in percent"})
+            QTest::newRow(name) << QString::fromLatin1(name);
+    }
+
+    void aFieldForNumbersLeavesOtherKeysAlone()
+    {
+        QFETCH(QString, name);
+        m_window.reset();
+        const Studio studio;
+        studio.key(Qt::Key_B);
+        studio.paint({{20, 20}});
+        QCOMPARE(studio.stack().index(), 1);
+        auto &field = shownChild<QLineEdit>(window(studio), name);
+        QTest::mouseClick(&field, Qt::LeftButton);
+        QVERIFY(field.hasFocus());
+        press(studio, Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(studio.stack().index(), 0);
+        press(studio, Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+        QCOMPARE(studio.stack().index(), 1);
+        press(studio, Qt::Key_7);
+        QVERIFY(field.text().contains(QLatin1Char('7')));
+        press(studio, Qt::Key_Z, Qt::ControlModifier); // of what was typed
+        QCOMPARE(studio.stack().index(), 1);
+        press(studio, Qt::Key_7);
+        press(studio, Qt::Key_Y);
+        QCOMPARE(tool(studio), "Angle brush"_s);
+    }
+
 private:
+    static MainWindow &window(const Studio &studio)
+    {
+        return static_cast<MainWindow &>(*studio.view().window());
+    }
+
+    /// At the window, as the system tells of it, which hands it to the widget with the focus.
+    static void press(const Studio &studio, int key, Qt::KeyboardModifiers modifiers = {})
+    {
+        QTest::keyClick(window(studio).windowHandle(), Qt::Key(key), modifiers);
+        QCoreApplication::processEvents();
+    }
+
+    static QString tool(const Studio &studio) { return studio.scene().tool()->action().text(); }
+
     static QVariant kept(const char *id)
     {
         return application().settings().value("shortcuts/"_s + QLatin1String(id));
