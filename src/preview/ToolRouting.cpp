@@ -54,6 +54,9 @@ void ToolRouting::setTool(PaintTool *tool)
         m_tool->disconnect(this);
     m_tool = tool;
     connectTool();
+    // It asks for it itself only when it becomes active on one body.
+    if (m_tool && !m_target && m_tool->worksOnSeveralBodies())
+        setMode(InteractionMode::MoveSprites);
     activate();
 }
 

@@ -28,7 +28,8 @@ QT_END_NAMESPACE
 
 /// Base of all tools: the interface between the scene, which forwards events, and what is done with
 /// them. A tool never writes the document: it announces what it has made and commits it once. It
-/// lives as long as the sidebar, its settings panel is its own.
+/// lives as long as the sidebar, its settings panel is its own. One that works on several bodies
+/// lets the scene move them, and is active on none of them meanwhile.
 class PaintTool : public AngleImageTool
 {
     Q_OBJECT

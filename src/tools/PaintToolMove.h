@@ -10,5 +10,6 @@ class PaintToolMove : public PaintTool
 public:
     explicit PaintToolMove(QObject *parent = nullptr);
 
+    bool worksOnSeveralBodies() const override { return true; }
     void activate(const ToolContext &context, const AngleImage &image) override;
 };

@@ -93,6 +93,8 @@ MainWindow::MainWindow(GApplication &application, QWidget *parent)
     constexpr QSize startSize(1024, 700);
     resize(startSize * uiScaleFactor());
     restoreLayout();
+    // Else it were with the list, which takes letters for names.
+    m_editor->view().setFocus();
     m_controller.setInstalled([this] { installProject(); });
     m_controller.createProject();
 }

@@ -7,11 +7,15 @@
 #include "ui/SpriteDelegate.h"
 #include "ui/SpriteListModel.h"
 
+#include <QAction>
+#include <QApplication>
 #include <QDropEvent>
+#include <QKeyEvent>
 #include <QMimeData>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScopedValueRollback>
+#include <QShortcut>
 
 #include <algorithm>
 
@@ -30,6 +34,37 @@ QItemSelection rangesOf(const SpriteListModel &model, const QList<Body *> &bodie
             ranges.append(QItemSelectionRange(model.index(first), model.index(row - 1)));
     }
     return ranges;
+}
+
+/// Of a name that is typed to find it.
+bool isLetter(const QKeyEvent &event)
+{
+    const bool isPlain = !(event.modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier));
+    const QString text = event.text();
+    return isPlain && text.size() == 1 && text[0].isPrint() && !text[0].isSpace();
+}
+
+bool hasAction(const QWidget &widget, const QKeySequence &key)
+{
+    const auto actions = widget.actions();
+    return std::any_of(actions.begin(), actions.end(), [&key](const QAction *each) {
+        return each->shortcuts().contains(key);
+    });
+}
+
+/// Whether a command of @p window has the key, be it at rest or not.
+bool isKeyOfCommand(const QWidget &window, const QKeyEvent &event)
+{
+    const QKeySequence key(int(event.modifiers() & Qt::ShiftModifier) | event.key());
+    const auto shortcuts = window.findChildren<QShortcut *>();
+    const auto widgets = window.findChildren<QWidget *>();
+    return std::any_of(shortcuts.begin(),
+                       shortcuts.end(),
+                       [&key](const QShortcut *each) { return each->key() == key; }) ||
+           hasAction(window, key) ||
+           std::any_of(widgets.begin(), widgets.end(), [&key](const QWidget *each) {
+               return hasAction(*each, key);
+           });
 }
 } // namespace
 
@@ -95,6 +130,36 @@ QSize ShapeTreeView::sizeHint() const
 QSize ShapeTreeView::minimumSizeHint() const
 {
     return {scaled(160), scaled(144)};
+}
+
+// A name that was begun goes on with any letter.
+bool ShapeTreeView::event(QEvent *event)
+{
+    const bool isOverride = event->type() == QEvent::ShortcutOverride;
+    if (!isOverride || !isSearching() || !isLetter(static_cast<QKeyEvent &>(*event)))
+        return QTreeView::event(event);
+    event->accept();
+    return true;
+}
+
+// A tool's key doesn't become the begin of a name while the tool is at rest: that would select
+// another sprite.
+void ShapeTreeView::keyPressEvent(QKeyEvent *event)
+{
+    const bool isLetter = ::isLetter(*event);
+    if (isLetter && !isSearching() && isKeyOfCommand(*window(), *event)) {
+        event->ignore();
+        return;
+    }
+    if (isLetter)
+        m_sinceLetter.start();
+    QTreeView::keyPressEvent(event);
+}
+
+bool ShapeTreeView::isSearching() const
+{
+    return m_sinceLetter.isValid() &&
+           !m_sinceLetter.hasExpired(QApplication::keyboardInputInterval());
 }
 
 bool ShapeTreeView::edit(const QModelIndex &index, EditTrigger trigger, QEvent *event)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QElapsedTimer>
 #include <QStringList>
 #include <QTreeView>
 
@@ -32,7 +33,9 @@ Q_SIGNALS:
     void pathsDropped(const QStringList &paths);
 
 protected:
+    bool event(QEvent *event) override;
     bool edit(const QModelIndex &index, EditTrigger trigger, QEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
     void dragEnterEvent(QDragEnterEvent *event) override;
     void dragMoveEvent(QDragMoveEvent *event) override;
@@ -44,10 +47,12 @@ private:
     void showSelection();
     void takeSelection();
     void setDropTarget(bool isDropTarget);
+    bool isSearching() const;
 
     ItemSelectionModel &m_selection;
     SpriteListModel *m_model;
     SpriteDelegate *m_delegate;
     bool m_isFollowing = false; // the document is what changes
     bool m_isDropTarget = false;
+    QElapsedTimer m_sinceLetter; // of a name that is being typed
 };

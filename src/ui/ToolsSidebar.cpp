@@ -158,14 +158,21 @@ void ToolsSidebar::setOpenEffect(Filter *effect)
 void ToolsSidebar::updateActions()
 {
     m_selectedCount = m_selection.selection().size();
-    const auto isEnabled = [this](const AngleImageTool &tool) {
-        if (m_openEffect)
-            return &tool == m_openEffect;
-        return m_selectedCount == 1 || (m_selectedCount > 1 && tool.worksOnSeveralBodies());
-    };
     for (const AngleImageTool *tool : allTools())
-        tool->action().setEnabled(isEnabled(*tool));
-    m_whyAtRest->setVisible(!m_openEffect && m_selectedCount != 1);
+        tool->action().setEnabled(isUsable(*tool));
+    showWhyAtRest();
+}
+
+bool ToolsSidebar::isUsable(const AngleImageTool &tool) const
+{
+    if (m_openEffect)
+        return &tool == m_openEffect;
+    return m_selectedCount == 1 || (m_selectedCount > 1 && tool.worksOnSeveralBodies());
+}
+
+void ToolsSidebar::showWhyAtRest()
+{
+    m_whyAtRest->setVisible(m_activeTool && !isUsable(*m_activeTool));
 }
 
 void ToolsSidebar::addToolActions(QMenu &menu) const
@@ -295,6 +302,7 @@ void ToolsSidebar::activate(PaintTool *tool)
         m_store.setValue(activeToolKey(), nameOf(*tool));
     }
     showSettings();
+    showWhyAtRest();
     Q_EMIT activeToolChanged(tool);
 }
 

@@ -66,6 +66,8 @@ private:
     void takeTriggered(QAction *action);
     void activate(PaintTool *tool);
     void showSettings();
+    bool isUsable(const AngleImageTool &tool) const;
+    void showWhyAtRest();
     void restoreSettings();
     void keepSettings(const AngleImageTool &tool);
     PaintTool *lastActiveTool() const;

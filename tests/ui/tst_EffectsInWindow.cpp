@@ -197,7 +197,7 @@ private Q_SLOTS:
         easel.window().project().lightBrightness().setValue(70, "light"_s);
         const QStringList locked =
             "New|Open...|Add sprites...|Remove sprites|"
-            "Reload sprites|Select all|Deselect |Invert selection|Emboss...|Import normal maps from folder..."_s
+            "Move sprites|Reload sprites|Select all|Deselect |Invert selection|Emboss...|Import normal maps from folder..."_s
                 .split(QLatin1Char('|'));
         QCOMPARE(enabled - easel.enabled(), QSet<QString>(locked.begin(), locked.end()));
         QCOMPARE(easel.enabled() - enabled, QSet<QString>());

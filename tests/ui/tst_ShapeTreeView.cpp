@@ -7,9 +7,11 @@
 #include "support/Widgets.h"
 #include "ui/ShapeTreeView.h"
 
+#include <QAction>
 #include <QLineEdit>
 #include <QSignalSpy>
 #include <QTest>
+#include <QWindow>
 
 #include <memory>
 
@@ -101,6 +103,27 @@ private Q_SLOTS:
         QCOMPARE(rows(), "a b other d e"_s);
     }
 
+    // Which belong to a command, be it at rest or not.
+    void lettersOfCommandsBeginNoName()
+    {
+        addBodies("hero heel eel");
+        click("hero");
+        QAction command;
+        command.setShortcut(Qt::Key_E);
+        m_list->addAction(&command);
+        QSignalSpy runs(&command, &QAction::triggered);
+        for (const bool isEnabled : {true, false}) {
+            command.setEnabled(isEnabled);
+            press(Qt::Key_E);
+            QCOMPARE(selected(), "hero"_s);
+        }
+        command.setEnabled(true);
+        for (const int key : {Qt::Key_H, Qt::Key_E, Qt::Key_E})
+            press(key);
+        QCOMPARE(selected(), "heel"_s);
+        QCOMPARE(runs.count(), 1);
+    }
+
     void renaming()
     {
         addBodies("body");
@@ -129,6 +152,9 @@ private Q_SLOTS:
     }
 
 private:
+    // At the window, where the system tells of it.
+    void press(int key) { QTest::keyClick(m_list->windowHandle(), Qt::Key(key)); }
+
     void addBodies(const char *names)
     {
         for (const QString &name : words(names))

@@ -6,11 +6,14 @@
 #include "model/properties/GUndoStack.h"
 #include "preview/EditorGraphicsViewVesperine.h"
 #include "preview/NormalMapEditorScene.h"
+#include "preview/SpriteItem.h"
 #include "support/DialogScript.h"
+#include "support/Gestures.h"
 #include "support/Studio.h"
 #include "support/Widgets.h"
 #include "support/WindowTest.h"
 #include "tools/PaintTool.h"
+#include "ui/ShapeTreeView.h"
 
 #include <QAction>
 #include <QLineEdit>
@@ -164,6 +167,7 @@ private Q_SLOTS:
 
     void theFocusOfAPanelThatGoesReturnsToTheView()
     {
+        QVERIFY(EditorUser(*m_window).view().hasFocus()); // at the start
         m_window.reset();
         const Studio studio;
         press(studio, Qt::Key_Y);
@@ -215,6 +219,32 @@ private Q_SLOTS:
         QCOMPARE(tool(studio), "Angle brush"_s);
     }
 
+    // Their names, a and b, begin with keys of tools.
+    void keysWhileSeveralSpritesAreSelected()
+    {
+        m_window.reset();
+        Studio studio;
+        studio.key(Qt::Key_E);
+        studio.select(0);
+        auto &list = *window(studio).findChild<ShapeTreeView *>();
+        const QPoint second = list.visualRect(list.model()->index(1, 0)).center();
+        QTest::mouseClick(list.viewport(), Qt::LeftButton, Qt::ControlModifier, second);
+        QVERIFY(list.hasFocus() && showsText(window(studio), "Select one sprite"_s));
+        for (const int key : {Qt::Key_A, Qt::Key_B, Qt::Key_L, Qt::Key_5})
+            press(studio, key);
+        QCOMPARE(list.selectionModel()->selectedRows().size(), 2);
+        QCOMPARE(tool(studio), "Eraser Tool"_s);
+        press(studio, Qt::Key_V);
+        QCOMPARE(tool(studio), "Move sprites"_s);
+        QVERIFY(!showsText(window(studio), "Select one sprite"_s));
+        const QVector<QPointF> before = places(studio);
+        const QPoint on = studio.view().mapFromScene(before[0] + QPointF(20, 20));
+        drag(studio.viewport(), on, on + QPoint(90, 60));
+        const QVector<QPointF> after = places(studio);
+        QVERIFY(after[0] != before[0]);
+        QCOMPARE(after[1] - before[1], after[0] - before[0]);
+    }
+
 private:
     static MainWindow &window(const Studio &studio)
     {
@@ -229,6 +259,12 @@ private:
     }
 
     static QString tool(const Studio &studio) { return studio.scene().tool()->action().text(); }
+
+    static QVector<QPointF> places(const Studio &studio)
+    {
+        return {studio.scene().spriteItem(&studio.body(0))->pos(),
+                studio.scene().spriteItem(&studio.body(1))->pos()};
+    }
 
     static QVariant kept(const char *id)
     {
