@@ -1444,6 +1444,10 @@ Esc | abbrechen
 Mit Umschalt beginnen | zur Auswahl hinzufügen
 Mit Alt beginnen | von der Auswahl abziehen</translation>
     </message>
+    <message>
+        <source>Remove last corner</source>
+        <translation>Letzte Ecke entfernen</translation>
+    </message>
 </context>
 <context>
     <name>PaintToolStructure</name>

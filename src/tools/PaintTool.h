@@ -65,6 +65,11 @@ public:
     /// The wheel turned by @p notches, up is positive, with Control held. False when it means
     /// nothing here.
     virtual bool turnWheel(double notches, Qt::KeyboardModifiers modifiers);
+    /// What stepBack() does, for a menu; empty while it does nothing.
+    virtual QString stepBackText() const { return {}; }
+    /// Takes back a piece of what is not finished. Undo does so before it undoes a step of the
+    /// document.
+    virtual void stepBack() {}
     /// Reads anew what lies outside of the document, such as folders of files.
     virtual void reload();
     /// Shown above the sprite while the tool is active; owned by the tool, null for none.
@@ -82,6 +87,7 @@ Q_SIGNALS:
     void commitNormalMap(QString undoText);
     void selectionChanged(FloatImage selection, QString undoText, bool mergeWithPrevious = false);
     void interactionModeChanged(InteractionMode mode);
+    void stepBackTextChanged();
 
 protected:
     /// Lays rows into the settings panel.

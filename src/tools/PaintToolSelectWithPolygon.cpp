@@ -40,7 +40,8 @@ void PaintToolSelectWithPolygon::updateTexture(QImage image)
 
 void PaintToolSelectWithPolygon::pressAt(const QPoint &pixel)
 {
-    if (m_polygon.isEmpty()) {
+    const bool isFirst = m_polygon.isEmpty();
+    if (isFirst) {
         begin();
     } else if (isClosing(pixel)) {
         close();
@@ -49,6 +50,8 @@ void PaintToolSelectWithPolygon::pressAt(const QPoint &pixel)
     m_polygon.append(pixel);
     m_pointer = pixel;
     show();
+    if (isFirst)
+        Q_EMIT stepBackTextChanged();
 }
 
 void PaintToolSelectWithPolygon::moveTo(const QPoint &pixel, bool /*isHeld*/)
@@ -72,7 +75,7 @@ void PaintToolSelectWithPolygon::keyPress(int key, Qt::KeyboardModifiers modifie
     if (key == Qt::Key_Escape)
         cancel();
     else if (key == Qt::Key_Backspace)
-        removeLast();
+        stepBack();
     else if (key == Qt::Key_Return || key == Qt::Key_Enter)
         closeIfArea();
 }
@@ -105,11 +108,19 @@ void PaintToolSelectWithPolygon::close()
 
 void PaintToolSelectWithPolygon::cancel()
 {
+    const bool wasOpen = !m_polygon.isEmpty();
     m_polygon.clear();
     m_preview.clear();
+    if (wasOpen)
+        Q_EMIT stepBackTextChanged();
 }
 
-void PaintToolSelectWithPolygon::removeLast()
+QString PaintToolSelectWithPolygon::stepBackText() const
+{
+    return m_polygon.isEmpty() ? QString() : tr("Remove last corner");
+}
+
+void PaintToolSelectWithPolygon::stepBack()
 {
     if (m_polygon.size() <= 1) {
         cancel();

@@ -15,6 +15,9 @@ public:
 
     void deactivate() override;
     void keyPress(int key, Qt::KeyboardModifiers modifiers) override;
+    QString stepBackText() const override;
+    /// Takes the last corner back, as Backspace does.
+    void stepBack() override;
     QGraphicsItem *overlayItem() const override { return m_preview.item(); }
 
 public Q_SLOTS:
@@ -31,7 +34,6 @@ private:
     void close();
     void closeIfArea();
     void cancel();
-    void removeLast();
     void show();
     /// Whether a click at @p pixel closes the polygon, which is open.
     bool isClosing(const QPoint &pixel) const;

@@ -3,6 +3,7 @@
 #include "framework/GAction.h"
 #include "framework/ThemedIcon.h"
 #include "model/properties/GUndoStack.h"
+#include "tools/PaintTool.h"
 
 #include <QMenu>
 
@@ -52,12 +53,31 @@ void UndoActions::setStack(GUndoStack &stack)
     if (m_stack)
         m_stack->disconnect(this);
     m_stack = &stack;
-    connect(m_undoButton, &QAction::triggered, &stack, &GUndoStack::undo);
+    disconnect(m_undo, nullptr, &stack, nullptr);
+    const auto undo = [this, &stack] { toolText().isEmpty() ? stack.undo() : m_tool->stepBack(); };
+    connect(m_undo, &QAction::triggered, &stack, undo);
+    connect(m_undoButton, &QAction::triggered, &stack, undo);
     connect(m_redoButton, &QAction::triggered, &stack, &GUndoStack::redo);
     // After the menu's actions, which the toolkit enables by itself.
     connect(&stack, &QUndoStack::canUndoChanged, this, &UndoActions::update);
     connect(&stack, &QUndoStack::canRedoChanged, this, &UndoActions::update);
+    connect(&stack, &QUndoStack::undoTextChanged, this, [this] {
+        m_stackText = m_undo->text();
+        showText();
+    });
+    m_stackText = m_undo->text();
     update();
+}
+
+void UndoActions::setTool(PaintTool *tool)
+{
+    if (m_tool)
+        m_tool->disconnect(this);
+    m_tool = tool;
+    if (tool)
+        connect(tool, &PaintTool::stepBackTextChanged, this, &UndoActions::update);
+    if (m_stack)
+        update();
 }
 
 void UndoActions::setLocked(bool isLocked)
@@ -66,12 +86,26 @@ void UndoActions::setLocked(bool isLocked)
     update();
 }
 
+QString UndoActions::toolText() const
+{
+    return m_tool ? m_tool->stepBackText() : QString();
+}
+
+// A step that is done again would change what the tool's open work is based on.
 void UndoActions::update()
 {
-    const bool canUndo = !m_isLocked && m_stack->canUndo();
-    const bool canRedo = !m_isLocked && m_stack->canRedo();
+    const bool hasTool = !toolText().isEmpty();
+    const bool canUndo = !m_isLocked && (hasTool || m_stack->canUndo());
+    const bool canRedo = !m_isLocked && !hasTool && m_stack->canRedo();
     for (QAction *action : {m_undo.data(), static_cast<QAction *>(m_undoButton)})
         action->setEnabled(canUndo);
     for (QAction *action : {m_redo.data(), static_cast<QAction *>(m_redoButton)})
         action->setEnabled(canRedo);
+    showText();
+}
+
+void UndoActions::showText()
+{
+    const QString text = toolText();
+    m_undo->setText(text.isEmpty() ? m_stackText : text);
 }

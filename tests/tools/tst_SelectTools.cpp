@@ -51,6 +51,8 @@ void perform(PaintToolSelectWithPolygon &tool, const QString &step, int held)
         tool.mousePress(pointer(QPointF(corners(step).first()) + QPointF(0.9, 0.9), held));
     else if (step == QLatin1String("double"))
         tool.mouseDoubleClick(pointer({20, 20}));
+    else if (step == QLatin1String("undo"))
+        tool.stepBack();
     else
         tool.keyPress(QKeySequence(step)[0], {});
 }
@@ -157,6 +159,8 @@ private Q_SLOTS:
         add("two corners", 0, "2,2 20,2 2,2", "2,2 20,2");
         add("crossing itself", 0, "2,2 20,20 20,2 2,20 Return", "2,2 20,20 20,2 2,20");
         add("corner removed", 0, "2,2 20,2 9,30 Backspace 20,20 2,2", triangle);
+        add("corner undone", 0, "2,2 20,2 9,30 undo 20,20 2,2", triangle);
+        add("all undone", 0, "2,2 20,2 undo undo Return", "");
         add("cancelled", 0, "2,2 20,2 20,20 Esc Return", "");
     }
 

@@ -1,13 +1,16 @@
 #include "imaging/MaskedPaste.h"
 #include "model/Body.h"
 #include "model/PropertyAngleImage.h"
+#include "preview/EditorGraphicsViewVesperine.h"
 #include "preview/NormalMapEditorScene.h"
+#include "preview/SpriteItem.h"
 #include "support/PaintedSurface.h"
 #include "support/Studio.h"
 #include "support/Widgets.h"
 #include "support/WindowTest.h"
 #include "tools/PaintToolHeightBrush.h"
 
+#include <QAction>
 #include <QMap>
 #include <QThreadPool>
 
@@ -187,6 +190,44 @@ private Q_SLOTS:
         QCOMPARE(studio.stack().index(), 1);
         studio.paint({{5, 5}, {50, 5}, {5, 5}, {50, 5}});
         QCOMPARE(studio.stack().index(), 2);
+    }
+
+    void undoTakesBackTheCornersOfAnOpenLasso()
+    {
+        Studio studio;
+        auto &window = *studio.view().window();
+        const auto *undo = window.findChild<QAction *>("undo"_s);
+        const auto *redo = window.findChild<QAction *>("redo"_s);
+        const auto isOpen = [undo] { return undo->text() == "Remove last corner"_s; };
+        const auto hasSelection = [&studio] {
+            return studio.scene().spriteItem(&studio.body(0))->hasSelection();
+        };
+        studio.key(Qt::Key_L);
+        studio.paint({{10, 5}}, Qt::ShiftModifier); // which is no step
+        QVERIFY(isOpen());
+        studio.chooseTool("Undo");
+        QVERIFY(!isOpen() && !undo->isEnabled());
+
+        studio.key(Qt::Key_A);
+        studio.paint({{5, 5}});
+        studio.paint({{50, 5}});
+        studio.key(Qt::Key_Z, Qt::ControlModifier);
+        studio.key(Qt::Key_L);
+        for (const QPoint &corner : {QPoint(40, 5), QPoint(55, 5), QPoint(20, 20)})
+            studio.paint({corner}, Qt::ShiftModifier);
+        QVERIFY(isOpen() && !redo->isEnabled());
+        for (const int left : {2, 1, 0}) {
+            studio.key(Qt::Key_Z, Qt::ControlModifier);
+            QCOMPARE(isOpen(), left > 0);
+        }
+        QCOMPARE(studio.stack().index(), 1);
+        QVERIFY(redo->isEnabled());
+        // One that took the selection away brings it back in the end.
+        studio.paint({{3, 3}});
+        studio.key(Qt::Key_Z, Qt::ControlModifier);
+        QVERIFY(!isOpen() && !hasSelection());
+        studio.key(Qt::Key_Z, Qt::ControlModifier);
+        QVERIFY(hasSelection());
     }
 
     // Whatever is done can be undone and done again, through saving and loading, bit for bit.
