@@ -1241,6 +1241,14 @@ bleibt unverändert.</translation>
         <translation>Neigt die Oberfläche beim Malen in eine Richtung.</translation>
     </message>
     <message>
+        <source>Pick from image</source>
+        <translation>Aus dem Bild aufnehmen</translation>
+    </message>
+    <message>
+        <source>The next click in the view takes the angle there, as Alt and a click do</source>
+        <translation>Der nächste Klick in die Ansicht nimmt den Winkel von dort auf, wie Alt und ein Klick</translation>
+    </message>
+    <message>
         <source>Fill all</source>
         <translation>Alles füllen</translation>
     </message>
@@ -1374,6 +1382,30 @@ X | hoch/tief umschalten</translation>
 </context>
 <context>
     <name>PaintToolSelect</name>
+    <message>
+        <source>Replace</source>
+        <translation>Ersetzen</translation>
+    </message>
+    <message>
+        <source>Add</source>
+        <translation>Hinzufügen</translation>
+    </message>
+    <message>
+        <source>Subtract</source>
+        <translation>Abziehen</translation>
+    </message>
+    <message>
+        <source>What you select takes the place of the selection</source>
+        <translation>Was Sie auswählen, tritt an die Stelle der Auswahl</translation>
+    </message>
+    <message>
+        <source>Adds to the selection, as Shift does</source>
+        <translation>Fügt zur Auswahl hinzu, wie die Umschalttaste</translation>
+    </message>
+    <message>
+        <source>Takes away from the selection, as Alt does</source>
+        <translation>Zieht von der Auswahl ab, wie die Alt-Taste</translation>
+    </message>
     <message>
         <source>pixel selection changed</source>
         <translation>Pixelauswahl geändert</translation>

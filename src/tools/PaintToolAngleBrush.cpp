@@ -12,6 +12,8 @@
 #include <QPixmap>
 #include <QPushButton>
 
+#include <utility>
+
 namespace {
 
 ScalableToolCursor pickCursor()
@@ -42,6 +44,13 @@ PaintToolAngleBrush::PaintToolAngleBrush(QObject *parent)
     action().setStatusTip(tr("Turns the surface to one direction where you paint."));
     panel().addRow(tr("Angle"), m_picker);
     connect(m_picker, &AnglePicker::pixelValueChanged, this, &PaintToolAngleBrush::setAngle);
+    // For who can't: a window manager may keep Alt and the mouse to itself.
+    m_pick = panel().addCommand(tr("Pick from image"), QStringLiteral("Pick"));
+    m_pick->setCheckable(true);
+    m_pick->setFocusPolicy(Qt::TabFocus);
+    m_pick->setToolTip(
+        tr("The next click in the view takes the angle there, as Alt and a click do"));
+    connect(m_pick, &QPushButton::toggled, this, &PaintToolAngleBrush::showPickCursor);
     m_fill = panel().addCommand(tr("Fill all"), QStringLiteral("Fill"));
     connect(m_fill, &QPushButton::clicked, this, &PaintToolAngleBrush::fill);
     panel().addHelp(action().statusTip() + QLatin1Char('\n') + keysHelp() +
@@ -51,6 +60,7 @@ PaintToolAngleBrush::PaintToolAngleBrush(QObject *parent)
 void PaintToolAngleBrush::deactivate()
 {
     PaintToolBrushBasedOnNormalMap::deactivate();
+    m_pick->setChecked(false);
     m_showsPickCursor = false;
     m_texture = {};
 }
@@ -67,6 +77,13 @@ void PaintToolAngleBrush::mouseMove(const ToolPointerEvent &event)
         PaintToolBrushBasedOnNormalMap::mouseMove(event);
 }
 
+void PaintToolAngleBrush::mouseRelease(const ToolPointerEvent &event)
+{
+    if (event.changedButton == Qt::LeftButton && std::exchange(m_hasPicked, false))
+        m_pick->setChecked(false);
+    PaintToolBrushBasedOnNormalMap::mouseRelease(event);
+}
+
 void PaintToolAngleBrush::keyPress(int key, Qt::KeyboardModifiers modifiers)
 {
     // Whether a key's own press tells of it as a modifier, too, is the platform's choice. With
@@ -74,14 +91,16 @@ void PaintToolAngleBrush::keyPress(int key, Qt::KeyboardModifiers modifiers)
     const bool isAlt = key == Qt::Key_Alt || modifiers.testFlag(Qt::AltModifier);
     const bool isOther = key == Qt::Key_Control || key == Qt::Key_Shift ||
                          modifiers & (Qt::ControlModifier | Qt::ShiftModifier);
-    showPickCursor(isAlt && !isOther);
+    if (key == Qt::Key_Escape)
+        m_pick->setChecked(false);
+    showPickCursor((isAlt || m_pick->isChecked()) && !isOther);
     PaintToolBrushBasedOnNormalMap::keyPress(key, modifiers);
 }
 
 void PaintToolAngleBrush::keyRelease(int key, Qt::KeyboardModifiers modifiers)
 {
     if (key == Qt::Key_Alt || !modifiers.testFlag(Qt::AltModifier))
-        showPickCursor(false);
+        showPickCursor(m_pick->isChecked());
     PaintToolBrushBasedOnNormalMap::keyRelease(key, modifiers);
 }
 
@@ -135,14 +154,16 @@ void PaintToolAngleBrush::fill()
 // The cursor tells what a press does, also when Alt was let go in another window.
 bool PaintToolAngleBrush::picks(const ToolPointerEvent &event)
 {
-    const bool isAlt = event.modifiers == Qt::AltModifier;
-    const bool picks = isAlt && event.buttons == Qt::LeftButton;
-    showPickCursor(picks || (isAlt && event.buttons == Qt::NoButton));
+    const bool mayPick = event.modifiers == Qt::AltModifier ||
+                         (m_pick->isChecked() && event.modifiers == Qt::NoModifier);
+    const bool picks = mayPick && event.buttons == Qt::LeftButton;
+    showPickCursor(picks || (mayPick && event.buttons == Qt::NoButton));
     if (!picks)
         return false;
     if (const auto angle = pickedAngle(currentImage(), m_texture, event.position)) {
         m_picker->setPixelValue(*angle);
         setAngle(*angle);
+        m_hasPicked = true;
     }
     return true;
 }

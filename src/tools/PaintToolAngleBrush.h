@@ -22,6 +22,7 @@ public:
     void deactivate() override;
     void mousePress(const ToolPointerEvent &event) override;
     void mouseMove(const ToolPointerEvent &event) override;
+    void mouseRelease(const ToolPointerEvent &event) override;
     void keyPress(int key, Qt::KeyboardModifiers modifiers) override;
     void keyRelease(int key, Qt::KeyboardModifiers modifiers) override;
 
@@ -41,9 +42,11 @@ private:
     void showPickCursor(bool isShown);
 
     AnglePicker *m_picker;
+    QPushButton *m_pick = nullptr; ///< pressed until something was picked
     QPushButton *m_fill = nullptr;
     AngleImage::Pixel m_angle;
     AngleImage::Pixel m_strokeAngle; ///< as it was when the stroke began
     QImage m_texture;
     bool m_showsPickCursor = false;
+    bool m_hasPicked = false; ///< since the press
 };

@@ -1,5 +1,9 @@
 #include "tools/PaintToolSelect.h"
 
+#include "tools/ToolPanel.h"
+
+#include <QAbstractButton>
+#include <QButtonGroup>
 #include <QPixmap>
 
 namespace {
@@ -53,7 +57,7 @@ std::optional<SelectionMode> PaintToolSelect::mode() const
 {
     switch (int(m_modifiers)) {
     case Qt::NoModifier:
-        return SelectionMode::Replace;
+        return m_modeWithoutKeys;
     case Qt::ShiftModifier:
         return SelectionMode::Add;
     case Qt::AltModifier:
@@ -61,6 +65,22 @@ std::optional<SelectionMode> PaintToolSelect::mode() const
     default:
         return std::nullopt;
     }
+}
+
+void PaintToolSelect::addModeSwitch()
+{
+    // In the order of SelectionMode.
+    const QButtonGroup *group = panel().addSwitch(QStringLiteral("SelectionMode"),
+                                                  {tr("Replace"), tr("Add"), tr("Subtract")});
+    group->button(0)->setToolTip(tr("What you select takes the place of the selection"));
+    group->button(1)->setToolTip(tr("Adds to the selection, as Shift does"));
+    group->button(2)->setToolTip(tr("Takes away from the selection, as Alt does"));
+    connect(group, &QButtonGroup::idToggled, this, [this](int id, bool isChecked) {
+        if (!isChecked)
+            return;
+        m_modeWithoutKeys = SelectionMode(id);
+        showCursor();
+    });
 }
 
 void PaintToolSelect::select(const FloatImage &selection, bool mergeWithPrevious)

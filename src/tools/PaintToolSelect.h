@@ -32,8 +32,11 @@ public Q_SLOTS:
 protected:
     const QImage &texture() const { return m_texture; }
     const FloatImage &selection() const { return m_selection; }
-    /// What the keys that are held mean; nothing for other ones than exactly Shift or Alt.
+    /// What the keys that are held mean, and the switch without one; nothing for other ones than
+    /// exactly Shift or Alt.
     std::optional<SelectionMode> mode() const;
+    /// A switch for who can't hold the keys: a window manager may keep Alt and the mouse to itself.
+    void addModeSwitch();
 
     void select(const FloatImage &selection, bool mergeWithPrevious = false);
     void clearSelection();
@@ -51,4 +54,5 @@ private:
     QImage m_texture;
     FloatImage m_selection;
     Qt::KeyboardModifiers m_modifiers = Qt::NoModifier;
+    SelectionMode m_modeWithoutKeys = SelectionMode::Replace;
 };

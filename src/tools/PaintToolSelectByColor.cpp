@@ -17,6 +17,7 @@ PaintToolSelectByColor::PaintToolSelectByColor(QObject *parent)
     const GIntEdit *tolerance = panel().addIntegerRow(
         tr("Tolerance"), QStringLiteral("Tolerance"), SliderScale(0, 64, 255), m_tolerance);
     connect(tolerance, &GIntEdit::valueChanged, this, [this](int value) { m_tolerance = value; });
+    addModeSwitch();
     panel().addHelp(action().statusTip() + tr("\nclick or drag | select the color there"
                                               "\nShift | add to the selection"
                                               "\nAlt | subtract from the selection"

@@ -17,6 +17,7 @@ PaintToolSelectWithPolygon::PaintToolSelectWithPolygon(QObject *parent)
                       parent)
 {
     action().setStatusTip(tr("Selects what is inside of a polygon that you click."));
+    addModeSwitch();
     panel().addHelp(action().statusTip() + tr("\nclick | add a corner, or close on the first"
                                               "\ndouble click or Enter | close"
                                               "\nBackspace | remove the last corner"

@@ -6,11 +6,14 @@
 #include "framework/KeysText.h"
 #include "framework/UiScale.h"
 
+#include <QButtonGroup>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QGridLayout>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <QToolButton>
 
 #include <cmath>
 
@@ -100,6 +103,29 @@ QCheckBox *ToolPanel::addCheckRow(const QString &label, const QString &objectNam
                  [box] { return box->isChecked(); },
                  [box](const QVariant &kept) { box->setChecked(kept.toBool()); }});
     return box;
+}
+
+QButtonGroup *ToolPanel::addSwitch(const QString &objectName, const QStringList &choices)
+{
+    auto *row = new QWidget(&m_panel);
+    row->setObjectName(objectName);
+    auto *layout = new QHBoxLayout(row);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(scaled(4));
+    auto *group = new QButtonGroup(row);
+    for (const QString &choice : choices) {
+        auto *button = new QToolButton;
+        button->setText(choice);
+        button->setCheckable(true);
+        button->setChecked(group->buttons().isEmpty());
+        button->setFocusPolicy(Qt::TabFocus);
+        button->setMinimumHeight(scaled(controlHeight));
+        button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+        group->addButton(button, group->buttons().size());
+        layout->addWidget(button);
+    }
+    addWide(row);
+    return group;
 }
 
 void ToolPanel::addRow(const QString &label, QWidget *editor)

@@ -12,6 +12,7 @@ class GIntEdit;
 class SliderScale;
 
 QT_BEGIN_NAMESPACE
+class QButtonGroup;
 class QCheckBox;
 class QComboBox;
 class QGridLayout;
@@ -52,6 +53,9 @@ public:
     addChoiceRow(const QString &label, const QString &objectName, const QStringList &choices);
     /// A box beside its label, not checked at first.
     QCheckBox *addCheckRow(const QString &label, const QString &objectName);
+    /// Buttons over both columns, one of which is pressed, the first at first; their ids count from
+    /// 0. Not kept between runs. A click leaves the focus where it is.
+    QButtonGroup *addSwitch(const QString &objectName, const QStringList &choices);
     void addRow(const QString &label, QWidget *editor);
     /// A control over both columns.
     void addWide(QWidget *control);

@@ -88,6 +88,26 @@ private Q_SLOTS:
         QCOMPARE(surface.stored, scribbled(dab, steep));
     }
 
+    void theSwitchPicksOnce()
+    {
+        const AngleImage start = withSteepCell();
+        PaintToolAngleBrush tool;
+        setBrush(tool);
+        PaintedSurface surface(tool, start);
+        auto &pick = control<QPushButton>(tool, "Pick");
+        pick.click();
+        tool.keyPress(Qt::Key_Escape, {});
+        QVERIFY(!pick.isChecked());
+        pick.click();
+        surface.paint({{-5, 6}}); // beside the sprite
+        QVERIFY(pick.isChecked());
+        surface.paint({{30, 6}, {5, 6}});
+        QCOMPARE(surface.stored, start);
+        QVERIFY(!pick.isChecked());
+        surface.paint({{20, 20}, {40, 25}});
+        QCOMPARE(surface.stored, scribbled(start, steep));
+    }
+
     void strokesAndWholeSurfaces()
     {
         PaintToolAngleBrush brush;

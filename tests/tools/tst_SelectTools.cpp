@@ -4,9 +4,13 @@
 #include "tools/PaintToolSelectByColor.h"
 #include "tools/PaintToolSelectWithPolygon.h"
 
+#include <QAbstractButton>
+#include <QButtonGroup>
 #include <QGraphicsItem>
 #include <QSignalSpy>
 #include <QTest>
+
+#include <array>
 
 namespace {
 
@@ -109,6 +113,44 @@ private Q_SLOTS:
         QCOMPARE(spy.count(), announced.isEmpty() ? 0 : 2);
         for (const QList<QVariant> &one : std::as_const(spy))
             QCOMPARE(described(one), announced);
+    }
+
+    // As the keys do, which go on meaning the same.
+    void switchInPlaceOfKeys()
+    {
+        QImage texture(4, 1, QImage::Format_ARGB32);
+        texture.fill(Qt::red);
+        texture.setPixelColor(2, 0, Qt::blue);
+        PaintToolSelectByColor wand;
+        PaintToolSelectWithPolygon lasso;
+        for (PaintTool *tool :
+             {static_cast<PaintTool *>(&wand), static_cast<PaintTool *>(&lasso)}) {
+            const auto *group = tool->settingsPanel()->findChild<QButtonGroup *>();
+            QSignalSpy spy(tool, &PaintTool::selectionChanged);
+            const auto announced = [&](int held) {
+                tool->activate({texture, row("0110")}, {});
+                const bool isWand = tool == &wand;
+                tool->mousePress(pointer({isWand ? 0.0 : 2.0, 0}, held));
+                for (const QPointF &corner : {QPointF(9, 0), QPointF(9, 9)}) {
+                    if (!isWand)
+                        tool->mousePress(pointer(corner, held));
+                }
+                tool->keyPress(Qt::Key_Return, {});
+                tool->deactivate();
+                QByteArray result = described(spy.last());
+                spy.clear();
+                return result;
+            };
+            const std::array keys = {0, int(Qt::SHIFT), int(Qt::ALT)};
+            const std::array expected = {announced(0), announced(keys[1]), announced(keys[2])};
+            QVERIFY(expected[0] != expected[1] && expected[1] != expected[2]);
+            for (const size_t chosen : {1, 2, 0}) {
+                group->button(int(chosen))->click();
+                QCOMPARE(announced(0), expected.at(chosen));
+                QCOMPARE(announced(keys[1]), expected[1]);
+                QCOMPARE(announced(keys[2]), expected[2]);
+            }
+        }
     }
 
     void wandDrags()
