@@ -7,6 +7,7 @@
 #include <QApplication>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QSpinBox>
 #include <QTest>
 #include <QVBoxLayout>
 
@@ -105,6 +106,12 @@ private Q_SLOTS:
         QCOMPARE(window.viewport.cursor().shape(), Qt::ArrowCursor);
         QVERIFY(window.list.selectedItems().isEmpty());
 
+        QSpinBox number(&window.window); // has no use for it
+        number.show();
+        number.setFocus();
+        QTest::keyPress(&number, Qt::Key_Space);
+        QVERIFY(window.scene.viewOnly);
+        QTest::keyRelease(&number, Qt::Key_Space);
         window.edit().setFocus();
         QTest::keyPress(&window.edit(), Qt::Key_Space);
         QVERIFY(!window.scene.viewOnly);
