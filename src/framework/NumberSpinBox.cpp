@@ -62,6 +62,9 @@ void NumberSpinBox::stepBy(int steps)
 {
     takeTyped();
     Q_EMIT stepped(value() + steps * singleStep());
+    // As in the toolkit: what is typed next replaces the number.
+    if (hasFocus())
+        selectAll();
 }
 
 QString NumberSpinBox::textFromValue(double value) const

@@ -81,6 +81,18 @@ private Q_SLOTS:
         QCOMPARE(panel.edit.value(), 50);
     }
 
+    void whatIsTypedAfterStepsReplacesTheNumber()
+    {
+        const Panel panel;
+        panel.spinBox->setFocus(Qt::TabFocusReason);
+        for (int step = 0; step < 3; ++step)
+            QTest::keyClick(panel.spinBox, Qt::Key_Up);
+        QCOMPARE(panel.edit.value(), 103);
+        QTest::keyClick(panel.spinBox, Qt::Key_7);
+        QTest::keyClick(panel.spinBox, Qt::Key_Return);
+        QCOMPARE(panel.edit.value(), 7);
+    }
+
     void mixedUntilSet()
     {
         Panel panel;
