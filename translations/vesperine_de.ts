@@ -1142,6 +1142,10 @@ bleibt unverändert.</translation>
         <source>Fitting surfaces</source>
         <translation>Oberflächen werden angepasst</translation>
     </message>
+    <message>
+        <source>This work was recovered. Without saving, the next start offers it for the last time.</source>
+        <translation>Diese Arbeit wurde wiederhergestellt. Ohne Speichern bietet sie der nächste Start zum letzten Mal an.</translation>
+    </message>
 </context>
 <context>
     <name>ManualDialog</name>
@@ -2132,6 +2136,30 @@ Die Sicherung bleibt in „%2“.</translation>
     <message>
         <source>The program ended unexpectedly. It had kept this unsaved work:</source>
         <translation>Das Programm endete unerwartet. Diese ungespeicherte Arbeit hatte es gesichert:</translation>
+    </message>
+    <message>
+        <source>You gave up this unsaved work. It is offered for the last time:</source>
+        <translation>Diese ungespeicherte Arbeit haben Sie aufgegeben. Sie wird zum letzten Mal angeboten:</translation>
+    </message>
+    <message>
+        <source>Don&apos;t recover</source>
+        <translation>Nicht wiederherstellen</translation>
+    </message>
+    <message>
+        <source>%1, given up</source>
+        <translation>%1, aufgegeben</translation>
+    </message>
+    <message>
+        <source>You can recover one now. The next start offers the others.</source>
+        <translation>Eine davon lässt sich jetzt wiederherstellen. Die anderen bietet der nächste Start an.</translation>
+    </message>
+    <message>
+        <source>What you gave up is offered for the last time: Later removes it.</source>
+        <translation>Aufgegebenes wird zum letzten Mal angeboten: „Später“ entfernt es.</translation>
+    </message>
+    <message>
+        <source>The next start offers it for the last time.</source>
+        <translation>Der nächste Start bietet sie zum letzten Mal an.</translation>
     </message>
 </context>
 <context>

@@ -192,7 +192,7 @@ bool GMainWindow::mayReplaceDocument()
                     tr("Save the changes to %1?").arg(quoted(documentName())),
                     QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel,
                     this);
-    box.setInformativeText(tr("Without saving they are lost."));
+    box.setInformativeText(consequenceOfDiscarding());
     box.setWindowModality(Qt::WindowModal);
     box.setDefaultButton(QMessageBox::Save);
     if (isDocumentReadOnly())
@@ -201,6 +201,11 @@ bool GMainWindow::mayReplaceDocument()
     // What has changed while it was being saved is not in the file.
     return answer == QMessageBox::Discard ||
            (answer == QMessageBox::Save && save() && !isDocumentModified());
+}
+
+QString GMainWindow::consequenceOfDiscarding() const
+{
+    return tr("Without saving they are lost.");
 }
 
 QString GMainWindow::savePathProposal() const

@@ -58,6 +58,8 @@ protected:
     virtual bool isDocumentModified() const = 0;
     /// True when the document may only be saved under another name.
     virtual bool isDocumentReadOnly() const { return false; }
+    /// What becomes of the changes that the user does not save, told where he is asked.
+    virtual QString consequenceOfDiscarding() const;
     /// Versions, paths, graphics: what a report of a fault needs, in lines.
     virtual QString systemInformation() const = 0;
     /// Gets the focus when a widget gives it up, as editors do after Enter and Escape, or loses it

@@ -100,7 +100,15 @@ bool RecoveryFolder::setMark(Mark mark, bool isSet)
 
 QString RecoveryFolder::markPath(Mark mark) const
 {
-    return filePath(mark == Mark::Shown ? QStringLiteral("shown") : QStringLiteral("tried"));
+    switch (mark) {
+    case Mark::Shown:
+        return filePath(QStringLiteral("shown"));
+    case Mark::Tried:
+        return filePath(QStringLiteral("tried"));
+    case Mark::GivenUp:
+        break;
+    }
+    return filePath(QStringLiteral("given-up"));
 }
 
 void RecoveryFolder::clear(const QString &path)

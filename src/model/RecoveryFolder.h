@@ -26,8 +26,9 @@ public:
 
     /// What happened to the snapshot besides being written, kept over crashes.
     enum class Mark {
-        Shown, ///< the user was told of it
-        Tried  ///< it is being loaded, or the program ended while it was
+        Shown,  ///< the user was told of it
+        Tried,  ///< it is being loaded, or the program ended while it was
+        GivenUp ///< the user did not want it: it is offered once more, then it goes
     };
     bool hasMark(Mark mark) const;
     /// When it was set first; nothing without it.

@@ -124,11 +124,28 @@ void RecoveryWriter::drop()
 {
     forgetLast();
     m_waiting.clear();
+    m_hasAdopted = false;
     if (!m_folder)
         return;
     m_isDropped = true;
     if (!isBusy())
         tidy();
+}
+
+// It was kept through a crash: a wrong answer to one question shall not lose it.
+void RecoveryWriter::giveUp()
+{
+    if (!m_hasAdopted || !m_folder) {
+        drop();
+        return;
+    }
+    finish();
+    confirmAdopted();
+    m_hasAdopted = false;
+    forgetLast();
+    m_folder->setMark(RecoveryFolder::Mark::GivenUp);
+    m_folder->setMark(RecoveryFolder::Mark::Shown);
+    m_folder.reset();
 }
 
 void RecoveryWriter::adopt(RecoveryEntry entry, Project &project)
@@ -137,6 +154,8 @@ void RecoveryWriter::adopt(RecoveryEntry entry, Project &project)
     m_folder = std::move(entry.folder);
     // Nobody has seen what becomes of it.
     m_folder->setMark(RecoveryFolder::Mark::Shown, false);
+    m_folder->setMark(RecoveryFolder::Mark::GivenUp, false);
+    m_hasAdopted = true;
     m_lastSnapshot = takeSnapshot(project);
     m_lastSnapshot->shrink();
     m_lastFiles = entry.index->fileNames();

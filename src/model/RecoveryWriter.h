@@ -28,10 +28,14 @@ public:
     /// Starts to write @p project as it stands, with the state of the file that its changes were
     /// made to, unless that is what the last snapshot holds. Not while busy.
     void write(Project &project, const FileStamp &file = {});
-    /// Removes the snapshot, also one that is being written: its project was saved or given up.
+    /// Removes the snapshot, also one that is being written: its project was saved.
     void drop();
     /// Goes on with the snapshot of @p entry, from which @p project has just been read.
     void adopt(RecoveryEntry entry, Project &project);
+    /// From adopt() on, until its project is saved or given up.
+    bool hasAdopted() const { return m_hasAdopted; }
+    /// The project is given up unsaved: an adopted snapshot stays, marked so; any other is removed.
+    void giveUp();
     /// The adopted snapshot's project is there to be worked on: trying it did no harm.
     void confirmAdopted();
 
@@ -66,6 +70,7 @@ private:
     std::unique_ptr<RecoveryFolder> m_folder;
     Stage m_stage = Stage::Idle;
     bool m_isDropped = false;
+    bool m_hasAdopted = false;
     QString m_problem;
     RecoverySnapshot m_snapshot; ///< the one being written
     QHash<QString, Written> m_writing;

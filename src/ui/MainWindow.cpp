@@ -37,6 +37,8 @@
 #include <QStatusBar>
 #include <QToolBar>
 
+#include <algorithm>
+
 namespace {
 DocumentType projectType()
 {
@@ -333,6 +335,13 @@ bool MainWindow::isDocumentReadOnly() const
     return m_controller.isReadOnly();
 }
 
+QString MainWindow::consequenceOfDiscarding() const
+{
+    return m_recovery->hasRecovered() ? tr("This work was recovered. Without saving, the next "
+                                           "start offers it for the last time.")
+                                      : GMainWindow::consequenceOfDiscarding();
+}
+
 QString MainWindow::systemInformation() const
 {
     return graphicsInformation();
@@ -361,6 +370,15 @@ void MainWindow::openOrAdd(const QStringList &paths)
     }
     if (!paths.isEmpty())
         m_spriteActions->add(paths);
+}
+
+void MainWindow::openNamed(const QStringList &paths)
+{
+    const auto isShown = [file = project().filename().value().canonicalPath()](const auto &path) {
+        return GFileName(path).canonicalPath() == file;
+    };
+    if (!m_recovery->hasRecovered() || std::none_of(paths.begin(), paths.end(), isShown))
+        openOrAdd(paths);
 }
 
 void MainWindow::keepUnsaved()

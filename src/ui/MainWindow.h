@@ -31,6 +31,9 @@ public:
     ProjectRecovery &recovery() const { return *m_recovery; }
     /// Opens a project among @p paths, or adds what else they name as sprites.
     void openOrAdd(const QStringList &paths);
+    /// The same for what the program was started with, which does not take the place of work that
+    /// was recovered from one of @p paths.
+    void openNamed(const QStringList &paths);
     /// Keeps what is unsaved for the next start, since nobody can be asked.
     void keepUnsaved();
 
@@ -45,6 +48,7 @@ protected:
     QString documentPath() const override;
     bool isDocumentModified() const override;
     bool isDocumentReadOnly() const override;
+    QString consequenceOfDiscarding() const override;
     QString systemInformation() const override;
     QWidget *documentWidget() const override;
 

@@ -36,7 +36,8 @@ QString ProjectRecovery::root()
 
 void ProjectRecovery::setProject(Project *project)
 {
-    forget();
+    m_timer.stop();
+    m_writer.giveUp();
     if (m_project)
         disconnect(&m_project->undoStack(), nullptr, this, nullptr);
     m_project = project;

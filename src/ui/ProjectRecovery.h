@@ -30,6 +30,8 @@ public:
     void setProject(Project *project);
     /// Lets the user choose what to do with what is left of other runs, if anything.
     void offer();
+    /// Whether the project was recovered and not saved since.
+    bool hasRecovered() const { return m_writer.hasAdopted(); }
     /// Starts to write a snapshot, where there is something new to keep.
     void takeSnapshot();
     /// The program is about to end without asking: what is unsaved is kept before this returns.

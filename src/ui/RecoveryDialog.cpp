@@ -17,6 +17,8 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace {
 constexpr int pictureSide = 160;
 
@@ -37,6 +39,11 @@ QImage pictureOf(const RecoveryEntry &entry)
 bool wasTried(const RecoveryEntry &entry)
 {
     return entry.folder->hasMark(RecoveryFolder::Mark::Tried);
+}
+
+bool wasGivenUp(const RecoveryEntry &entry)
+{
+    return entry.folder->hasMark(RecoveryFolder::Mark::GivenUp);
 }
 
 QString placeOf(const RecoveryEntry &entry)
@@ -69,11 +76,16 @@ RecoveryDialog::RecoveryDialog(std::vector<RecoveryEntry> &entries, QWidget *par
     , m_list(new QListWidget(this))
     , m_picture(new QLabel(this))
     , m_details(new QLabel(this))
+    , m_hint(new QLabel(this))
 {
     setWindowTitle(tr("Unsaved work"));
-    auto *text =
-        new QLabel(tr("The program ended unexpectedly. It had kept this unsaved work:"), this);
+    const bool isLastOffer = std::all_of(entries.begin(), entries.end(), wasGivenUp);
+    auto *text = new QLabel(
+        isLastOffer ? tr("You gave up this unsaved work. It is offered for the last time:")
+                    : tr("The program ended unexpectedly. It had kept this unsaved work:"),
+        this);
     text->setWordWrap(true);
+    m_hint->setWordWrap(true);
     m_list->setItemDelegate(new SpriteDelegate(m_list));
     m_list->setEditTriggers(QAbstractItemView::NoEditTriggers);
     m_list->setAccessibleName(tr("Unsaved work"));
@@ -87,9 +99,12 @@ RecoveryDialog::RecoveryDialog(std::vector<RecoveryEntry> &entries, QWidget *par
     auto *buttons = new QDialogButtonBox(this);
     m_recover = buttons->addButton(tr("Recover"), QDialogButtonBox::AcceptRole);
     auto *remove = buttons->addButton(tr("Delete..."), QDialogButtonBox::DestructiveRole);
-    buttons->addButton(tr("Later"), QDialogButtonBox::RejectRole);
+    buttons->addButton(isLastOffer ? tr("Don't recover") : tr("Later"),
+                       QDialogButtonBox::RejectRole);
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    // Not when the program is ended while the dialog is open: that decides nothing.
+    connect(this, &QDialog::rejected, this, &RecoveryDialog::removeGivenUp);
     connect(remove, &QPushButton::clicked, this, &RecoveryDialog::deleteCurrent);
 
     auto *side = new QVBoxLayout;
@@ -104,6 +119,7 @@ RecoveryDialog::RecoveryDialog(std::vector<RecoveryEntry> &entries, QWidget *par
     layout->setSpacing(scaled(8));
     layout->addWidget(text);
     layout->addLayout(middle, 1);
+    layout->addWidget(m_hint);
     layout->addWidget(buttons);
     for (const RecoveryEntry &entry : entries)
         addRow(entry);
@@ -116,9 +132,11 @@ void RecoveryDialog::addRow(const RecoveryEntry &entry)
 {
     auto *row = new QListWidgetItem(nameOf(entry), m_list);
     row->setData(SpriteListModel::imageRole, pictureOf(entry));
-    row->setData(SpriteListModel::detailRole,
-                 entry.index ? age(entry.index->time, QDateTime::currentDateTimeUtc())
-                             : tr("Can't be read"));
+    QString detail =
+        entry.index ? age(entry.index->time, QDateTime::currentDateTimeUtc()) : tr("Can't be read");
+    if (wasGivenUp(entry))
+        detail = tr("%1, given up").arg(detail);
+    row->setData(SpriteListModel::detailRole, detail);
     if (!entry.index || wasTried(entry))
         row->setData(SpriteListModel::statusIconRole,
                      QStringLiteral(":/qrv_tools/icons/Icons_SpriteMissing.svg"));
@@ -160,19 +178,38 @@ void RecoveryDialog::showCurrent()
     const bool isSafe = entry.index && !wasTried(entry);
     m_recover->setDefault(isSafe);
     m_recover->setAutoDefault(isSafe);
+    showHint();
+}
+
+void RecoveryDialog::showHint()
+{
+    const auto givenUp = std::size_t(std::count_if(m_entries.begin(), m_entries.end(), wasGivenUp));
+    QStringList hints;
+    if (m_entries.size() > 1)
+        hints.append(tr("You can recover one now. The next start offers the others."));
+    if (givenUp > 0 && givenUp < m_entries.size())
+        hints.append(tr("What you gave up is offered for the last time: Later removes it."));
+    m_hint->setText(hints.join(QLatin1Char('\n')));
+    m_hint->setVisible(!hints.isEmpty());
 }
 
 void RecoveryDialog::deleteCurrent()
 {
     const int row = m_list->currentRow();
+    const RecoveryEntry &entry = m_entries[std::size_t(row)];
+    const bool isOfferedAgain = entry.index && !wasGivenUp(entry);
     const Proposal deleting{
         tr("Delete?"),
         tr("Delete what was kept of %1?").arg(quoted(m_list->item(row)->text())),
-        tr("It can't be recovered then."),
+        isOfferedAgain ? tr("The next start offers it for the last time.")
+                       : tr("It can't be recovered then."),
         tr("Delete")};
     if (!isAgreedTo(deleting, this))
         return;
-    RecoveryFolder::clear(m_entries[std::size_t(row)].folder->path());
+    if (isOfferedAgain)
+        entry.folder->setMark(RecoveryFolder::Mark::GivenUp);
+    else
+        RecoveryFolder::clear(entry.folder->path());
     // The list chooses another row while this one is still counted.
     delete m_list->takeItem(row);
     m_entries.erase(m_entries.begin() + row);
@@ -181,6 +218,15 @@ void RecoveryDialog::deleteCurrent()
         reject();
     else
         showCurrent();
+}
+
+// They were offered once more.
+void RecoveryDialog::removeGivenUp()
+{
+    for (const RecoveryEntry &entry : m_entries) {
+        if (wasGivenUp(entry))
+            RecoveryFolder::clear(entry.folder->path());
+    }
 }
 
 QString RecoveryDialog::age(const QDateTime &time, const QDateTime &now)

@@ -17,10 +17,12 @@ class RecoveryDialog : public QDialog
     Q_OBJECT
 
 public:
-    /// @p entries, one at least, outlive the dialog; those that are deleted lose their files.
+    /// @p entries, one at least, outlive the dialog. Those that are deleted are given up, and lose
+    /// their files only when they were given up before.
     explicit RecoveryDialog(std::vector<RecoveryEntry> &entries, QWidget *parent = nullptr);
 
-    /// Shows the dialog and returns the entry to be recovered, null for none now.
+    /// Shows the dialog and returns the entry to be recovered, null for none now; then those that
+    /// were given up before have lost their files.
     RecoveryEntry *choose();
 
     /// How long ago @p time was at @p now, such as "5 minutes ago".
@@ -32,11 +34,14 @@ protected:
 private:
     void addRow(const RecoveryEntry &entry);
     void showCurrent();
+    void showHint();
     void deleteCurrent();
+    void removeGivenUp();
 
     std::vector<RecoveryEntry> &m_entries;
     QListWidget *m_list;
     QLabel *m_picture;
     QLabel *m_details;
+    QLabel *m_hint;
     QPushButton *m_recover;
 };

@@ -98,7 +98,7 @@ void VesperineApplication::launch()
     m_window->recovery().offer();
     m_isLaunched = true;
     if (!m_documents.isEmpty())
-        m_window->openOrAdd(std::exchange(m_documents, {}));
+        m_window->openNamed(std::exchange(m_documents, {}));
     if (const QUrl feed = updateFeedAddress(); !feed.isEmpty()) {
         m_updates = std::make_unique<UpdateNotices>(
             UpdateChecker::Source{.feed = feed}, settings(), *m_window);

@@ -278,6 +278,7 @@ private Q_SLOTS:
         });
         script.then(DialogScript::click("Delete"_s)).then([](QWidget &dialog) {
             QCOMPARE(dialog.findChild<QListWidget *>()->count(), 2);
+            QVERIFY(showsText(dialog, "The next start offers the others."_s));
             DialogScript::click("Later"_s)(dialog);
         });
         window->recovery().offer();
@@ -308,7 +309,59 @@ private Q_SLOTS:
         QVERIFY(script.isDone());
     }
 
+    // By hand, and no crash: it is offered once more, then it is gone.
+    void whatIsGivenUpIsOfferedOnceMore()
+    {
+        const QString path = m_folder.path("p.vep"_s);
+        writeProject(path, 1, 40);
+        DialogScript script;
+        for (const bool isReplaced : {false, true}) {
+            const QByteArray kept = leaveSnapshot(path);
+            script.then(DialogScript::click("Recover"_s));
+            auto window = start({path});
+            QCOMPARE(fingerprintOf(window->project()), kept);
+            script.then(DialogScript::click("Discard"_s));
+            if (isReplaced)
+                window->newDocument();
+            else
+                window->close();
+            QVERIFY(script.seen().last().endsWith("offers it for the last time."_s));
+
+            // A crash meanwhile makes it what it was.
+            script.then(DialogScript::click("Recover"_s));
+            window.reset();
+            window = start({});
+            QCOMPARE(fingerprintOf(window->project()), kept);
+            script.then([](QWidget &dialog) {
+                QVERIFY(showsText(dialog, "The program ended unexpectedly."_s));
+                QTimer::singleShot(
+                    0, &dialog, [&dialog] { DialogScript::click("Delete..."_s)(dialog); });
+            });
+            script.then(DialogScript::click("Delete"_s));
+            window.reset();
+            window = start({path});
+            QVERIFY(!window->isWindowModified());
+            script.then([](QWidget &dialog) {
+                QVERIFY(showsText(dialog, "You gave up this unsaved work."_s));
+                DialogScript::click("Don't recover"_s)(dialog);
+            });
+            window.reset();
+            window = start({path});
+            QVERIFY(script.isDone());
+            QVERIFY(RecoveryStore(ProjectRecovery::root()).takeLeftOvers(now()).empty());
+        }
+    }
+
 private:
+    // As the program does, with the files that it was given.
+    static std::unique_ptr<MainWindow> start(const QStringList &paths)
+    {
+        auto window = std::make_unique<MainWindow>(application());
+        showActive(*window);
+        window->recovery().offer();
+        window->openNamed(paths);
+        return window;
+    }
     void writeProject(const QString &path, int bodies, int side) const;
     QByteArray leaveSnapshot(const QString &path) const;
     static Told killAtRandom(const QStringList &arguments, quint32 seed);

@@ -3,6 +3,7 @@
 #include "framework/UpdateDialog.h"
 #include "model/Body.h"
 #include "model/Project.h"
+#include "model/RecoveryStore.h"
 #include "model/Sprite.h"
 #include "model/properties/GUndoStack.h"
 #include "model/properties/PropertyListT.h"
@@ -11,6 +12,7 @@
 #include "support/ShownTexts.h"
 #include "support/Studio.h"
 #include "support/WindowTest.h"
+#include "ui/RecoveryDialog.h"
 #include "ui/ToolsSidebar.h"
 #include "ui/WindowPrompts.h"
 
@@ -20,6 +22,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QPointer>
+#include <QTemporaryDir>
 #include <QTimer>
 
 /// Opens whatever the window can show, and reads it: in a pseudo language, which finds what is not
@@ -213,6 +216,17 @@ void TestTranslations::showsEveryQuestion()
     prompts.showTold();
     prompts.askSearchFolder();
     CrashReportDialog({}, &window).exec();
+    const QTemporaryDir recovery;
+    std::vector<RecoveryEntry> kept(2);
+    for (RecoveryEntry &entry : kept) {
+        entry = {RecoveryFolder::create(recovery.path()), RecoveryIndex()};
+        entry.index->time = QDateTime::currentDateTimeUtc();
+    }
+    for (const RecoveryEntry &entry : kept) {
+        entry.folder->setMark(RecoveryFolder::Mark::GivenUp);
+        RecoveryDialog(kept, &window).choose();
+        entry.folder->setMark(RecoveryFolder::Mark::GivenUp);
+    }
     UpdateDialog("h"_s, &window).exec();
 }
 
