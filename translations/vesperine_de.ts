@@ -1146,6 +1146,10 @@ bleibt unverändert.</translation>
         <source>This work was recovered. Without saving, the next start offers it for the last time.</source>
         <translation>Diese Arbeit wurde wiederhergestellt. Ohne Speichern bietet sie der nächste Start zum letzten Mal an.</translation>
     </message>
+    <message>
+        <source>Saved without the open effect. Apply it and save again to keep it.</source>
+        <translation>Ohne den offenen Effekt gespeichert. Wenden Sie ihn an und speichern Sie noch einmal, um ihn zu behalten.</translation>
+    </message>
 </context>
 <context>
     <name>ManualDialog</name>
@@ -3062,6 +3066,38 @@ Map</translation>
     <message>
         <source>Decide later</source>
         <translation>Später entscheiden</translation>
+    </message>
+    <message>
+        <source>Apply the effect?</source>
+        <translation>Effekt anwenden?</translation>
+    </message>
+    <message>
+        <source>Apply the open effect %1?</source>
+        <translation>Soll der offene Effekt %1 angewendet werden?</translation>
+    </message>
+    <message>
+        <source>Otherwise the normal maps are written without it.</source>
+        <translation>Sonst werden die Normal-Maps ohne ihn geschrieben.</translation>
+    </message>
+    <message>
+        <source>Otherwise it is discarded.</source>
+        <translation>Sonst wird er verworfen.</translation>
+    </message>
+    <message>
+        <source>Apply and export</source>
+        <translation>Anwenden und exportieren</translation>
+    </message>
+    <message>
+        <source>Apply</source>
+        <translation>Anwenden</translation>
+    </message>
+    <message>
+        <source>Export without it</source>
+        <translation>Ohne ihn exportieren</translation>
+    </message>
+    <message>
+        <source>Discard</source>
+        <translation>Verwerfen</translation>
     </message>
 </context>
 <context>

@@ -85,7 +85,11 @@ GMainWindow::GMainWindow(GSettings &settings, const DocumentType &type, QWidget 
     connect(m_save, &QAction::triggered, this, &GMainWindow::save);
     connect(m_saveAs, &QAction::triggered, this, &GMainWindow::saveAs);
     connect(m_close, &QAction::triggered, this, &QWidget::close);
-    connect(m_quit, &QAction::triggered, qApp, &QApplication::closeAllWindows);
+    // First this one, which may ask what becomes of what the others show.
+    connect(m_quit, &QAction::triggered, this, [this] {
+        if (close())
+            QApplication::closeAllWindows();
+    });
     m_fullScreen->setCheckable(true);
     connect(m_fullScreen, &QAction::triggered, this, [this] {
         setWindowState(windowState() ^ Qt::WindowFullScreen);
@@ -265,7 +269,7 @@ void GMainWindow::restoreLayout()
 void GMainWindow::closeEvent(QCloseEvent *event)
 {
     m_closesAfterStoring = m_isStoring;
-    event->setAccepted(mayReplaceDocument());
+    event->setAccepted(!m_isStoring && mayClose() && mayReplaceDocument());
     if (!event->isAccepted())
         return;
     keepLayout(*this, m_settings);

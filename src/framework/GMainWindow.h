@@ -49,6 +49,8 @@ protected:
     /// Called before the document is stored, replaced or asked whether it is modified: what is
     /// being done to it by hand becomes part of it.
     virtual void finishEdits() {}
+    /// Asked when the window shall close, before the document is asked about; false keeps it open.
+    virtual bool mayClose() { return true; }
     // Called after the user has agreed; each shows its own errors.
     virtual void createDocument() = 0;
     virtual bool loadDocument(const QString &path) = 0;

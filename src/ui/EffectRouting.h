@@ -1,6 +1,7 @@
 #pragma once
 
 #include "imaging/AngleImage.h"
+#include "ui/WindowPrompts.h"
 
 #include <QObject>
 #include <QPointer>
@@ -9,7 +10,6 @@
 class Body;
 class Filter;
 class NormalMapEditorScene;
-class WindowPrompts;
 struct EffectContext;
 
 /// Between the open effect and the bodies that it works on: shows what it announces in the scene,
@@ -28,6 +28,9 @@ public:
     void open(Filter &effect, const EffectContext &context);
     /// Ends the open effect as if it had never been; nothing without one.
     void discard();
+    /// Before @p next is done, which its preview is not part of: lets the user apply the open
+    /// effect, or go on without. It stays open then. False when nothing shall be done.
+    bool settle(WindowPrompts::AfterEffect next);
 
 Q_SIGNALS:
     /// Before it starts, and after it has closed, with null.

@@ -9,7 +9,6 @@
 #include "model/properties/PropertyT.h"
 #include "ui/NormalMapEditor.h"
 #include "ui/PublishDialog.h"
-#include "ui/WindowPrompts.h"
 
 #include <QFileDialog>
 #include <QFileInfo>
@@ -86,16 +85,24 @@ bool ExportActions::runPublishDialog()
 
 void ExportActions::runExportAs()
 {
-    if (runPublishDialog())
-        runExport();
+    if (m_editor.settleEffect(WindowPrompts::AfterEffect::Export) && runPublishDialog())
+        exportMaps();
 }
 
 void ExportActions::runExport()
 {
     const Project &project = m_controller.project();
+    if (!m_editor.settleEffect(WindowPrompts::AfterEffect::Export))
+        return;
     if (project.publishDirectory().value().isEmpty() &&
         project.publishNormalmapPostfix().value().isEmpty() && !runPublishDialog())
         return;
+    exportMaps();
+}
+
+void ExportActions::exportMaps()
+{
+    const Project &project = m_controller.project();
     try {
         const PromptedTask task(m_prompts, tr("Exporting normal maps"), true);
         if (!m_controller.saveNormalMaps())

@@ -29,6 +29,7 @@ public:
 
 private:
     void runExport();
+    void exportMaps();
     void runExportAs();
     void runLitExport();
     bool runPublishDialog();

@@ -277,6 +277,12 @@ void MainWindow::finishEdits()
     m_editor->finishGesture();
 }
 
+// What is to be discarded goes once the window does: a question that follows may keep it open.
+bool MainWindow::mayClose()
+{
+    return m_editor->settleEffect(WindowPrompts::AfterEffect::Close);
+}
+
 void MainWindow::createDocument()
 {
     m_controller.createProject();
@@ -317,6 +323,9 @@ bool MainWindow::storeDocument(const QString &path)
         QMessageBox::critical(this, tr("Error"), error.message());
         return false;
     }
+    if (m_editor->hasOpenEffect())
+        statusBar()->showMessage(
+            tr("Saved without the open effect. Apply it and save again to keep it."));
     return true;
 }
 

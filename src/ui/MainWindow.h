@@ -42,6 +42,7 @@ public Q_SLOTS:
 
 protected:
     void finishEdits() override;
+    bool mayClose() override;
     void createDocument() override;
     bool loadDocument(const QString &path) override;
     bool storeDocument(const QString &path) override;

@@ -102,6 +102,11 @@ bool NormalMapEditor::hasOpenEffect() const
     return m_effects->effect();
 }
 
+bool NormalMapEditor::settleEffect(WindowPrompts::AfterEffect next)
+{
+    return m_effects->settle(next);
+}
+
 void NormalMapEditor::discardEffect()
 {
     m_effects->discard();

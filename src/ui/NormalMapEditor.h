@@ -1,6 +1,7 @@
 #pragma once
 
 #include "model/PixelSelectionModel.h"
+#include "ui/WindowPrompts.h"
 
 #include <QWidget>
 
@@ -11,7 +12,6 @@ class ItemSelectionModel;
 class NormalMapEditorScene;
 class Project;
 class ToolsSidebar;
-class WindowPrompts;
 class ZoomWidget;
 class QMenu;
 struct PointedPixel;
@@ -31,6 +31,8 @@ public:
     /// Ends an open stroke with its undo step.
     void finishGesture();
     bool hasOpenEffect() const;
+    /// As EffectRouting does.
+    bool settleEffect(WindowPrompts::AfterEffect next);
     /// Ends the open effect as if it had never been; nothing without one. To be called before the
     /// window goes.
     void discardEffect();

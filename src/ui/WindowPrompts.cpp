@@ -73,6 +73,30 @@ bool WindowPrompts::askReplaceChanged(const QString &file)
         &m_window);
 }
 
+WindowPrompts::EffectAnswer
+WindowPrompts::askOpenEffect(const QString &effect, AfterEffect next, QWidget *dialog)
+{
+    const bool isExport = next == AfterEffect::Export;
+    QMessageBox box(QMessageBox::Question,
+                    tr("Apply the effect?"),
+                    tr("Apply the open effect %1?").arg(quoted(effect)),
+                    QMessageBox::Cancel,
+                    dialog);
+    box.setTextFormat(Qt::PlainText);
+    box.setInformativeText(isExport ? tr("Otherwise the normal maps are written without it.")
+                                    : tr("Otherwise it is discarded."));
+    box.setWindowModality(Qt::ApplicationModal);
+    auto *apply =
+        box.addButton(isExport ? tr("Apply and export") : tr("Apply"), QMessageBox::AcceptRole);
+    const auto *goOn = box.addButton(isExport ? tr("Export without it") : tr("Discard"),
+                                     QMessageBox::DestructiveRole);
+    box.setDefaultButton(apply);
+    box.exec();
+    if (box.clickedButton() == apply)
+        return EffectAnswer::Apply;
+    return box.clickedButton() == goOn ? EffectAnswer::GoOn : EffectAnswer::Cancel;
+}
+
 ProjectPrompts::MissingTextures WindowPrompts::askMissingTextures(const QStringList &files)
 {
     ListDialog dialog(

@@ -112,12 +112,29 @@ public:
             target = dialog()->findChild<QRadioButton *>("DirectionDown"_s);
             target->setFocus();
         }
-        if (how == "dialog closed" || how == "window closed")
-            how == "dialog closed" ? dialog()->close() : window().close();
+        if (how == "dialog closed")
+            dialog()->close();
+        else if (how.startsWith("window closed"))
+            closeWindow(how.endsWith("applied"));
         else if (how == "apply" || how == "discard")
             command(how.constData());
         else
             QTest::keyClick(target, how.startsWith("enter") ? Qt::Key_Return : Qt::Key_Escape);
+    }
+
+    void closeWindow(bool applies) const
+    {
+        DialogScript script;
+        script.then(DialogScript::click(applies ? "Apply"_s : "Discard"_s));
+        if (applies) // it is not saved
+            script.then(DialogScript::click("Cancel"_s));
+        QCOMPARE(window().close(), !applies);
+        QVERIFY(script.isDone());
+    }
+
+    void trigger(const char *name) const
+    {
+        window().findChild<QAction *>(QLatin1String(name))->trigger();
     }
 
     /// Texts of what can be chosen in menus, toolbar and panels.
@@ -148,7 +165,8 @@ private Q_SLOTS:
     void anEffectEnds_data()
     {
         QTest::addColumn<bool>("applies");
-        for (const char *how : {"enter", "enter elsewhere", "enter in drag", "apply"})
+        for (const char *how :
+             {"enter", "enter elsewhere", "enter in drag", "apply", "window closed, applied"})
             QTest::newRow(how) << true;
         for (const char *how :
              {"escape", "escape elsewhere", "discard", "dialog closed", "window closed"})
@@ -238,6 +256,48 @@ private Q_SLOTS:
         QTest::keyClick(dialog, Qt::Key_R);
         QVERIFY(!rotates->isChecked() && easel.hasDialog());
         easel.end("discard");
+    }
+
+    void whatIsNotAppliedIsAskedFor()
+    {
+        Easel easel(true);
+        const auto map = [file = easel.fileOf(0).replace("a.png"_s, "a_n.png"_s)] {
+            return QImage(file);
+        };
+        const auto click = &DialogScript::click;
+        QVERIFY(easel.openAgain());
+        QTest::keyClick(&easel.list(), Qt::Key_A, Qt::ControlModifier);
+        easel.window().project().publishNormalmapPostfix().setValue("_n"_s);
+        easel.open();
+        QTRY_VERIFY(!easel.showsWhatIsStored());
+        DialogScript script;
+        for (const char *name : {"exportNormals", "exportNormalsAs"}) {
+            script.then(click("Cancel"_s));
+            easel.trigger(name);
+            QVERIFY(script.isDone() && map().isNull() && easel.hasDialog());
+        }
+        script.then(click("Export without it"_s)).then(click("OK"_s));
+        easel.trigger("exportNormals");
+        const QImage without = map();
+        QVERIFY(script.isDone() && !without.isNull() && easel.hasDialog());
+        QVERIFY(easel.window().save());
+        QVERIFY(easel.window().statusBar()->currentMessage().startsWith(
+            "Saved without the open effect"_s));
+
+        // A closing that comes to nothing leaves it open.
+        script.then(click("Cancel"_s));
+        QVERIFY(!easel.window().close());
+        easel.body(0).name().setValue("x"_s, "rename"_s);
+        script.then(click("Discard"_s)).then(click("Cancel"_s));
+        easel.trigger("quit");
+        QVERIFY(script.isDone() && easel.window().isVisible());
+        QVERIFY(easel.hasDialog() && !easel.showsWhatIsStored());
+
+        script.then(click("Apply and export"_s)).then(click("OK"_s));
+        easel.trigger("exportNormals");
+        QVERIFY(script.isDone() && !easel.hasDialog() && easel.showsWhatIsStored());
+        QVERIFY(map() != without);
+        easel.stack().markSaved();
     }
 
     // Whose maps end in "_n" as long as nothing else was exported.

@@ -39,6 +39,17 @@ void Filter::start(const EffectContext &context)
         showDialog();
 }
 
+bool Filter::hasPreview() const
+{
+    return m_isOpen && m_dialog;
+}
+
+void Filter::apply()
+{
+    if (hasPreview())
+        m_dialog->accept();
+}
+
 void Filter::discard()
 {
     if (!m_isOpen)

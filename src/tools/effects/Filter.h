@@ -51,8 +51,14 @@ public:
     /// From start() until it has closed.
     bool isOpen() const { return m_isOpen; }
     const QList<Body *> &bodies() const { return m_context.bodies; }
+    /// Null without one.
+    PositionedDialog *dialog() const;
     /// May have closed when it returns.
     void start(const EffectContext &context);
+    /// What it would make of the bodies is shown until its dialog is answered.
+    bool hasPreview() const;
+    /// As by the dialog's button; nothing when it has no preview.
+    void apply();
     /// As by the dialog's button; nothing when it is not open.
     void discard();
 
@@ -74,7 +80,6 @@ Q_SIGNALS:
 protected:
     /// Lays rows into the dialog.
     ToolPanel &panel();
-    PositionedDialog *dialog() const;
     const EffectContext &context() const { return m_context; }
     /// The context is set; the dialog comes up afterwards.
     virtual void run() = 0;
