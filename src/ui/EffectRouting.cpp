@@ -8,7 +8,6 @@
 #include "preview/NormalMapEditorScene.h"
 #include "preview/SpriteItem.h"
 #include "tools/effects/Filter.h"
-#include "tools/effects/PositionedDialog.h"
 
 EffectRouting::EffectRouting(NormalMapEditorScene &scene, WindowPrompts &prompts, QObject *parent)
     : QObject(parent)
@@ -61,7 +60,7 @@ bool EffectRouting::settle(WindowPrompts::AfterEffect next)
     if (!m_effect || !m_effect->hasPreview())
         return true;
     const QString name = plainActionText(m_effect->action().text());
-    const auto answer = m_prompts.askOpenEffect(name, next, m_effect->dialog());
+    const auto answer = m_prompts.askOpenEffect(name, next);
     if (answer == WindowPrompts::EffectAnswer::Apply && m_effect)
         m_effect->apply();
     return answer != WindowPrompts::EffectAnswer::Cancel;

@@ -73,18 +73,18 @@ bool WindowPrompts::askReplaceChanged(const QString &file)
         &m_window);
 }
 
-WindowPrompts::EffectAnswer
-WindowPrompts::askOpenEffect(const QString &effect, AfterEffect next, QWidget *dialog)
+WindowPrompts::EffectAnswer WindowPrompts::askOpenEffect(const QString &effect, AfterEffect next)
 {
     const bool isExport = next == AfterEffect::Export;
     QMessageBox box(QMessageBox::Question,
                     tr("Apply the effect?"),
                     tr("Apply the open effect %1?").arg(quoted(effect)),
                     QMessageBox::Cancel,
-                    dialog);
+                    &m_window);
     box.setTextFormat(Qt::PlainText);
     box.setInformativeText(isExport ? tr("Otherwise the normal maps are written without it.")
                                     : tr("Otherwise it is discarded."));
+    // Else it would not get the keys while the effect's own window has them.
     box.setWindowModality(Qt::ApplicationModal);
     auto *apply =
         box.addButton(isExport ? tr("Apply and export") : tr("Apply"), QMessageBox::AcceptRole);

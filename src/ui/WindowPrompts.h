@@ -35,8 +35,8 @@ public:
     /// What is about to be done while an effect shows something that is not applied.
     enum class AfterEffect { Export, Close };
     enum class EffectAnswer { Apply, GoOn, Cancel };
-    /// Asks over @p dialog, which is that of the open effect called @p effect.
-    EffectAnswer askOpenEffect(const QString &effect, AfterEffect next, QWidget *dialog);
+    /// @p effect is the name of the open one.
+    EffectAnswer askOpenEffect(const QString &effect, AfterEffect next);
     /// Names the operation whose progress is shown from now on.
     void beginTask(const QString &name, bool canBeCancelled);
     /// Takes the progress away.

@@ -57,6 +57,10 @@ public:
     QString fileOf(int index) const { return body(index).sprite().filename().value().path(); }
     QVector<AngleImage> surfaces() const { return {surface(0), surface(1), surface(2)}; }
     PositionedDialog *dialog() const { return window().findChild<PositionedDialog *>(); }
+    bool staysOnTop() const
+    {
+        return dialog()->windowHandle()->flags().testFlag(Qt::WindowStaysOnTopHint);
+    }
     bool hasDialog() const { return dialog() && dialog()->isVisible(); }
     GIntEdit *smoothness() const { return dialog()->findChild<GIntEdit *>("Smoothness"_s); }
 
@@ -272,8 +276,13 @@ private Q_SLOTS:
         QTRY_VERIFY(!easel.showsWhatIsStored());
         DialogScript script;
         for (const char *name : {"exportNormals", "exportNormalsAs"}) {
-            script.then(click("Cancel"_s));
+            script.then([&](QWidget &question) {
+                // Or it would cover the question.
+                QVERIFY(!easel.staysOnTop());
+                click("Cancel"_s)(question);
+            });
             easel.trigger(name);
+            QVERIFY(easel.staysOnTop());
             QVERIFY(script.isDone() && map().isNull() && easel.hasDialog());
         }
         script.then(click("Export without it"_s)).then(click("OK"_s));

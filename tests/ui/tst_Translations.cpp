@@ -211,8 +211,8 @@ void TestTranslations::showsEveryQuestion()
     prompts.askResized(files);
     prompts.askReadOnly(files.first(), "b"_s);
     prompts.askReplaceChanged(files.first());
-    prompts.askOpenEffect("b"_s, WindowPrompts::AfterEffect::Export, &window);
-    prompts.askOpenEffect("b"_s, WindowPrompts::AfterEffect::Close, &window);
+    prompts.askOpenEffect("b"_s, WindowPrompts::AfterEffect::Export);
+    prompts.askOpenEffect("b"_s, WindowPrompts::AfterEffect::Close);
     prompts.showSummary(files);
     prompts.tell(files.first());
     prompts.showTold();

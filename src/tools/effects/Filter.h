@@ -51,8 +51,6 @@ public:
     /// From start() until it has closed.
     bool isOpen() const { return m_isOpen; }
     const QList<Body *> &bodies() const { return m_context.bodies; }
-    /// Null without one.
-    PositionedDialog *dialog() const;
     /// May have closed when it returns.
     void start(const EffectContext &context);
     /// What it would make of the bodies is shown until its dialog is answered.
@@ -80,6 +78,7 @@ Q_SIGNALS:
 protected:
     /// Lays rows into the dialog.
     ToolPanel &panel();
+    PositionedDialog *dialog() const;
     const EffectContext &context() const { return m_context; }
     /// The context is set; the dialog comes up afterwards.
     virtual void run() = 0;

@@ -1,8 +1,10 @@
 #include "tools/effects/PositionedDialog.h"
 
 #include <QCursor>
+#include <QEvent>
 #include <QGuiApplication>
 #include <QScreen>
+#include <QWindow>
 
 #include <algorithm>
 
@@ -19,6 +21,14 @@ void PositionedDialog::done(int result)
 {
     Q_EMIT aboutToFinish(result);
     QDialog::done(result);
+}
+
+bool PositionedDialog::event(QEvent *event)
+{
+    const bool isBlocked = event->type() == QEvent::WindowBlocked;
+    if (isBlocked || event->type() == QEvent::WindowUnblocked)
+        windowHandle()->setFlag(Qt::WindowStaysOnTopHint, !isBlocked);
+    return QDialog::event(event);
 }
 
 void PositionedDialog::showEvent(QShowEvent *event)

@@ -3,7 +3,7 @@
 #include <QDialog>
 
 /// A small window for settings that stays above the window which it belongs to. It comes up below
-/// the pointer the first time, and where the user left it later.
+/// the pointer the first time, and where the user left it later. It covers no question.
 class PositionedDialog : public QDialog
 {
     Q_OBJECT
@@ -18,6 +18,7 @@ Q_SIGNALS:
     void aboutToFinish(int result);
 
 protected:
+    bool event(QEvent *event) override;
     void showEvent(QShowEvent *event) override;
 
 private:
