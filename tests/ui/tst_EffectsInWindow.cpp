@@ -276,13 +276,13 @@ private Q_SLOTS:
         QTRY_VERIFY(!easel.showsWhatIsStored());
         DialogScript script;
         for (const char *name : {"exportNormals", "exportNormalsAs"}) {
+            bool mayCoverQuestion = true;
             script.then([&](QWidget &question) {
-                // Or it would cover the question.
-                QVERIFY(!easel.staysOnTop());
+                mayCoverQuestion = easel.staysOnTop();
                 click("Cancel"_s)(question);
             });
             easel.trigger(name);
-            QVERIFY(easel.staysOnTop());
+            QVERIFY(!mayCoverQuestion && easel.staysOnTop());
             QVERIFY(script.isDone() && map().isNull() && easel.hasDialog());
         }
         script.then(click("Export without it"_s)).then(click("OK"_s));
