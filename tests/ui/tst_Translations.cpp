@@ -220,10 +220,8 @@ void TestTranslations::showsEveryQuestion()
     CrashReportDialog({}, &window).exec();
     const QTemporaryDir recovery;
     std::vector<RecoveryEntry> kept(2);
-    for (RecoveryEntry &entry : kept) {
-        entry = {RecoveryFolder::create(recovery.path()), RecoveryIndex()};
-        entry.index->time = QDateTime::currentDateTimeUtc();
-    }
+    for (RecoveryEntry &entry : kept)
+        entry.folder = RecoveryFolder::create(recovery.path());
     for (const RecoveryEntry &entry : kept) {
         entry.folder->setMark(RecoveryFolder::Mark::GivenUp);
         RecoveryDialog(kept, &window).choose();
