@@ -1,13 +1,12 @@
 #pragma once
 
+#include "model/FileLock.h"
+
 #include <QCoreApplication>
-#include <QLockFile>
 #include <QString>
 
-#include <memory>
-
 /// Keeps a project file to one writer by a lock file beside it. Owned by whoever works on the
-/// project; given up when it goes, and by the next taker where its holder on this computer is dead.
+/// project; given up when it goes.
 class ProjectLock
 {
     Q_DECLARE_TR_FUNCTIONS(ProjectLock)
@@ -19,9 +18,9 @@ public:
 
     /// True when this one may write the project: nobody else has it.
     bool mayWrite() const { return m_mayWrite; }
-    /// Who else has it, in words, such as "Vesperine (process 4711) of anna on atelier"; empty when
-    /// this one may write. Names the lock file when its holder runs on another computer, whose
-    /// death can't be noticed from here.
+    /// Who else has it and by which lock file, in words, such as "vesperine (process 4711) of anna
+    /// on atelier (lock file '/work/.p.vep.lock')"; empty when this one may write. A holder on
+    /// another computer can't be seen to be dead: the words tell how to end its lock.
     QString otherHolder() const;
     /// True when it is the lock of @p fileName, whichever links lead there.
     bool isOf(const QString &fileName) const;
@@ -29,7 +28,6 @@ public:
 private:
     static QString lockPath(const QString &fileName);
 
-    std::unique_ptr<QLockFile> m_lock;
-    QString m_path;
+    FileLock m_lock;
     bool m_mayWrite = true;
 };

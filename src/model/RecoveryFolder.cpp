@@ -1,7 +1,5 @@
 #include "model/RecoveryFolder.h"
 
-#include "model/LockTaking.h"
-
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -53,19 +51,19 @@ std::unique_ptr<RecoveryFolder> RecoveryFolder::create(const QString &root)
 std::unique_ptr<RecoveryFolder> RecoveryFolder::take(const QString &path)
 {
     std::unique_ptr<RecoveryFolder> folder(new RecoveryFolder(path));
-    if (!takeLock(folder->m_lock))
+    if (folder->m_lock.take() != FileLock::Taking::Done)
         return nullptr;
     return folder;
 }
 
 RecoveryFolder::~RecoveryFolder()
 {
-    if (!m_lock.isLocked())
+    if (!m_lock.isTaken())
         return;
     const bool isEmpty = !QFile::exists(indexPath());
     if (isEmpty)
         clear(m_path);
-    m_lock.unlock();
+    m_lock.release();
     if (isEmpty)
         QDir().rmdir(m_path);
 }

@@ -1,7 +1,8 @@
 #pragma once
 
+#include "model/FileLock.h"
+
 #include <QDateTime>
-#include <QLockFile>
 #include <QSet>
 #include <QString>
 
@@ -48,5 +49,5 @@ private:
     QString markPath(Mark mark) const;
 
     QString m_path;
-    QLockFile m_lock;
+    FileLock m_lock;
 };

@@ -1,4 +1,5 @@
 #include "base/GSettings.h"
+#include "model/FileLock.h"
 #include "model/Project.h"
 #include "model/ProjectController.h"
 #include "model/PropertyAngleImage.h"
@@ -12,7 +13,12 @@
 #include <QSysInfo>
 #include <QTest>
 
+#include <atomic>
 #include <memory>
+#include <thread>
+#include <vector>
+
+#include <sys/file.h>
 
 class TestProjectController : public QObject
 {
@@ -119,7 +125,7 @@ private Q_SLOTS:
         QVERIFY(!second.isReadOnly());
     }
 
-    void locksOfTheDeadAndOfOtherComputers()
+    void locksThatNobodyHolds()
     {
         const QString file = path("left.vep");
         m_controller->saveAs(GFileName(file));
@@ -127,26 +133,67 @@ private Q_SLOTS:
         QProcess dead;
         dead.start(QStringLiteral("true"), {});
         QVERIFY(dead.waitForStarted());
-        const qint64 process = dead.processId();
+        const auto text = [](qint64 process, const QString &host) {
+            return QByteArray::number(process) + "\ntst_ProjectController\n" + host.toUtf8() + '\n';
+        };
+        const QByteArray killed = text(dead.processId(), QSysInfo::machineHostName());
         QVERIFY(dead.waitForFinished());
         const QString lock = path(".left.vep.lock");
-        const auto leave = [&](qint64 holder, const QString &host) {
-            m_folder.write(QStringLiteral(".left.vep.lock"),
-                           QByteArray::number(holder) + "\ntst_ProjectController\n" +
-                               host.toUtf8() + '\n');
-        };
-        // In a sandbox the dead one had the same number.
-        for (const qint64 holder : {process, QCoreApplication::applicationPid()}) {
-            leave(holder, QSysInfo::machineHostName());
-            QVERIFY(m_controller->openProject(file, ProjectController::Lock::OnOpening));
-            QVERIFY(!m_controller->isReadOnly() && m_prompts.holders.isEmpty());
+        using Opening = ProjectController::Lock;
+        // In a sandbox the dead one had the same number. A full disk or a kill cuts the text.
+        const QByteArray own =
+            text(QCoreApplication::applicationPid(), QSysInfo::machineHostName());
+        for (const QByteArray &left : {killed,
+                                       own,
+                                       QByteArray(),
+                                       own.left(3),
+                                       own.chopped(2),
+                                       QByteArray("\n\n\n\n"),
+                                       QByteArray("x\ny\nz\n"),
+                                       QByteArray(100000, '\0'),
+                                       text(1, QString())}) {
+            m_folder.write(QStringLiteral(".left.vep.lock"), left);
+            QVERIFY(m_controller->openProject(file, Opening::OnOpening));
+            QVERIFY2(!m_controller->isReadOnly() && m_prompts.holders.isEmpty(), left.left(80));
             m_controller->createProject();
             QVERIFY(!QFile::exists(lock));
         }
-        leave(process, QStringLiteral("elsewhere"));
-        QVERIFY(m_controller->openProject(file, ProjectController::Lock::OnOpening));
+        // A drive or a synchronised folder may not pass the locks of other computers on.
+        m_folder.write(QStringLiteral(".left.vep.lock"), text(47, QStringLiteral("elsewhere")));
+        QVERIFY(m_controller->openProject(file, Opening::OnOpening));
         QVERIFY(m_controller->isReadOnly());
+        QVERIFY(m_prompts.holders.value(0).contains(QStringLiteral("47) of ")));
         QVERIFY(m_prompts.holders.value(0).contains(lock));
+        m_controller->createProject();
+        // One that is held is named, whatever it says.
+        QFile held(lock);
+        QVERIFY(held.open(QIODevice::WriteOnly) && flock(held.handle(), LOCK_EX) == 0);
+        QVERIFY(errorOf([&] { m_controller->saveAs(GFileName(file)); }).contains(lock));
+        held.close();
+        m_controller->saveAs(GFileName(file));
+    }
+
+    void anAbandonedLockIsTakenOverByOne()
+    {
+        for (int round = 0; round < 200; ++round) {
+            const QString lock = m_folder.write(QStringLiteral("lock"), round % 2 ? "" : "1\nx\n");
+            constexpr int takers = 4;
+            std::atomic<int> tried = 0;
+            std::atomic<int> holders = 0;
+            std::vector<std::thread> threads;
+            for (int i = 0; i < takers; ++i) {
+                threads.emplace_back([&] {
+                    FileLock taken(lock);
+                    holders += taken.take() == FileLock::Taking::Done;
+                    for (++tried; tried < takers;)
+                        std::this_thread::yield();
+                });
+            }
+            for (auto &thread : threads)
+                thread.join();
+            QCOMPARE(holders.load(), 1);
+            QVERIFY(!QFile::exists(lock));
+        }
     }
 
     void aFileThatAnotherProgramChangedIsNotReplaced()

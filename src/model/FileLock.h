@@ -1,0 +1,54 @@
+#pragma once
+
+#include <QString>
+
+#include <memory>
+#include <optional>
+
+QT_BEGIN_NAMESPACE
+class QLockFile;
+QT_END_NAMESPACE
+
+/// A lock by a file that names its holder. Owned by the holder; the file goes with it, and what a
+/// killed holder leaves keeps nobody out, whatever is in it.
+class FileLock
+{
+public:
+    explicit FileLock(QString path);
+    ~FileLock();
+    FileLock(const FileLock &) = delete;
+    FileLock &operator=(const FileLock &) = delete;
+
+    enum class Taking {
+        Done,
+        Held,      ///< somebody else has it
+        Impossible ///< no file can be made there
+    };
+    /// Tries to take the lock, at once.
+    Taking take();
+    bool isTaken() const;
+    void release();
+
+    struct Holder
+    {
+        qint64 process = 0;
+        QString start; ///< of the process, where the system tells it
+        QString program;
+        QString host;
+        bool isElsewhere = false; ///< on another computer, whose processes can't be seen from here
+    };
+    /// Whom the file names; nothing while it names nobody.
+    std::optional<Holder> holder() const;
+    const QString &path() const { return m_path; }
+
+private:
+#ifdef Q_OS_UNIX
+    std::optional<Taking> tryToTake();
+    std::optional<Taking> takeFile(int handle);
+
+    int m_handle = -1;
+#else
+    std::unique_ptr<QLockFile> m_lock;
+#endif
+    QString m_path;
+};
