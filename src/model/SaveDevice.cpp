@@ -1,11 +1,13 @@
 #include "model/SaveDevice.h"
 
+#include "model/NamelessFile.h"
+#include "model/SaveNames.h"
+
 #include <QCoreApplication>
-#include <QCryptographicHash>
 #include <QFileInfo>
 
+#include <atomic>
 #include <cerrno>
-#include <csignal>
 #include <filesystem>
 #include <set>
 #include <utility>
@@ -13,8 +15,6 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 #ifdef Q_OS_UNIX
-#include <sys/file.h>
-#include <sys/wait.h>
 #include <unistd.h>
 #else
 #include <io.h>
@@ -24,61 +24,16 @@
 // when an archive writer closes it, and a kill leaves its randomly named file behind for good.
 //
 // Where the file system allows (O_TMPFILE), the new file has no name while it is written, so that a
-// kill leaves nothing. No call replaces a file by a nameless one: it has to be named and then
-// moved. A process of its own does these two steps and outlives a kill of the program between them.
-// On other file systems a kill leaves one file of a fixed name, which the next save removes. A
-// saver locks its file all along: that tells a file left behind from one that another program is
-// saving right now; the next saver then takes the next name.
+// kill leaves nothing (NamelessFile). On other file systems a kill leaves one file of a fixed name,
+// which the next save removes. A saver locks its file all along: that tells a file left behind from
+// one that another program is saving right now; the next saver then takes the next name. Where the
+// file system keeps no locks, the name tells the saver's process instead.
 
 namespace {
 
-constexpr int mostSavers = 8;
 constexpr int mostLinks = 40;
 
-QString temporaryName(const QString &target, int number)
-{
-    const QFileInfo info(target);
-    QString name = info.fileName();
-    // The file system ends names at 255 bytes.
-    if (QFile::encodeName(name).size() > 230)
-        name = QString::fromLatin1(
-            QCryptographicHash::hash(QFile::encodeName(name), QCryptographicHash::Md5).toHex());
-    const QString suffix = number == 0 ? QString() : QString::number(number);
-    return QStringLiteral("%1/.%2.saving%3").arg(info.path(), name, suffix);
-}
-
 #ifdef Q_OS_UNIX
-
-bool isSameFile(int handle, const QByteArray &path)
-{
-    struct stat opened
-    {
-    };
-    struct stat named
-    {
-    };
-    return fstat(handle, &opened) == 0 && lstat(path.constData(), &named) == 0 &&
-           opened.st_ino == named.st_ino && opened.st_dev == named.st_dev;
-}
-
-// Takes the lock that tells other savers that the file is in use.
-bool lockFile(int handle)
-{
-    return flock(handle, LOCK_EX | LOCK_NB) == 0;
-}
-
-// Removes the file that a killed saver left. One that is locked is in use; one that isn't the named
-// file any more by the time that it is locked was moved away by its saver.
-void removeAbandoned(const QString &name)
-{
-    const QByteArray path = QFile::encodeName(name);
-    const int handle = open(path.constData(), O_RDONLY | O_NONBLOCK | O_NOFOLLOW | O_CLOEXEC);
-    if (handle < 0)
-        return;
-    if (lockFile(handle) && isSameFile(handle, path))
-        unlink(path.constData());
-    close(handle);
-}
 
 // Best effort: a power failure before it happened brings back the old file, whole.
 void syncFolderEntry(const QString &folder)
@@ -92,69 +47,7 @@ void syncFolderEntry(const QString &folder)
     close(handle);
 }
 
-#ifdef O_TMPFILE
-
-int linkAt(const QByteArray &handle, const QByteArray &name)
-{
-    const int result =
-        linkat(AT_FDCWD, handle.constData(), AT_FDCWD, name.constData(), AT_SYMLINK_FOLLOW);
-    return result == 0 ? 0 : errno;
-}
-
-// What the process of its own does; its exit status is the error's number.
-[[noreturn]] void linkAndMoveHere(const char *handle, const char *name, const char *target)
-{
-    if (linkat(AT_FDCWD, handle, AT_FDCWD, name, AT_SYMLINK_FOLLOW) != 0)
-        _exit(errno);
-    if (rename(name, target) == 0)
-        _exit(0);
-    const int error = errno;
-    unlink(name);
-    _exit(error);
-}
-
-// Returns the error's number, 0 for none. The program's memory isn't copied for the new process
-// but lent to it, so it does nothing but its calls, and no signal handler may run there.
-int linkAndMove(const QByteArray &handle, const QByteArray &name, const QByteArray &target)
-{
-    sigset_t all;
-    sigset_t before;
-    sigfillset(&all);
-    pthread_sigmask(SIG_SETMASK, &all, &before);
-    const pid_t process = vfork();
-    if (process == 0)
-        linkAndMoveHere(handle.constData(), name.constData(), target.constData());
-    const int startError = errno;
-    pthread_sigmask(SIG_SETMASK, &before, nullptr);
-    if (process < 0)
-        return startError;
-    int status = 0;
-    while (waitpid(process, &status, 0) < 0) {
-        if (errno != EINTR)
-            return errno;
-    }
-    return WIFEXITED(status) ? WEXITSTATUS(status) : EIO;
-}
-
-#endif
-
 #else
-
-// A file in use can't be removed on these systems.
-void removeAbandoned(const QString &name)
-{
-    QFile::remove(name);
-}
-
-bool lockFile(int)
-{
-    return true;
-}
-
-bool isSameFile(int, const QByteArray &)
-{
-    return true;
-}
 
 void syncFolderEntry(const QString &) {}
 
@@ -193,9 +86,8 @@ bool SaveDevice::open(OpenMode mode)
         return fail(QT_TRANSLATE_NOOP("SaveDevice", "only to be opened once and for writing"));
     if (!findTarget())
         return false;
-    for (int number = 0; number < mostSavers; ++number)
-        removeAbandoned(temporaryName(m_target, number));
-    if (!allows(Step::Open) || (!openNameless() && !openNamed()))
+    removeAbandoned(m_target);
+    if (!allows(Step::Open) || (!openNameless() && !openNamed() && !openUnlocked()))
         return fail(QT_TRANSLATE_NOOP("SaveDevice", "no new file can be made in the folder"));
     if (!keepMode()) {
         discard();
@@ -229,12 +121,13 @@ bool SaveDevice::openNameless()
     if (!allows(Step::Nameless) || access("/proc/self/fd", X_OK) != 0)
         return false;
     const QByteArray folder = QFile::encodeName(QFileInfo(m_target).path());
-    const int handle = ::open(folder.constData(), O_TMPFILE | O_WRONLY | O_CLOEXEC, 0666);
-    if (handle < 0)
+    // Readable, since it is copied where it can't be named.
+    const int handle = ::open(folder.constData(), O_TMPFILE | O_RDWR | O_CLOEXEC, 0666);
+    if (handle < 0 || !m_file.open(handle, WriteOnly | Unbuffered, QFile::AutoCloseHandle))
         return false;
-    lockFile(handle);
     m_temporary.clear();
-    return m_file.open(handle, WriteOnly | Unbuffered, QFile::AutoCloseHandle);
+    lockNew();
+    return true;
 #else
     return false;
 #endif
@@ -242,19 +135,50 @@ bool SaveDevice::openNameless()
 
 bool SaveDevice::openNamed()
 {
-    for (int number = 0; number < mostSavers; ++number) {
-        const QString name = temporaryName(m_target, number);
-        m_file.setFileName(name);
-        if (!m_file.open(WriteOnly | NewOnly | Unbuffered))
+    for (int number = 0; m_keepsLocks && number < mostSavers; ++number) {
+        const QString name = savingName(m_target, number);
+        if (!openNew(name))
             continue;
+        const KernelLock lock = lockNew();
+        if (lock == KernelLock::Unsupported)
+            discard();
         // Another saver may have taken the file for an abandoned one before it was locked.
-        if (lockFile(m_file.handle()) && isSameFile(m_file.handle(), QFile::encodeName(name))) {
-            m_temporary = name;
+        else if (lock == KernelLock::Taken && isSameFile(m_file.handle(), name))
             return true;
-        }
+        m_temporary.clear();
         m_file.close();
     }
     return false;
+}
+
+bool SaveDevice::openUnlocked()
+{
+    if (m_keepsLocks)
+        return false;
+    removeUnlockedAbandoned(m_target);
+    return openNew(savingNameOfThisProcess(m_target));
+}
+
+bool SaveDevice::openNew(const QString &name)
+{
+    m_file.setFileName(name);
+    if (!m_file.open(WriteOnly | NewOnly | Unbuffered))
+        return false;
+    m_temporary = name;
+    return true;
+}
+
+KernelLock SaveDevice::lockNew()
+{
+    const KernelLock lock =
+        allows(Step::Lock) ? lockHandle(m_file.handle()) : KernelLock::Unsupported;
+    m_keepsLocks = lock != KernelLock::Unsupported;
+    static std::atomic_flag isTold;
+    if (!m_keepsLocks && !isTold.test_and_set())
+        qWarning("'%s' is saved without a lock, which its file system does not keep: don't save it "
+                 "in two programs at once",
+                 qUtf8Printable(m_target));
+    return lock;
 }
 
 bool SaveDevice::keepMode()
@@ -265,7 +189,12 @@ bool SaveDevice::keepMode()
     struct stat old
     {
     };
-    if (stat(QFile::encodeName(m_target).constData(), &old) == 0)
+    struct stat present
+    {
+    };
+    // Where all files have one mode it can't be set.
+    if (stat(QFile::encodeName(m_target).constData(), &old) == 0 &&
+        fstat(m_file.handle(), &present) == 0 && present.st_mode != old.st_mode)
         return fchmod(m_file.handle(), old.st_mode & 07777U) == 0;
 #endif
     return true;
@@ -335,12 +264,21 @@ bool SaveDevice::moveIntoPlace()
 {
     if (!allows(Step::Move))
         return failBySystem(QT_TRANSLATE_NOOP("SaveDevice", "the new file can't be moved"));
-    if (m_temporary.isEmpty())
-        return moveNameless();
+    if (m_mayReplace && !m_mayReplace(m_target))
+        return fail(QT_TRANSLATE_NOOP("SaveDevice", "the file that is there has to stay"));
+    return m_temporary.isEmpty() ? moveNameless() : moveNamed();
+}
+
+bool SaveDevice::moveNamed()
+{
     std::error_code error;
-    std::filesystem::rename(QFile::encodeName(m_temporary).toStdString(),
-                            QFile::encodeName(m_target).toStdString(),
-                            error);
+    // Nobody else's file, where no lock protects this one.
+    if (!isSameFile(m_file.handle(), m_temporary))
+        error = std::make_error_code(std::errc::no_such_file_or_directory);
+    else
+        std::filesystem::rename(QFile::encodeName(m_temporary).toStdString(),
+                                QFile::encodeName(m_target).toStdString(),
+                                error);
     if (error)
         return fail(QT_TRANSLATE_NOOP("SaveDevice", "the new file can't be moved"),
                     QString::fromStdString(error.message()));
@@ -351,18 +289,41 @@ bool SaveDevice::moveIntoPlace()
 bool SaveDevice::moveNameless()
 {
 #ifdef O_TMPFILE
-    const QByteArray handle = "/proc/self/fd/" + QByteArray::number(m_file.handle());
-    const QByteArray target = QFile::encodeName(m_target);
-    errno = linkAt(handle, target);
-    for (int number = 0; errno == EEXIST && number < mostSavers; ++number) {
-        const QString name = temporaryName(m_target, number);
-        removeAbandoned(name);
-        errno = linkAndMove(handle, QFile::encodeName(name), target);
+    int error = nameFile(m_file.handle(), m_target);
+    if (error == EEXIST && m_keepsLocks)
+        removeAbandoned(m_target);
+    else if (error == EEXIST)
+        removeUnlockedAbandoned(m_target);
+    for (int number = 0; error == EEXIST && number < mostSavers; ++number) {
+        const QString name =
+            m_keepsLocks ? savingName(m_target, number) : savingNameOfThisProcess(m_target);
+        error = nameAndMoveFile(m_file.handle(), name, m_target);
     }
-    if (errno == 0)
-        return true;
+    return error == 0 || moveCopy();
+#else
+    return false;
 #endif
-    return failBySystem(QT_TRANSLATE_NOOP("SaveDevice", "the new file can't be moved"));
+}
+
+// Where a file without a name can't be given one.
+bool SaveDevice::moveCopy()
+{
+#ifdef O_TMPFILE
+    QFile nameless;
+    const int handle = fcntl(m_file.handle(), F_DUPFD_CLOEXEC, 0);
+    const bool isOpen = handle >= 0 && nameless.open(handle, ReadOnly, QFile::AutoCloseHandle);
+    m_file.close();
+    if (!isOpen || !nameless.seek(0) || (!openNamed() && !openUnlocked()) || !keepMode())
+        return failBySystem(QT_TRANSLATE_NOOP("SaveDevice", "the new file can't be moved"));
+    while (!nameless.atEnd()) {
+        const QByteArray part = nameless.read(1 << 20);
+        if (part.isEmpty() || m_file.write(part) != part.size())
+            return failBySystem(QT_TRANSLATE_NOOP("SaveDevice", "the file can't be written"));
+    }
+    return syncToDisk() && moveNamed();
+#else
+    return false;
+#endif
 }
 
 void SaveDevice::discard()

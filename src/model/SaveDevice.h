@@ -1,9 +1,14 @@
 #pragma once
 
+#include "model/KernelLock.h"
+
 #include <QFile>
 #include <QIODevice>
 #include <QString>
 #include <QStringList>
+
+#include <functional>
+#include <utility>
 
 /// Replaces a file in one move once everything has reached the disk: until commit() the old file
 /// stays as it is, and without it nothing was ever written. Links are followed, the file's mode is
@@ -16,6 +21,13 @@ public:
 
     explicit SaveDevice(QString path, Sync sync = Sync::Now);
     ~SaveDevice() override;
+
+    /// Asked by commit() about the file itself, behind all links, in the moment before it is
+    /// replaced; false lets commit() fail.
+    void setMayReplace(std::function<bool(const QString &path)> mayReplace)
+    {
+        m_mayReplace = std::move(mayReplace);
+    }
 
     /// Write-only. Fails, with an errorString(), where the file can't be replaced.
     bool open(OpenMode mode) override;
@@ -34,9 +46,10 @@ public:
     bool seek(qint64 position) override;
 
 protected:
-    enum class Step { Nameless, Open, KeepMode, Write, Sync, Move };
+    enum class Step { Nameless, Lock, Open, KeepMode, Write, Sync, Move };
     /// Asked before every step on the disk; a test answers false to let that step fail. Without
-    /// Nameless the file has a name from the start, as on file systems that know no other.
+    /// Nameless the file has a name from the start, as on file systems that know no other; without
+    /// Lock it is not locked, as on those that keep no locks.
     virtual bool allows(Step) { return true; }
 
     qint64 readData(char *, qint64) override { return -1; }
@@ -48,10 +61,15 @@ private:
     bool findTarget();
     bool openNameless();
     bool openNamed();
+    bool openUnlocked();
+    bool openNew(const QString &name);
+    KernelLock lockNew();
     bool keepMode();
     bool syncToDisk();
     bool moveIntoPlace();
+    bool moveNamed();
     bool moveNameless();
+    bool moveCopy();
     void discard();
 
     QString m_path;
@@ -60,6 +78,8 @@ private:
     QString m_temporary; ///< what the new file is called until it is moved; empty: it has no name
     QFile m_file;
     QString m_problem;
+    std::function<bool(const QString &)> m_mayReplace;
+    bool m_keepsLocks = true;
     bool m_failed = false;
 };
 

@@ -28,11 +28,14 @@ struct TestedDevice : SaveDevice
     {
         if (step == Step::Nameless)
             return !isNamed;
+        if (step == Step::Lock)
+            return isLocked;
         errno = EIO;
         return steps++ != failingStep;
     }
 
     bool isNamed = false;
+    bool isLocked = true;
     int failingStep = -1;
     int steps = 0;
 };
@@ -89,9 +92,11 @@ private Q_SLOTS:
 
     void everyFailureKeepsTheOldFile()
     {
-        for (const int kind : {0, 1, 2, 3}) {
+        // With an old file, a name from the start, without locks.
+        for (const int kind : {0, 1, 2, 3, 4, 5, 6, 7}) {
+            const bool isOld = kind % 4 < 2;
             init();
-            if (kind < 2)
+            if (isOld)
                 m_folder.write(QStringLiteral("a"), "old");
             const QString filesBefore = files();
             int step = 0;
@@ -99,13 +104,15 @@ private Q_SLOTS:
                 {
                     TestedDevice device(path("a"));
                     device.isNamed = kind % 2;
+                    device.isLocked = kind < 4;
                     device.failingStep = step;
                     saved = saveProject(device, 0, 10);
                     QVERIFY(saved ? device.steps <= step : !device.errorString().isEmpty());
                 }
                 QVERIFY(saved || files() == filesBefore);
-                QVERIFY(saved || contentOf(path("a")) == (kind < 2 ? "old" : ""));
+                QVERIFY(saved || contentOf(path("a")) == (isOld ? "old" : ""));
             }
+            QCOMPARE(files(), QStringLiteral("a"));
             // Opening, mode, sync, move, and at least one write for each part of the archive.
             QVERIFY2(step > 10, qPrintable(QString::number(step)));
         }
