@@ -1233,6 +1233,14 @@ bleibt unverändert.</translation>
         <source>Failed to save normal map &apos;%1&apos;</source>
         <translation>Die Normal-Map „%1“ lässt sich nicht speichern</translation>
     </message>
+    <message>
+        <source>it is a sprite or another map by another name</source>
+        <translation>sie ist unter anderem Namen ein Sprite oder eine andere Karte</translation>
+    </message>
+    <message>
+        <source>the file that is there was not written by this program</source>
+        <translation>die Datei an dieser Stelle stammt nicht von diesem Programm</translation>
+    </message>
 </context>
 <context>
     <name>PaintToolAngleBrush</name>
@@ -1836,6 +1844,10 @@ Mit Alt beginnen | von der Auswahl abziehen</translation>
         <source>&apos;%1&apos; is open in %2. Save under another name.</source>
         <translation>„%1“ ist offen in %2. Bitte unter anderem Namen speichern.</translation>
     </message>
+    <message>
+        <source>&apos;%1&apos; is a sprite of the project or the project itself and stays as it is: choose another name</source>
+        <translation>„%1“ ist ein Sprite des Projekts oder das Projekt selbst und bleibt, wie es ist: bitte einen anderen Namen wählen</translation>
+    </message>
 </context>
 <context>
     <name>ProjectLock</name>
@@ -1854,6 +1866,10 @@ Mit Alt beginnen | von der Auswahl abziehen</translation>
     <message>
         <source>%1. If it no longer runs there, remove &apos;%2&apos;</source>
         <translation>%1. Läuft es dort nicht mehr, dann „%2“ entfernen</translation>
+    </message>
+    <message>
+        <source>%1 (lock file &apos;%2&apos;)</source>
+        <translation>%1 (Sperrdatei „%2“)</translation>
     </message>
 </context>
 <context>
@@ -2289,6 +2305,10 @@ Die Sicherung bleibt in „%2“.</translation>
     <message>
         <source>the new file can&apos;t be moved</source>
         <translation>die neue Datei lässt sich nicht an ihren Platz bringen</translation>
+    </message>
+    <message>
+        <source>the file that is there has to stay</source>
+        <translation>die Datei an dieser Stelle muss bleiben</translation>
     </message>
 </context>
 <context>
@@ -3098,6 +3118,18 @@ Map</translation>
     <message>
         <source>Discard</source>
         <translation>Verwerfen</translation>
+    </message>
+    <message>
+        <source>Files in the way</source>
+        <translation>Dateien im Weg</translation>
+    </message>
+    <message>
+        <source>These files were not written by this program. Normal maps would replace them:</source>
+        <translation>Diese Dateien stammen nicht von diesem Programm. Normal-Maps würden sie ersetzen:</translation>
+    </message>
+    <message>
+        <source>Keep the files</source>
+        <translation>Dateien behalten</translation>
     </message>
 </context>
 <context>

@@ -223,12 +223,15 @@ void CommandLine::addExport()
                        ->type_name("FOLDER");
     auto *suffix =
         exporting->add_option("--suffix", m_suffix, "Put before the extension")->type_name("TEXT");
+    exporting->add_flag(
+        "--overwrite", m_overwrite, "Replace also files that this program did not write");
     exporting->add_option("--jobs", m_jobs, "Maps worked on at a time, 1 to 256")
         ->type_name("N")
         ->check(CLI::Range(1, 256).description({}));
     exporting->callback([this, output, suffix] {
         ExportOptions options;
         options.projects = texts(m_projects);
+        options.overwrite = m_overwrite;
         options.jobs = m_jobs;
         if (output->count() > 0)
             options.output = text(m_output);

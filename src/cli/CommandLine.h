@@ -57,6 +57,7 @@ private:
     int m_jobs = 0;
     int m_size = 256;
     bool m_force = false;
+    bool m_overwrite = false;
     bool m_removeMissing = false;
     bool m_clearResized = false;
     bool m_scaleResized = false;

@@ -47,7 +47,8 @@ struct ExportOptions
     QStringList projects;
     std::optional<QString> output;
     std::optional<QString> suffix;
-    int jobs = 0; ///< 0 for one a processor
+    bool overwrite = false; ///< also files that are no normal maps of this program
+    int jobs = 0;           ///< 0 for one a processor
 };
 
 struct LitOptions

@@ -8,7 +8,6 @@
 #include "model/Sprite.h"
 #include "model/properties/PropertyT.h"
 
-#include <QSet>
 #include <QThreadPool>
 
 namespace {
@@ -28,7 +27,7 @@ public:
         const DataModelReader reader(QStringLiteral(".vep"), QStringLiteral(".vexml"));
         for (const QString &path : m_options.projects) {
             try {
-                m_protected += spritePaths(*reader.readWithoutSurfaces(path));
+                m_kept.add(spriteFiles(*reader.readWithoutSurfaces(path)));
             } catch (const Error &error) {
                 qInfo("%s", qUtf8Printable(error.message())); // told when its turn comes
             }
@@ -51,7 +50,10 @@ public:
             return true;
         };
         try {
-            const auto result = exportNormalMaps(opened.controller().project(), bodies, settings);
+            const Project &project = opened.controller().project();
+            if (!m_options.overwrite && !areTargetsFree(foreignFiles(project, bodies, settings)))
+                return;
+            const auto result = exportNormalMaps(project, bodies, settings);
             for (const QString &failure : result.failures)
                 fail(failure);
         } catch (const Error &error) {
@@ -85,9 +87,10 @@ private:
             settings.suffix = QStringLiteral("_n");
         settings.goesOn = true;
         settings.jobs = m_options.jobs;
-        settings.protectedPaths = m_protected;
+        settings.kept = m_kept;
+        settings.replacesForeign = m_options.overwrite;
         settings.written = [this](const QString &path) {
-            m_protected.insert(GFileName(path).canonicalPath());
+            m_kept.add(path);
             m_hasWritten = true;
             m_console.data(path);
         };
@@ -104,6 +107,19 @@ private:
                 .arg(body.sprite().filename().value().path(), statusWord(statusOf(body))));
     }
 
+    // Says what stands in the way.
+    bool areTargetsFree(const QStringList &foreign)
+    {
+        for (const QString &path : foreign)
+            fail(QStringLiteral("Failed to save normal map '%1': the file that is there was not "
+                                "written by this program")
+                     .arg(path));
+        if (!foreign.isEmpty())
+            m_console.complain(QStringLiteral("Nothing is written; choose another --suffix or "
+                                              "--output, or replace such files by --overwrite"));
+        return foreign.isEmpty();
+    }
+
     void fail(const QString &message)
     {
         ++m_failures;
@@ -112,7 +128,7 @@ private:
 
     const ExportOptions &m_options;
     Console &m_console;
-    QSet<QString> m_protected; // sprites, and maps of this run
+    KnownFiles m_kept; // sprites, and maps of this run
     bool m_hasWritten = false;
     int m_unreadable = 0;
     int m_failures = 0;

@@ -229,6 +229,8 @@ private:
         files.paths = m_targets;
         files.jobs = m_options.jobs;
         files.goesOn = true;
+        for (const QString &source : m_sources)
+            files.kept.add(source);
         files.work = [this, &chain](int index) {
             return [source = m_sources[index], &chain] { return mapOf(source, chain); };
         };

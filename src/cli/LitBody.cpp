@@ -40,14 +40,14 @@ void writePicture(const Project &project,
                   const QString &path,
                   const QByteArray &format)
 {
-    const QString target = GFileName(path).canonicalPath();
-    if (spritePaths(project).contains(target))
+    if (spriteFiles(project).contains(path))
         throw Error(QStringLiteral("'%1' is a sprite of the project and stays as it is: choose "
                                    "another name")
                         .arg(path));
-    if (target == project.filename().value().canonicalPath())
+    const KnownFiles sources = sourceFiles(project);
+    if (sources.contains(path))
         throw Error(QStringLiteral("'%1' is the project itself: choose another name").arg(path));
-    if (!writeImageFile(picture, path, format))
+    if (!writeImageFile(picture, path, format, sources))
         throw Error(QStringLiteral("'%1' can't be written: name a file in a folder that exists and "
                                    "that you may write to")
                         .arg(path));

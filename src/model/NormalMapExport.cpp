@@ -12,12 +12,40 @@
 #include <QFileInfo>
 #include <QImageWriter>
 
-QSet<QString> spritePaths(const Project &project)
+namespace {
+QStringList
+checkedPaths(const Project &project, const QVector<Body *> &bodies, const NormalMapExport &settings)
 {
-    QSet<QString> paths;
-    for (const Body *body : project.bodies().all())
-        paths.insert(body->sprite().filename().value().canonicalPath());
+    QStringList paths;
+    for (const Body *body : bodies)
+        paths.append(normalMapPath(*body, settings));
+    // A suffix is a part of a name and leads to no other folder.
+    if (settings.suffix.contains(QLatin1Char('/')) || settings.suffix.contains(QLatin1Char('\\')))
+        throw Error(normalMapFailure(paths.value(0)));
+    KnownFiles taken = settings.kept;
+    taken.add(spriteFiles(project));
+    refuseClashes(paths, taken);
     return paths;
+}
+} // namespace
+
+KnownFiles spriteFiles(const Project &project)
+{
+    KnownFiles files;
+    for (const Body *body : project.bodies().all()) {
+        const GFileName &sprite = body->sprite().filename().value();
+        if (!sprite.isEmpty())
+            files.add(sprite.path());
+    }
+    return files;
+}
+
+KnownFiles sourceFiles(const Project &project)
+{
+    KnownFiles files = spriteFiles(project);
+    if (!project.filename().value().isEmpty())
+        files.add(project.filename().value().path());
+    return files;
 }
 
 QString normalMapPath(const Body &body, const NormalMapExport &settings)
@@ -29,18 +57,26 @@ QString normalMapPath(const Body &body, const NormalMapExport &settings)
     return folder + QLatin1Char('/') + normalMapFileName(sprite.fileName(), settings.suffix);
 }
 
+QStringList
+foreignFiles(const Project &project, const QVector<Body *> &bodies, const NormalMapExport &settings)
+{
+    QStringList foreign;
+    for (const QString &path : checkedPaths(project, bodies, settings)) {
+        if (!path.isEmpty() && isForeignFile(path))
+            foreign.append(path);
+    }
+    return foreign;
+}
+
 NormalMapResult exportNormalMaps(const Project &project,
                                  const QVector<Body *> &bodies,
                                  const NormalMapExport &settings)
 {
     NormalMapFiles files;
-    for (const Body *body : bodies)
-        files.paths.append(normalMapPath(*body, settings));
-    // A suffix is a part of a name and leads to no other folder.
-    if (settings.suffix.contains(QLatin1Char('/')) || settings.suffix.contains(QLatin1Char('\\')))
-        throw Error(normalMapFailure(files.paths.value(0)));
-    refuseClashes(files.paths, settings.protectedPaths + spritePaths(project));
-
+    files.paths = checkedPaths(project, bodies, settings);
+    files.kept = settings.kept;
+    files.kept.add(spriteFiles(project));
+    files.replacesForeign = settings.replacesForeign;
     files.work = [&](int index) -> std::function<EncodedNormalMap()> {
         const Body &body = *bodies[index];
         if (files.paths[index].isEmpty())
@@ -58,14 +94,18 @@ NormalMapResult exportNormalMaps(const Project &project,
     return writeNormalMaps(files);
 }
 
-bool writeImageFile(const QImage &image, const QString &path)
+bool writeImageFile(const QImage &image, const QString &path, const KnownFiles &kept)
 {
-    return writeImageFile(image, path, QFileInfo(path).suffix().toLower().toLatin1());
+    return writeImageFile(image, path, QFileInfo(path).suffix().toLower().toLatin1(), kept);
 }
 
-bool writeImageFile(const QImage &image, const QString &path, const QByteArray &format)
+bool writeImageFile(const QImage &image,
+                    const QString &path,
+                    const QByteArray &format,
+                    const KnownFiles &kept)
 {
     SaveDevice device(path);
+    device.setMayReplace([&kept](const QString &target) { return !kept.contains(target); });
     if (!QImageWriter::supportedImageFormats().contains(format) ||
         !device.open(QIODevice::WriteOnly))
         return false;

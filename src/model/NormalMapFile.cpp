@@ -1,7 +1,6 @@
 #include "model/NormalMapFile.h"
 
 #include "base/Error.h"
-#include "base/GFileName.h"
 #include "imaging/NormalEncoding.h"
 #include "imaging/PoolQueue.h"
 #include "model/SaveDevice.h"
@@ -12,6 +11,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QImageWriter>
+#include <QSet>
 
 namespace {
 struct Words
@@ -30,8 +30,21 @@ QString markText()
     return QStringLiteral("normal map");
 }
 
-// An empty text, or why the map was not written.
-QString writeMap(const QString &path, const EncodedNormalMap &map)
+// Why the file at @p path has to stay, empty when a map may replace it.
+QString troubleAt(const QString &path, const NormalMapFiles &files, const KnownFiles &written)
+{
+    if (files.kept.contains(path) || written.contains(path))
+        return Words::tr("it is a sprite or another map by another name");
+    if (!files.replacesForeign && isForeignFile(path))
+        return Words::tr("the file that is there was not written by this program");
+    return {};
+}
+
+// An empty text, or why the map was not written. Asks @p troubleAt in the last moment, since files
+// may have come or gone while the maps were made.
+QString writeMap(const QString &path,
+                 const EncodedNormalMap &map,
+                 const std::function<QString(const QString &)> &troubleAt)
 {
     if (!map.failure.isEmpty())
         return map.failure;
@@ -39,10 +52,17 @@ QString writeMap(const QString &path, const EncodedNormalMap &map)
     if (!QDir().mkpath(folder))
         return Words::tr("Cannot create directory '%1'").arg(folder);
     SaveDevice device(path, SaveDevice::Sync::Later);
+    QString trouble;
+    device.setMayReplace([&](const QString &target) {
+        trouble = troubleAt(target);
+        return trouble.isEmpty();
+    });
     const bool done = !map.png.isEmpty() && device.open(QIODevice::WriteOnly) &&
                       device.write(map.png) == map.png.size() && device.commit();
     if (!done && !device.errorString().isEmpty())
         qWarning("%s: %s", qUtf8Printable(path), qUtf8Printable(device.errorString()));
+    if (!trouble.isEmpty())
+        return normalMapFailure(path) + QStringLiteral(": ") + trouble;
     return done ? QString() : normalMapFailure(path);
 }
 } // namespace
@@ -76,6 +96,8 @@ NormalMapResult writeNormalMaps(const NormalMapFiles &files)
 {
     NormalMapResult result;
     QSet<QString> folders;
+    KnownFiles written;
+    const auto trouble = [&](const QString &path) { return troubleAt(path, files, written); };
     PoolQueue<EncodedNormalMap> queue(files.paths.size(), files.work, files.jobs);
     for (int i = 0; i < files.paths.size() && !result.cancelled; ++i) {
         const QString &path = files.paths[i];
@@ -83,7 +105,8 @@ NormalMapResult writeNormalMaps(const NormalMapFiles &files)
         if (!map.skipped.isEmpty()) {
             if (files.skipped)
                 files.skipped(map.skipped);
-        } else if (const QString failure = writeMap(path, map); failure.isEmpty()) {
+        } else if (const QString failure = writeMap(path, map, trouble); failure.isEmpty()) {
+            written.add(path);
             folders.insert(QFileInfo(path).path());
             if (files.written)
                 files.written(path);
@@ -104,14 +127,18 @@ QString normalMapFailure(const QString &path)
     return Words::tr("Failed to save normal map '%1'").arg(path);
 }
 
-void refuseClashes(const QStringList &paths, QSet<QString> taken)
+void refuseClashes(const QStringList &paths, KnownFiles taken)
 {
     for (const QString &path : paths) {
         if (path.isEmpty())
             continue;
-        const QString canonical = GFileName(path).canonicalPath();
-        if (taken.contains(canonical))
+        if (taken.contains(path))
             throw Error(normalMapFailure(path));
-        taken.insert(canonical);
+        taken.addPlace(path);
     }
+}
+
+bool isForeignFile(const QString &path)
+{
+    return QFileInfo(path).isFile() && !isNormalMapFile(path);
 }

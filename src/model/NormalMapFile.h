@@ -1,7 +1,8 @@
 #pragma once
 
+#include "model/KnownFiles.h"
+
 #include <QByteArray>
-#include <QSet>
 #include <QString>
 #include <QStringList>
 
@@ -40,8 +41,10 @@ struct NormalMapFiles
     /// Called on the caller's thread, a few maps ahead of the one that is written; what it returns
     /// runs on the global thread pool.
     std::function<std::function<EncodedNormalMap()>(int index)> work;
-    int jobs = 0;        ///< maps that are worked on at a time; 0 for one a processor
-    bool goesOn = false; ///< after a failure, else the first one ends the writing
+    int jobs = 0;                 ///< maps that are worked on at a time; 0 for one a processor
+    bool goesOn = false;          ///< after a failure, else the first one ends the writing
+    KnownFiles kept;              ///< files that no map may replace
+    bool replacesForeign = false; ///< also files that are no normal maps of this program
 
     // All optional, called on the caller's thread in list order.
     std::function<void(const QString &path)> written;
@@ -61,6 +64,9 @@ NormalMapResult writeNormalMaps(const NormalMapFiles &files);
 /// The message for a map that was not written.
 QString normalMapFailure(const QString &path);
 
-/// Throws Error that names the first of @p paths that is among @p taken (without links) or that a
-/// path before it leads to. Empty paths are passed over.
-void refuseClashes(const QStringList &paths, QSet<QString> taken);
+/// Throws Error that names the first of @p paths that is among @p taken or that a path before it
+/// leads to. Empty paths are passed over.
+void refuseClashes(const QStringList &paths, KnownFiles taken);
+
+/// True when there is a file at @p path that is no normal map of this program: somebody's work.
+bool isForeignFile(const QString &path);

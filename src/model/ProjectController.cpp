@@ -230,10 +230,16 @@ void ProjectController::resolveTextures()
         m_prompts.showSummary(changes);
 }
 
-bool ProjectController::saveNormalMaps()
+QStringList ProjectController::foreignMaps() const
+{
+    return foreignFiles(*m_project, m_project->bodies().all(), exportSettings());
+}
+
+bool ProjectController::saveNormalMaps(Foreign foreign)
 {
     const auto bodies = m_project->bodies().all();
     NormalMapExport settings = exportSettings();
+    settings.replacesForeign = foreign == Foreign::Replace;
     settings.progress = [this, &bodies](int done) {
         return m_prompts.showProgress(done, bodies.size());
     };
@@ -245,7 +251,12 @@ bool ProjectController::saveNormalMaps()
 
 bool ProjectController::writeImage(const QImage &image, const QString &path)
 {
-    return writeImageFile(image, path);
+    const KnownFiles sources = sourceFiles(*m_project);
+    if (sources.contains(path))
+        throw Error(tr("'%1' is a sprite of the project or the project itself and stays as it is: "
+                       "choose another name")
+                        .arg(path));
+    return writeImageFile(image, path, sources);
 }
 
 NormalMapExport ProjectController::exportSettings() const

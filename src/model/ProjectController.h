@@ -75,10 +75,16 @@ public:
     /// Asks what to do with the surfaces of those of @p bodies whose sprites have another size.
     /// Returns the changes that were made.
     QStringList resolveResized(const QVector<Body *> &bodies);
+    /// The files that saveNormalMaps() would replace and that are no normal maps of this program.
+    /// Throws Error when maps would take each other's place, or that of a sprite.
+    QStringList foreignMaps() const;
+    /// What becomes of such files.
+    enum class Foreign { Refuse, Replace };
     /// Writes the normal maps of all bodies as the project's settings tell; false when the user
     /// cancels. Throws Error at the first failure. Maps that were written before stay.
-    bool saveNormalMaps();
+    bool saveNormalMaps(Foreign foreign = Foreign::Refuse);
     /// Writes @p image in the format that the extension of @p path names; false when that fails.
+    /// Throws Error when that would replace the project's file or a sprite.
     bool writeImage(const QImage &image, const QString &path);
 
     /// The export settings that the project holds.

@@ -104,8 +104,12 @@ void ExportActions::exportMaps()
 {
     const Project &project = m_controller.project();
     try {
+        const QStringList foreign = m_controller.foreignMaps();
+        if (!foreign.isEmpty() && !m_prompts.askReplaceForeign(foreign))
+            return;
         const PromptedTask task(m_prompts, tr("Exporting normal maps"), true);
-        if (!m_controller.saveNormalMaps())
+        using Foreign = ProjectController::Foreign;
+        if (!m_controller.saveNormalMaps(foreign.isEmpty() ? Foreign::Refuse : Foreign::Replace))
             return;
     } catch (const Error &error) {
         QMessageBox::warning(m_window, tr("Error"), error.message());
@@ -150,8 +154,13 @@ void ExportActions::runLitExport()
     const bool isBeside = folder == QFileInfo(sprite.path()).absolutePath();
     m_controller.setImagePath(litSpriteKey(), isBeside ? QString() : folder);
     const QImage image = m_editor.litImage(*selected.first());
-    if (!image.isNull() && m_controller.writeImage(image, path))
+    try {
+        if (!image.isNull() && m_controller.writeImage(image, path))
+            return;
+    } catch (const Error &error) {
+        QMessageBox::warning(m_window, tr("Error"), error.message());
         return;
+    }
     QMessageBox::warning(
         m_window, tr("Error"), tr("Export to '") + path + tr("' failed!"), QMessageBox::Close);
 }

@@ -97,6 +97,17 @@ WindowPrompts::EffectAnswer WindowPrompts::askOpenEffect(const QString &effect, 
     return box.clickedButton() == goOn ? EffectAnswer::GoOn : EffectAnswer::Cancel;
 }
 
+bool WindowPrompts::askReplaceForeign(const QStringList &files)
+{
+    ListDialog dialog({tr("Files in the way"),
+                       tr("These files were not written by this program. Normal maps would replace "
+                          "them:"),
+                       files,
+                       {tr("Keep the files"), tr("Replace")}},
+                      &m_window);
+    return dialog.choose() == 1;
+}
+
 ProjectPrompts::MissingTextures WindowPrompts::askMissingTextures(const QStringList &files)
 {
     ListDialog dialog(

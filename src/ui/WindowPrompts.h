@@ -37,6 +37,8 @@ public:
     enum class EffectAnswer { Apply, GoOn, Cancel };
     /// @p effect is the name of the open one.
     EffectAnswer askOpenEffect(const QString &effect, AfterEffect next);
+    /// Normal maps would replace @p files, which are none of this program. True to replace them.
+    bool askReplaceForeign(const QStringList &files);
     /// Names the operation whose progress is shown from now on.
     void beginTask(const QString &name, bool canBeCancelled);
     /// Takes the progress away.

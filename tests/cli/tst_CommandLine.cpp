@@ -156,6 +156,13 @@ private Q_SLOTS:
         QDir().mkpath(path("o2/a.png"));
         QCOMPARE(run("export p.vep --output o2"), 4);
         QCOMPARE(output().count(QLatin1Char('\n')), 2);
+        // What it did not write is replaced only on request.
+        const QString foreign = m_folder.write(QStringLiteral("o3/a.png"), "foreign");
+        QCOMPARE(run("export q.vep --output o3"), 1);
+        QVERIFY(says("was not written by this program") && says("--overwrite"));
+        QCOMPARE(contentOf(foreign), QByteArray("foreign"));
+        QCOMPARE(run("export q.vep --output o3 --overwrite"), 0);
+        QCOMPARE(run("export q.vep --output o3"), 0);
     }
 
 private:

@@ -12,6 +12,8 @@
 #include <QFileInfo>
 #include <QTest>
 
+#include <unistd.h>
+
 class TestNormalMapExport : public QObject
 {
     Q_OBJECT
@@ -20,6 +22,8 @@ private Q_SLOTS:
     void mapsMatchThePlainWay();
     void transparentPixelsAreFlat();
     void clashesAreRefusedBeforeWriting();
+    void sourcesByOtherNames();
+    void foreignFilesStay();
     void failures();
 };
 
@@ -114,6 +118,48 @@ void TestNormalMapExport::clashesAreRefusedBeforeWriting()
     for (const QString &directory : {QString(), folder.path(QStringLiteral("link"))})
         QVERIFY(!errorOf([&] { exportAll(project, into(directory)); }).isEmpty());
     QCOMPARE(contentOf(first), content);
+}
+
+// A hard link stands for a second mount, too: both show in the file's number only.
+void TestNormalMapExport::sourcesByOtherNames()
+{
+    const Folder folder;
+    const QString sprite = folder.writeSprite(QStringLiteral("a.png"), {1, 1});
+    const QString map = folder.path(QStringLiteral("a_n.png"));
+    const QByteArray content = contentOf(sprite);
+    Project project;
+    addBody(project, QString(), sprite);
+    addBody(project, QString(), folder.writeSprite(QStringLiteral("b.png"), {1, 1}));
+    auto settings = into({}, QStringLiteral("_n"));
+    settings.replacesForeign = true;
+    QCOMPARE(::link(qPrintable(sprite), qPrintable(map)), 0);
+    QVERIFY(!errorOf([&] { exportAll(project, settings); }).isEmpty());
+    QVERIFY(!writeImageFile(QImage(sprite), map, sourceFiles(project)));
+    // It comes while the maps are made.
+    QVERIFY(QFile::remove(map));
+    settings.progress = [&](int) {
+        return ::link(qPrintable(sprite), qPrintable(folder.path(QStringLiteral("b_n.png")))) == 0;
+    };
+    QCOMPARE(exportAll(project, settings).failures.size(), 1);
+    QVERIFY(contentOf(map) != content);
+    QCOMPARE(contentOf(folder.path(QStringLiteral("b_n.png"))), content);
+}
+
+void TestNormalMapExport::foreignFilesStay()
+{
+    const Folder folder;
+    Project project;
+    addBody(project, QString(), folder.writeSprite(QStringLiteral("a.png"), {1, 1}));
+    const QString map = folder.write(QStringLiteral("a_n.png"), "somebody's work");
+    auto settings = into({}, QStringLiteral("_n"));
+    QCOMPARE(foreignFiles(project, project.bodies().all(), settings), QStringList(map));
+    QCOMPARE(exportAll(project, settings).failures.size(), 1);
+    QCOMPARE(contentOf(map), QByteArray("somebody's work"));
+    settings.replacesForeign = true;
+    QVERIFY(exportAll(project, settings).failures.isEmpty());
+    settings.replacesForeign = false; // the map is ours now
+    QVERIFY(foreignFiles(project, project.bodies().all(), settings).isEmpty());
+    QVERIFY(exportAll(project, settings).failures.isEmpty());
 }
 
 void TestNormalMapExport::failures()

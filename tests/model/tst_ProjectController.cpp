@@ -221,6 +221,20 @@ private Q_SLOTS:
         QVERIFY(QFile::exists(file.path()));
     }
 
+    void aPictureNeverReplacesASourceOfTheProject()
+    {
+        const QImage picture = QImage(sprite("a.png", {2, 2})).mirrored();
+        m_controller->addSprites({path("a.png")});
+        const GFileName file(path("p.vep"));
+        m_controller->saveAs(file);
+        const QByteArray content = contentOf(path("a.png"));
+        QVERIFY(errorOf([&] {
+                    m_controller->writeImage(picture, path("a.png"));
+                }).contains(QStringLiteral("stays as it is")));
+        QVERIFY(!errorOf([&] { m_controller->writeImage(picture, file.path()); }).isEmpty());
+        QCOMPARE(contentOf(path("a.png")), content);
+    }
+
     void checkingTextures()
     {
         QStringList paths;

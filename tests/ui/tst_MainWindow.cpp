@@ -15,6 +15,7 @@
 
 #include <QAction>
 #include <QDropEvent>
+#include <QFileDialog>
 #include <QLineEdit>
 #include <QMimeData>
 #include <QSlider>
@@ -170,6 +171,13 @@ private Q_SLOTS:
         trigger("Export normals"_s, {click("OK"_s)});
         QVERIFY(m_script->seen().last().endsWith("|to "_s + deep));
         QVERIFY(QFile::exists(deep + "/a_n.png"_s));
+
+        // Somebody's own work is replaced only when the user says so.
+        const QString foreign = m_folder.write("maps/deep/a_n.png"_s, "foreign");
+        trigger("Export normals"_s, {click("Keep the files"_s)});
+        QCOMPARE(contentOf(foreign), QByteArray("foreign"));
+        trigger("Export normals"_s, {click("Replace"_s), click("OK"_s)});
+        QCOMPARE(QImage(foreign).size(), QSize(16, 16));
     }
 
     void exportsALitSpriteBesideTheSprite()
@@ -185,6 +193,16 @@ private Q_SLOTS:
         const QString unknown = m_folder.path("lit.unknown"_s);
         trigger("Export lit sprite"_s, {choose(unknown), click("Close"_s)});
         QCOMPARE(m_script->seen().last(), "Error|Export to '%1' failed!|"_s.arg(unknown));
+
+        const QString sprite = m_folder.path("hero.png"_s);
+        const QByteArray content = contentOf(sprite);
+        const auto replace = [&sprite](QWidget &dialog) {
+            dynamic_cast<QFileDialog &>(dialog).setOption(QFileDialog::DontConfirmOverwrite);
+            choose(sprite)(dialog);
+        };
+        trigger("Export lit sprite"_s, {replace, click("OK"_s)});
+        QVERIFY(m_script->seen().last().contains("stays as it is"_s));
+        QCOMPARE(contentOf(sprite), content);
     }
 
 private:

@@ -213,6 +213,7 @@ void TestTranslations::showsEveryQuestion()
     prompts.askReplaceChanged(files.first());
     prompts.askOpenEffect("b"_s, WindowPrompts::AfterEffect::Export);
     prompts.askOpenEffect("b"_s, WindowPrompts::AfterEffect::Close);
+    prompts.askReplaceForeign(files);
     prompts.showSummary(files);
     prompts.tell(files.first());
     prompts.showTold();
