@@ -31,14 +31,14 @@ def main():
         for sprite in sprites:
             for place in (folder / "sprites", folder / "out"):
                 target = place / f"{sprite.stem}{suffix}.png"
-                choice = bench.random.randrange(8)
+                choice = bench.random.randrange(20)
                 if target.exists() or target.is_symlink():
                     continue
                 if choice == 0:
                     os.link(bench.random.choice(sprites), target)
                 elif choice == 1:
                     target.symlink_to(bench.random.choice(sprites))
-                elif choice == 2:
+                elif choice in (2, 3, 4):
                     target.write_bytes(bench.random.randbytes(40))
                     foreign[target] = target.read_bytes()
         return foreign
