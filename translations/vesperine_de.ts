@@ -2335,6 +2335,13 @@ Die Sicherung bleibt in „%2“.</translation>
     </message>
 </context>
 <context>
+    <name>SceneSelection</name>
+    <message>
+        <source>move sprites</source>
+        <translation>Sprites verschieben</translation>
+    </message>
+</context>
+<context>
     <name>ShapeTreeView</name>
     <message>
         <source>Sprites</source>

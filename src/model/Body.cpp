@@ -5,14 +5,29 @@
 #include "model/properties/PropertyDescriptionList.h"
 #include "model/properties/PropertyDescriptionTypes.h"
 
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
 namespace {
+// Far from every place, and equal to itself, which no infinity is for the toolkit.
+constexpr QPointF neverMoved(std::numeric_limits<double>::max(),
+                             std::numeric_limits<double>::max());
+
 const PropertyDescriptionList &bodyDescriptions()
 {
     static PropertyDescriptionList list;
-    if (list.isEmpty())
-        list.add<PropertyDescriptionString>(
-            QStringLiteral("name"), Body::tr("Name"), Body::tr("Name in the list of sprites"));
+    if (!list.isEmpty())
+        return list;
+    list.add<PropertyDescriptionString>(
+        QStringLiteral("name"), Body::tr("Name"), Body::tr("Name in the list of sprites"));
+    list.add<PropertyDescriptionPointF>(QStringLiteral("position"), neverMoved).leaveOutAtDefault();
     return list;
+}
+
+bool isInReach(double coordinate)
+{
+    return std::abs(coordinate) <= Body::farthestPlace; // and is a number
 }
 } // namespace
 
@@ -21,6 +36,7 @@ Body::Body(UndoStackOwner &document)
     , m_name(&addField<PropertyString>(QStringLiteral("name")))
     , m_sprite(&addField<Sprite>(Sprite::tag()))
     , m_paintedNormalMap(&addField<PropertyAngleImage>(QStringLiteral("painted_normal_map")))
+    , m_position(&addField<PropertyPointF>(QStringLiteral("position")))
 {
 }
 
@@ -32,6 +48,21 @@ QString Body::tag()
 std::shared_ptr<Property> Body::newInstance() const
 {
     return makeAlike<Body>();
+}
+
+std::optional<QPoint> Body::place() const
+{
+    const QPointF position = m_position->value();
+    if (!isInReach(position.x()) || !isInReach(position.y()))
+        return std::nullopt;
+    return position.toPoint();
+}
+
+void Body::moveTo(const QPoint &place, const QString &undoText)
+{
+    const QPointF position(std::clamp(place.x(), -farthestPlace, farthestPlace),
+                           std::clamp(place.y(), -farthestPlace, farthestPlace));
+    m_position->setValue(position, undoText, false);
 }
 
 AngleImage Body::surface() const

@@ -22,7 +22,7 @@ void DataModelWriter::write(const std::function<void(int done, int total)> &prog
     ProjectBundle bundle(QStringLiteral(".vep"), QStringLiteral(".vexml"));
     bundle.setFileName(fileName);
     PropertyXMLWriter writer(m_project.filename().value().canonicalFolder(), bundle);
-    const QByteArray xml = writer.write(m_project).toString(4).toUtf8();
+    const QByteArray xml = textOf(writer.write(m_project), 4).toUtf8();
     // Better no file than one that can't be opened again.
     if (const auto problem = findXmlProblem(xml))
         throw Error(tr("Failed to save '%1': %2").arg(fileName, problem->message));

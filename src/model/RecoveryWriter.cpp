@@ -68,7 +68,7 @@ QString complete(Completion parts)
     const QImage thumbnail = litThumbnail(parts.thumbnail, thumbnailSide);
     if (thumbnail.isNull() || !writeFile(parts.thumbnailPath, pngOf(thumbnail)).isEmpty())
         parts.index.thumbnail.clear();
-    parts.index.xml = toDocument(parts.elements).toString(1).toUtf8();
+    parts.index.xml = textOf(toDocument(parts.elements), 1).toUtf8();
     if (const auto problem = findXmlProblem(parts.index.xml))
         return problem->message;
     if (QString problem = writeFile(parts.indexPath, parts.index.toBytes()); !problem.isEmpty())

@@ -69,7 +69,6 @@ void BodyItems::removeAllBut(const PropertyList::Entries &bodies)
             ++it;
             continue;
         }
-        m_places[it->first].position = item.pos();
         m_order.removeOne(&item);
         m_newItems.removeOne(&item);
         Q_EMIT itemAboutToGo(&item);
@@ -79,24 +78,25 @@ void BodyItems::removeAllBut(const PropertyList::Entries &bodies)
 
 void BodyItems::add(const PropertyList::Entries &bodies)
 {
-    const int placedBefore = m_newItems.size();
+    const int knownBefore = m_newItems.size();
     for (const auto &entry : bodies) {
         Body &body = bodyOf(entry);
         auto &item = m_items[&body];
         if (item)
             continue;
         item = std::make_unique<SpriteItem>(body);
-        const Place known = m_places.value(&body);
-        m_places.insert(&body, {entry, known.position});
         // Another body may have got the address of one that is gone.
-        if (known.body.lock() == entry)
-            item->setPos(known.position);
-        else
+        if (m_places.value(&body).body.lock() != entry) {
+            m_places.insert(&body, {entry, {}});
             m_newItems.append(item.get());
+        }
+        item->setPos(placeOf(body));
+        const auto follow = [this, added = item.get()] { followBody(*added); };
+        connect(item.get(), &SpriteItem::placeChanged, this, follow);
         m_scene.addItem(item.get());
         Q_EMIT itemAdded(item.get());
     }
-    if (m_newItems.size() > placedBefore)
+    if (m_newItems.size() > knownBefore)
         placeNewItems();
 }
 
@@ -107,14 +107,70 @@ void BodyItems::placeNewItems()
         if (!m_newItems.contains(item.get()) && !item->boundingRect().isEmpty())
             others.append(sceneRect(*item).toAlignedRect());
     }
-    QVector<QSize> sizes;
-    for (const SpriteItem *item : std::as_const(m_newItems))
-        sizes.append(item->boundingRect().size().toSize());
-    const QVector<QPoint> places = layoutSprites(sizes, others);
-    for (int i = 0; i < m_newItems.size(); ++i)
-        m_newItems[i]->setPos(places[i]);
+    layOut(m_newItems, others);
+    const auto covered = newItemsBelowMoved(others);
+    if (!covered.isEmpty())
+        layOut(covered, others);
+    for (SpriteItem *item : std::as_const(m_newItems))
+        item->setPos(placeOf(item->body()));
     const auto close = [this] { m_newItems.clear(); };
     QMetaObject::invokeMethod(this, close, Qt::QueuedConnection);
+}
+
+void BodyItems::layOut(const QVector<SpriteItem *> &items, const QVector<QRect> &others)
+{
+    QVector<QSize> sizes;
+    for (const SpriteItem *item : items)
+        sizes.append(item->boundingRect().size().toSize());
+    const QVector<QPoint> places = layoutSprites(sizes, others);
+    for (int i = 0; i < items.size(); ++i)
+        m_places[&items[i]->body()].laidOut = places[i];
+}
+
+// A project's sprites are laid out as if none had been moved, so that those beside a moved one
+// stand where they stood when it was moved. Only what would be covered goes elsewhere. The
+// rectangles of all that stays are appended to @p others.
+QVector<SpriteItem *> BodyItems::newItemsBelowMoved(QVector<QRect> &others) const
+{
+    QVector<QRect> moved;
+    QVector<QRect> laidOut;
+    QVector<SpriteItem *> covered;
+    const auto rectOf = [this](const SpriteItem &item) {
+        return QRectF(placeOf(item.body()), item.boundingRect().size()).toAlignedRect();
+    };
+    for (const SpriteItem *item : m_newItems) {
+        if (item->body().place() && !item->boundingRect().isEmpty())
+            moved.append(rectOf(*item));
+    }
+    for (SpriteItem *item : m_newItems) {
+        if (item->body().place())
+            continue;
+        const QRect rect = rectOf(*item);
+        const bool isCovered = std::any_of(moved.begin(), moved.end(), [&rect](const QRect &each) {
+            return each.intersects(rect);
+        });
+        if (isCovered)
+            covered.append(item);
+        else if (!rect.isEmpty())
+            laidOut.append(rect);
+    }
+    others += moved + laidOut;
+    return covered;
+}
+
+void BodyItems::followBody(SpriteItem &item)
+{
+    const QPointF place = placeOf(item.body());
+    if (item.pos() == place)
+        return;
+    item.setPos(place);
+    Q_EMIT itemPlaced(&item);
+}
+
+QPointF BodyItems::placeOf(const Body &body) const
+{
+    const auto moved = body.place();
+    return moved ? QPointF(*moved) : m_places.value(&body).laidOut;
 }
 
 SpriteItem *BodyItems::item(const Body *body) const

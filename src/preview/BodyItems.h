@@ -15,8 +15,9 @@ class FloatImage;
 class QGraphicsScene;
 class SpriteItem;
 
-/// The sprite items of the bodies of a project, in a borrowed scene. A body that comes back, as by
-/// undo, finds its place again.
+/// The sprite items of the bodies of a project, in a borrowed scene. They stand where their bodies
+/// were moved to; those never moved are laid out. A body that comes back, as by undo, finds its
+/// place again.
 class BodyItems : public QObject
 {
     Q_OBJECT
@@ -37,6 +38,8 @@ public:
     SpriteItem *item(const Body *body) const;
     /// All in the order of the project's list.
     const QVector<SpriteItem *> &items() const { return m_order; }
+    /// Where the item of @p body, which is shown, belongs.
+    QPointF placeOf(const Body &body) const;
     /// Empty without any.
     QRectF rect() const;
     /// The topmost item with an opaque pixel at @p position, else the topmost whose rectangle has
@@ -52,23 +55,28 @@ Q_SIGNALS:
     void itemAdded(SpriteItem *item);
     /// Still alive and in the scene.
     void itemAboutToGo(SpriteItem *item);
+    /// The document has put it elsewhere.
+    void itemPlaced(SpriteItem *item);
 
 private:
     struct Place
     {
         std::weak_ptr<Property> body;
-        QPointF position;
+        QPointF laidOut; ///< the item's place while the body was never moved
     };
 
     void removeAllBut(const PropertyList::Entries &bodies);
     void add(const PropertyList::Entries &bodies);
     void placeNewItems();
+    void layOut(const QVector<SpriteItem *> &items, const QVector<QRect> &others);
+    QVector<SpriteItem *> newItemsBelowMoved(QVector<QRect> &others) const;
+    void followBody(SpriteItem &item);
 
     QGraphicsScene &m_scene;
     std::unordered_map<const Body *, std::unique_ptr<SpriteItem>> m_items;
     QVector<SpriteItem *> m_order;
     QHash<const Body *, Place> m_places;
-    /// Without a place of their own before: laid out together until the event loop comes around,
+    /// Not shown before: laid out together until the event loop comes around,
     /// since bodies that are added at once may come one by one.
     QVector<SpriteItem *> m_newItems;
 };

@@ -20,6 +20,7 @@
 #include <QEvent>
 #include <QGraphicsSceneMouseEvent>
 #include <QGraphicsView>
+#include <QKeyEvent>
 
 namespace {
 constexpr QRectF emptyContent(-256.0, -256.0, 512.0, 512.0);
@@ -59,6 +60,7 @@ void NormalMapEditorScene::connectParts(ItemSelectionModel &bodies, PixelSelecti
     connect(&pixels, &PixelSelectionModel::selectionChanged, this, &Scene::showPixelSelection);
     connect(m_items.get(), &BodyItems::itemAdded, this, &Scene::addItem);
     connect(m_items.get(), &BodyItems::itemAboutToGo, this, &Scene::dropItem);
+    connect(m_items.get(), &BodyItems::itemPlaced, this, &Scene::followPlace);
     connect(m_routing.get(), &ToolRouting::cursorChanged, this, &Scene::setToolCursor);
     connect(m_routing.get(), &ToolRouting::stateChanged, this, &Scene::updateHover);
     connect(this, &QGraphicsScene::changed, this, &Scene::updateViews);
@@ -138,6 +140,13 @@ void NormalMapEditorScene::dropItem(SpriteItem *item)
     m_currentBody = nullptr;
     m_routing->setTarget(nullptr);
     m_pixels.setBody(nullptr);
+}
+
+// Undo and redo may move what is being dragged.
+void NormalMapEditorScene::followPlace()
+{
+    m_selection->cancel();
+    updateContent();
 }
 
 void NormalMapEditorScene::updateContent()
@@ -263,7 +272,7 @@ void NormalMapEditorScene::finishGesture()
     m_routing->finishGesture();
     if (!m_selection->isPressed())
         return;
-    m_selection->cancel();
+    m_selection->finish();
     updateContent();
 }
 
@@ -384,6 +393,13 @@ void NormalMapEditorScene::mouseReleaseEvent(QGraphicsSceneMouseEvent *event)
 
 void NormalMapEditorScene::keyPressEvent(QKeyEvent *event)
 {
+    if (event->key() == Qt::Key_Escape && m_selection->isOnBodies()) {
+        m_selection->cancel();
+        updateHover();
+        updatePointedPixel();
+        event->accept();
+        return;
+    }
     GLGraphicsScene::keyPressEvent(event);
     if (!m_isViewOnly)
         m_routing->keyPress(*event);

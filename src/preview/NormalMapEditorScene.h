@@ -62,7 +62,7 @@ public:
     void setPen(const PenTouch &touch) override;
     /// Between a press and its release, be it a stroke or sprites that are moved.
     bool isGestureOpen() const;
-    /// A stroke becomes its undo step.
+    /// A stroke or a move becomes its undo step.
     void finishGesture() override;
     bool turnWheel(double notches, Qt::KeyboardModifiers modifiers) override;
 
@@ -94,6 +94,7 @@ private:
     void updateItems();
     void addItem(SpriteItem *item);
     void dropItem(SpriteItem *item);
+    void followPlace();
     void updateContent();
 
     void updateCurrentBody();

@@ -1,6 +1,7 @@
 #include "preview/SceneSelection.h"
 
 #include "model/ItemSelectionModel.h"
+#include "model/properties/GUndoStack.h"
 #include "preview/BodyItems.h"
 #include "preview/SpriteItem.h"
 
@@ -25,6 +26,11 @@ QPointF wayOf(const QGraphicsSceneMouseEvent &event)
     // Whole pixels, so that the pixels of all sprites lie on one grid.
     return (event.scenePos() - event.buttonDownScenePos(Qt::LeftButton)).toPoint();
 }
+
+GUndoStack &stackOf(const QHash<SpriteItem *, QPointF> &items)
+{
+    return items.cbegin().key()->body().undoStack();
+}
 } // namespace
 
 SceneSelection::SceneSelection(QGraphicsScene &scene,
@@ -43,7 +49,7 @@ void SceneSelection::press(QGraphicsSceneMouseEvent &event, bool mayMove)
     event.accept();
     if (event.button() != Qt::LeftButton)
         return;
-    cancel();
+    finish();
     SpriteItem *item = m_items.itemAt(event.scenePos());
     m_gesture = item ? Gesture::Click : Gesture::Band;
     m_mayMove = mayMove;
@@ -103,12 +109,45 @@ bool SceneSelection::release(const QGraphicsSceneMouseEvent &event)
         m_selection.setSelection(bodiesInBand(event));
     else if (m_gesture == Gesture::Band && !extends(event.modifiers()))
         m_selection.setSelection({});
-    cancel();
+    finish();
     updateOutlines();
     return hasMoved;
 }
 
+void SceneSelection::finish()
+{
+    const auto moved = m_startPositions;
+    // No step can be made inside of undo and redo.
+    if (!moved.isEmpty() && stackOf(moved).isStepping()) {
+        cancel();
+        return;
+    }
+    forget();
+    if (!moved.isEmpty())
+        storeMoved(moved);
+}
+
+void SceneSelection::storeMoved(const QHash<SpriteItem *, QPointF> &moved)
+{
+    const QString text = tr("move sprites");
+    const UndoMacro macro(stackOf(moved), text);
+    for (auto it = moved.cbegin(); it != moved.cend(); ++it) {
+        if (it.key()->pos() != it.value())
+            it.key()->body().moveTo(it.key()->pos().toPoint(), text);
+    }
+}
+
 void SceneSelection::cancel()
+{
+    if (!isPressed())
+        return;
+    for (auto it = m_startPositions.cbegin(); it != m_startPositions.cend(); ++it)
+        it.key()->setPos(m_items.placeOf(it.key()->body()));
+    forget();
+    updateOutlines();
+}
+
+void SceneSelection::forget()
 {
     m_gesture = Gesture::None;
     m_isDragged = false;

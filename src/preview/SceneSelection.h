@@ -2,6 +2,7 @@
 
 #include "preview/BodyOutlines.h"
 
+#include <QCoreApplication>
 #include <QHash>
 #include <QPointF>
 
@@ -13,9 +14,12 @@ class QGraphicsSceneMouseEvent;
 class SpriteItem;
 
 /// What the mouse does to the selected bodies: click, extend, rubber band, move. The view draws the
-/// rubber band itself. All that it works on is borrowed.
+/// rubber band itself. Moved bodies learn of it at the end, by one undo step. All that it works on
+/// is borrowed.
 class SceneSelection
 {
+    Q_DECLARE_TR_FUNCTIONS(SceneSelection)
+
 public:
     SceneSelection(QGraphicsScene &scene, const BodyItems &items, ItemSelectionModel &selection);
 
@@ -26,7 +30,11 @@ public:
     /// True when sprites have been moved.
     bool release(const QGraphicsSceneMouseEvent &event);
     bool isPressed() const { return m_gesture != Gesture::None; }
-    /// Forgets what was begun with a body that goes.
+    /// True between the press on a body and its release.
+    bool isOnBodies() const { return m_gesture == Gesture::Click || m_gesture == Gesture::Move; }
+    /// Ends what was begun where it is.
+    void finish();
+    /// Takes back what was begun.
     void cancel();
     /// Frames the selected bodies where they are now.
     void updateOutlines();
@@ -36,6 +44,8 @@ private:
 
     void pressBody(Body *body, Qt::KeyboardModifiers modifiers);
     void startMove();
+    void storeMoved(const QHash<SpriteItem *, QPointF> &moved);
+    void forget();
     /// Also those selected before while the band extends.
     QList<Body *> bodiesInBand(const QGraphicsSceneMouseEvent &event) const;
     void outline(const QList<Body *> &bodies);

@@ -25,6 +25,7 @@ SpriteItem::SpriteItem(Body &body)
     : m_body(body)
     , m_processor(std::make_unique<NormalMapProcessor>(body))
     , m_spriteObservation(ChangeManager::instance().observe(body.sprite(), *this))
+    , m_positionObservation(ChangeManager::instance().observe(body.position(), *this))
 {
     setColorImage(body.sprite().image());
     setNormalImage(m_processor->normalMap());
@@ -51,8 +52,12 @@ void SpriteItem::setPixelSelection(const FloatImage &selection)
     Q_EMIT contentChanged();
 }
 
-void SpriteItem::observableChanged(Observable &)
+void SpriteItem::observableChanged(Observable &observable)
 {
+    if (&observable == &m_body.position()) {
+        Q_EMIT placeChanged();
+        return;
+    }
     const QImage &image = m_body.sprite().image();
     const bool hasNewSize = image.size() != colorImage().size();
     setColorImage(image);

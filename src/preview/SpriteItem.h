@@ -36,6 +36,8 @@ Q_SIGNALS:
     void contentChanged();
     /// The image has another size now.
     void sizeChanged();
+    /// The body was moved, or its move undone.
+    void placeChanged();
 
 private:
     void showNormals(const QImage &normals);
@@ -43,4 +45,5 @@ private:
     Body &m_body;
     std::unique_ptr<NormalMapProcessor> m_processor;
     Observation m_spriteObservation;
+    Observation m_positionObservation;
 };

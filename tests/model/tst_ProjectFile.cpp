@@ -18,6 +18,7 @@ class TestProjectFile : public QObject
 
 private Q_SLOTS:
     void savedProjectComesBack();
+    void placesAreWrittenOnceMoved();
     void idsAndPackedBytesAreKept();
     void olderFormsAreRead();
     void damageCostsOneBody();
@@ -103,6 +104,72 @@ void TestProjectFile::savedProjectComesBack()
     QVERIFY(first.contains("<publish_directory>./</publish_directory>"));
     save(*loaded, folder.path(QStringLiteral("a.vep")));
     QCOMPARE(contentOf(folder.path(QStringLiteral("a.vep"))).size(), first.size());
+}
+
+void TestProjectFile::placesAreWrittenOnceMoved()
+{
+    const Folder folder;
+    const QString path = folder.path(QStringLiteral("forest.vep"));
+    Project project;
+    Body &body = addBody(project, QStringLiteral("fox"));
+    body.paintedNormalMap().setDataFileId(QStringLiteral("id-1"));
+    // The text as it was before there were places, to the byte.
+    const QByteArray before = R"(<!DOCTYPE vesperine_project>
+<vesperine_project>
+    <preset_collections/>
+    <filename>forest.vep</filename>
+    <bodies>
+        <body>
+            <name>fox</name>
+            <sprite>
+                <filename></filename>
+                <checksum></checksum>
+            </sprite>
+            <painted_normal_map datafile="id-1"/>
+        </body>
+    </bodies>
+    <publish_directory></publish_directory>
+    <publish_normalmap_postfix></publish_normalmap_postfix>
+    <light_height>32</light_height>
+    <light_brightness>100</light_brightness>
+    <light_color>#ffffff</light_color>
+    <ambient_light_color>#808080</ambient_light_color>
+</vesperine_project>
+)";
+    const QByteArray surface = "            <painted_normal_map datafile=\"id-1\"/>\n";
+    const auto saved = [&] {
+        save(project, path);
+        return contentOf(path);
+    };
+    QVERIFY(saved().contains(before));
+    QVERIFY(!load(path)->bodies().at(0).place());
+
+    body.moveTo({-3, 70}, QStringLiteral("move"));
+    QVERIFY(saved().contains(QByteArray(before).replace(
+        surface, surface + "            <position x=\"-3\" y=\"70\"/>\n")));
+    QVERIFY(load(path)->bodies().at(0).place() == QPoint(-3, 70));
+    body.moveTo({0, 0}, QStringLiteral("move"));
+    saved();
+    QVERIFY(load(path)->bodies().at(0).place() == QPoint(0, 0));
+    project.undoStack().setIndex(0);
+    QVERIFY(saved().contains(before));
+
+    const auto read = [&](const QByteArray &position) {
+        const QByteArray xml = "<bodies><body>" + position + "</body></bodies>";
+        return load(folder.write(QStringLiteral("a.vep"), bundle(projectXml(xml))));
+    };
+    for (const char *position : {R"(<position x="nan" y="1"/>)",
+                                 R"(<position x="1" y="-inf"/>)",
+                                 R"(<position x="1e300" y="1"/>)",
+                                 R"(<position x="1" y="1048577"/>)",
+                                 R"(<position x="left" y="1"/>)",
+                                 R"(<position y="1"/>)",
+                                 "<position>1 1</position>"})
+        QVERIFY2(!read(position)->bodies().at(0).place(), position);
+    const auto odd = read(R"(<position x="-1048576" y="2.6"/>)");
+    QVERIFY(odd->bodies().at(0).place() == QPoint(-1048576, 3));
+    odd->bodies().at(0).moveTo({-2000000000, 5}, QStringLiteral("move"));
+    QVERIFY(odd->bodies().at(0).place() == QPoint(-Body::farthestPlace, 5));
 }
 
 void TestProjectFile::idsAndPackedBytesAreKept()

@@ -95,6 +95,112 @@ private Q_SLOTS:
         QCOMPARE(place(a), beforeA + QPointF(-10, 3));
     }
 
+    void moveIsOneStep()
+    {
+        ShownEditor editor;
+        Body &a = editor.add(QStringLiteral("a"));
+        Body &b = editor.add(QStringLiteral("b"));
+        GUndoStack &stack = editor.project.undoStack();
+        const auto places = [&editor, &a, &b] {
+            return QVector<QPointF>{editor.scene.spriteItem(&a)->pos(),
+                                    editor.scene.spriteItem(&b)->pos()};
+        };
+        editor.bodies.setSelection({&a, &b});
+        const auto start = places();
+        const int steps = stack.count();
+        const auto dragOn = [&editor, &a](const QPoint &way) {
+            const QPoint from = editor.on(a);
+            QTest::mousePress(&editor.viewport, Qt::LeftButton, {}, from);
+            dragTo(editor.viewport, from + way);
+        };
+        const auto moved = [&start](const QPointF &way) {
+            return QVector<QPointF>{start[0] + way, start[1] + way};
+        };
+
+        dragOn({30, 20});
+        QCOMPARE(places(), moved({30, 20}));
+        QTest::keyClick(&editor.view, Qt::Key_Escape);
+        QCOMPARE(places(), start);
+        dragTo(editor.viewport, editor.on(a) + QPoint(50, 50));
+        QTest::mouseRelease(&editor.viewport, Qt::LeftButton, {}, editor.on(a));
+        QCOMPARE(places(), start);
+        drag(editor.viewport, editor.on(a), editor.on(a)); // and not moved
+        QVERIFY(!a.place());
+        QCOMPARE(editor.selected(), QByteArray("a"));
+        editor.bodies.setSelection({&a, &b});
+        QVERIFY(!stack.isModified());
+
+        dragOn({30, 20});
+        QTest::mouseRelease(&editor.viewport, Qt::LeftButton, {}, editor.on(a));
+        QCOMPARE(places(), moved({30, 20}));
+        QCOMPARE(stack.undoText(), QStringLiteral("move sprites"));
+        QVERIFY(stack.isModified());
+        QVERIFY(a.place() == places()[0].toPoint() && b.place() == places()[1].toPoint());
+        dragOn({5, 15});
+        editor.view.hide(); // the release is lost
+        editor.view.show();
+        QCOMPARE(places(), moved({35, 35}));
+        const QRectF content = editor.scene.spritesRect();
+        stack.undo();
+        QCOMPARE(places(), moved({30, 20}));
+        QVERIFY(editor.scene.sceneRect() != content);
+        stack.undo();
+        QCOMPARE(places(), start);
+        QVERIFY(!a.place() && !b.place());
+        QVERIFY(!stack.isModified());
+        stack.redo();
+        QCOMPARE(places(), moved({30, 20}));
+
+        // What is dragged lets go when undo moves it.
+        dragOn({9, 9});
+        stack.undo();
+        dragTo(editor.viewport, editor.on(a) + QPoint(60, 60));
+        QTest::mouseRelease(&editor.viewport, Qt::LeftButton, {}, editor.on(a));
+        QCOMPARE(places(), start);
+        QVERIFY(stack.canRedo());
+        QVERIFY(stack.count() > steps);
+    }
+
+    void spritesStandWhereTheyWereMoved()
+    {
+        ShownEditor editor;
+        const Body &a = editor.add(QStringLiteral("a"));
+        Body &b = editor.add(QStringLiteral("b"));
+        const Body &c = editor.add(QStringLiteral("c"));
+        const auto place = [&editor](const Body &body) {
+            return editor.scene.spriteItem(&body)->pos();
+        };
+        const auto showAgain = [&editor] {
+            editor.scene.setProject(nullptr);
+            editor.scene.setProject(&editor.project);
+        };
+        showAgain();
+        const QPointF ofA = place(a);
+        const QPointF ofB = place(b);
+        const QPointF ofC = place(c);
+        const QPoint aside = QPoint(0, 300);
+        b.moveTo(aside, QStringLiteral("move"));
+        QCOMPARE(place(b), QPointF(aside));
+        showAgain();
+        QCOMPARE(place(b), QPointF(aside));
+        QCOMPARE(place(a), ofA);
+        QCOMPARE(place(c), ofC);
+
+        // A moved sprite covers nothing that stands by itself.
+        b.moveTo(ofC.toPoint() + QPoint(10, 10), QStringLiteral("move"));
+        showAgain();
+        QCOMPARE(place(b), ofC + QPointF(10, 10));
+        QCOMPARE(place(a), ofA);
+        const QRectF rectOfC(place(c), QSizeF(64, 64));
+        for (const Body *other : {&a, static_cast<const Body *>(&b)})
+            QVERIFY(!rectOfC.intersects(QRectF(place(*other), QSizeF(64, 64))));
+        editor.project.undoStack().setIndex(0);
+        QCOMPARE(place(b), ofB);
+
+        b.position().setValue({1e300, 0});
+        QCOMPARE(place(b), ofB);
+    }
+
     void nothingIsDrawnAtRest()
     {
         ShownEditor editor;

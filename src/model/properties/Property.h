@@ -37,6 +37,8 @@ public:
     void leaveParent(const Property &parent);
     /// Null where nothing is known.
     const PropertyDescription *description() const { return m_description; }
+    /// True when files do without the property as it is now.
+    virtual bool isLeftOut() const { return false; }
     /// Another number whenever a value was set, never one of another property: who has seen it need
     /// not keep a large value to know it again.
     quint64 revision() const { return m_revision; }

@@ -7,6 +7,7 @@
 #include <limits>
 
 /// What is known of all properties of one key: the label beside its editor and the tool tip.
+/// Without a label there is no editor.
 class PropertyDescription
 {
 public:
@@ -20,11 +21,16 @@ public:
     const QString &key() const { return m_key; }
     const QString &label() const { return m_label; }
     const QString &text() const { return m_text; }
+    /// True when files do without a property that holds its default value. So it is with all that
+    /// came later than the first files: who does not use it finds his file as it was.
+    bool isLeftOutAtDefault() const { return m_isLeftOutAtDefault; }
+    void leaveOutAtDefault() { m_isLeftOutAtDefault = true; }
 
 private:
     QString m_key;
     QString m_label;
     QString m_text;
+    bool m_isLeftOutAtDefault = false;
 };
 
 /// With the value of a new property.

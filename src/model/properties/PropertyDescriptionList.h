@@ -15,10 +15,12 @@ public:
     const PropertyDescription *find(const QString &key) const;
 
     template <class Description, class... Arguments>
-    void add(Arguments &&...arguments)
+    Description &add(Arguments &&...arguments)
     {
-        m_descriptions.push_back(
-            std::make_unique<Description>(std::forward<Arguments>(arguments)...));
+        auto description = std::make_unique<Description>(std::forward<Arguments>(arguments)...);
+        Description &added = *description;
+        m_descriptions.push_back(std::move(description));
+        return added;
     }
 
 private:

@@ -5,6 +5,7 @@
 #include "model/properties/PropertyEnumElement.h"
 
 #include <QColor>
+#include <QPointF>
 #include <QVector3D>
 #include <QVector>
 
@@ -58,6 +59,18 @@ class PropertyDescriptionVector3D
 {
 public:
     using VisitedDescription::VisitedDescription;
+};
+
+/// A point that is set where it is seen: it has neither label nor editor.
+class PropertyDescriptionPointF : public PropertyDescriptionT<QPointF>
+{
+public:
+    explicit PropertyDescriptionPointF(const QString &key, const QPointF &defaultValue = {})
+        : PropertyDescriptionT(key, QString(), QString(), defaultValue)
+    {
+    }
+
+    void accept(PropertyDescriptionVisitor & /*visitor*/) const override {}
 };
 
 class PropertyDescriptionFilename

@@ -55,6 +55,12 @@ public:
             m_value = typed->defaultValue();
     }
 
+    bool isLeftOut() const override
+    {
+        const auto *typed = dynamic_cast<const PropertyDescriptionT<T> *>(description());
+        return typed && typed->isLeftOutAtDefault() && m_value == typed->defaultValue();
+    }
+
 protected:
     /// Throws when @p value is none that the property may hold.
     virtual void validate(const T &value) const { Q_UNUSED(value) }

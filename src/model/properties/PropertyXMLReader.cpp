@@ -156,7 +156,14 @@ void PropertyXMLReader::visit(PropertyVector3D &property)
 
 void PropertyXMLReader::visit(PropertyPointF &property)
 {
-    property.setValue(pointOf(m_current));
+    bool hasX = false;
+    bool hasY = false;
+    const QPointF point(m_current.attribute(QStringLiteral("x")).toDouble(&hasX),
+                        m_current.attribute(QStringLiteral("y")).toDouble(&hasY));
+    if (hasX && hasY && qIsFinite(point.x()) && qIsFinite(point.y()))
+        property.setValue(point);
+    else
+        qWarning("'%s' is no point and keeps its value", qUtf8Printable(property.key()));
 }
 
 void PropertyXMLReader::visit(PropertyDouble &property)

@@ -6,6 +6,7 @@
 #include "model/properties/PropertyEnum.h"
 #include "model/properties/PropertyReference.h"
 
+#include <QRegularExpression>
 #include <QUuid>
 
 #include <algorithm>
@@ -63,6 +64,28 @@ QDomDocument toDocument(const XmlElements &elements)
         path.append(node);
     }
     return document;
+}
+
+QString textOf(const QDomDocument &document, int indentation)
+{
+    // The toolkit writes the attributes of an element in another order in every run. Nothing else
+    // has an angle bracket that is not escaped.
+    static const QRegularExpression several(
+        QStringLiteral(R"(<[^\s<>]+((?: [^\s=<>]+="[^"]*"){2,})/?>)"));
+    static const QRegularExpression single(QStringLiteral(R"( [^\s=]+="[^"]*")"));
+    const QString text = document.toString(indentation);
+    QString sorted;
+    int done = 0;
+    for (auto element = several.globalMatch(text); element.hasNext();) {
+        const auto match = element.next();
+        QStringList attributes;
+        for (auto each = single.globalMatch(match.captured(1)); each.hasNext();)
+            attributes.append(each.next().captured());
+        attributes.sort();
+        sorted += text.mid(done, match.capturedStart(1) - done) + attributes.join(QString());
+        done = match.capturedEnd(1);
+    }
+    return sorted + text.mid(done);
 }
 
 PropertyXMLWriter::PropertyXMLWriter(const QString &baseFolder, DataFiles &dataFiles)
@@ -222,7 +245,9 @@ void PropertyXMLWriter::addText(const Property &property, const QString &text)
 void PropertyXMLWriter::addChildren(const QVector<std::shared_ptr<Property>> &children)
 {
     ++m_depth;
-    for (const auto &child : children)
-        child->accept(*this);
+    for (const auto &child : children) {
+        if (!child->isLeftOut())
+            child->accept(*this);
+    }
     --m_depth;
 }

@@ -29,8 +29,12 @@ using XmlElements = QVector<XmlElement>;
 
 /// The document of @p elements, named by its root.
 QDomDocument toDocument(const XmlElements &elements);
+/// The text of @p document, attributes in alphabetical order, so that equal documents have equal
+/// texts.
+QString textOf(const QDomDocument &document, int indentation);
 
-/// Writes a property and all that it holds as XML: an element a property, named by its key.
+/// Writes a property and all that it holds as XML: an element a property, named by its key, but
+/// none for what is to be left out.
 class PropertyXMLWriter final : public PropertyVisitor
 {
 public:

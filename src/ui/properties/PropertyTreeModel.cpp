@@ -63,6 +63,11 @@ QVector<Property *> counterparts(Property &field, const QVector<PropertyStruct *
     return result;
 }
 
+bool isEditable(const Property &field)
+{
+    return field.description() && !field.description()->label().isEmpty();
+}
+
 QVector<PropertyStruct *> asStructs(const QVector<Property *> &properties)
 {
     QVector<PropertyStruct *> result;
@@ -105,7 +110,7 @@ void PropertyTreeModel::addFields(Node &parent,
         const auto inner = asStructs(properties);
         if (!inner.isEmpty())
             addFields(*node, inner, isAskedFor ? QString() : keyPart);
-        else if (isAskedFor && field->description())
+        else if (isAskedFor && isEditable(*field))
             node->watch();
         else
             continue;
