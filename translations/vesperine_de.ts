@@ -1727,6 +1727,10 @@ Mit Alt beginnen | von der Auswahl abziehen</translation>
         <source>Ambient light color</source>
         <translation>Farbe des Umgebungslichts</translation>
     </message>
+    <message>
+        <source>'%1' counts from the folder of the project, which is not saved yet. Save the project first, or give the whole path.</source>
+        <translation>„%1“ zählt vom Ordner des Projekts an, das noch nicht gespeichert ist. Speichern Sie zuerst das Projekt, oder geben Sie den ganzen Pfad an.</translation>
+    </message>
 </context>
 <context>
     <name>ProjectArchive</name>
@@ -1957,6 +1961,13 @@ Die Sicherung bleibt in „%2“.</translation>
     </message>
 </context>
 <context>
+    <name>PropertyValues</name>
+    <message>
+        <source>A file is needed here</source>
+        <translation>Hier wird eine Datei gebraucht</translation>
+    </message>
+</context>
+<context>
     <name>PropertyXMLReader</name>
     <message>
         <source>Preset collections not supported (%1)</source>
@@ -2008,6 +2019,10 @@ Die Sicherung bleibt in „%2“.</translation>
     <message>
         <source>Back</source>
         <translation>Zurück</translation>
+    </message>
+    <message>
+        <source>'%1' can't be a part of a file's name</source>
+        <translation>„%1“ kann nicht Teil eines Dateinamens sein</translation>
     </message>
     <message>
         <source>change export settings</source>

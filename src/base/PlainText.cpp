@@ -21,3 +21,8 @@ bool isPlainText(const QString &text)
 {
     return plainText(text).size() == text.size();
 }
+
+bool fitsInFileName(const QString &text)
+{
+    return !text.contains(QLatin1Char('/')) && !text.contains(QLatin1Char('\\'));
+}

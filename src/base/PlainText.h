@@ -8,3 +8,6 @@ QString plainText(const QString &text);
 
 /// True when plainText() would leave @p text as it is.
 bool isPlainText(const QString &text);
+
+/// True when @p text leads to no other folder as a part of a file's name.
+bool fitsInFileName(const QString &text);

@@ -139,7 +139,11 @@ void CommandLine::addChanges()
 {
     addChange("add", "Add sprites to a project", "SPRITE", "Files and folders", runAdd);
     addChange("remove", "Remove bodies from a project", "BODY", "Names or indexes", runRemove);
-    addChange("set", "Change a project's settings", "KEY=VALUE", "As info shows them", runSet);
+    addChange("set",
+              "Change a project's settings",
+              "KEY=VALUE",
+              "As info shows them; paths count from the current folder",
+              runSet);
 }
 
 void CommandLine::addRepair()

@@ -81,8 +81,7 @@ void checkTarget(const GenerateOptions &options)
 {
     if (options.output.isEmpty())
         throw Error(QStringLiteral("'' is no value for --output: it takes a folder"));
-    if (options.suffix.contains(QLatin1Char('/')) || options.suffix.contains(QLatin1Char('\\')) ||
-        !isPlainText(options.suffix))
+    if (!fitsInFileName(options.suffix) || !isPlainText(options.suffix))
         throw Error(
             QStringLiteral("'%1' is no value for --suffix: it takes a part of a file's name")
                 .arg(options.suffix));

@@ -44,7 +44,7 @@ public:
 
     void each(PropertyString &property)
     {
-        if (m_text.contains(QLatin1Char('/')) || m_text.contains(QLatin1Char('\\')))
+        if (!fitsInFileName(m_text))
             refuse(property, QStringLiteral("a part of a file's name"));
         property.setValue(plainText(m_text), undoText());
     }

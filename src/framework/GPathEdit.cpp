@@ -4,6 +4,7 @@
 #include "framework/GLineEdit.h"
 #include "framework/UiScale.h"
 
+#include <QAbstractItemView>
 #include <QCompleter>
 #include <QDir>
 #include <QDragEnterEvent>
@@ -11,6 +12,7 @@
 #include <QFileInfo>
 #include <QFileSystemModel>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QMimeData>
 #include <QToolButton>
 
@@ -35,6 +37,7 @@ GPathEdit::GPathEdit(Kind kind, QWidget *parent)
     setLabel(QString());
 
     connect(m_line, &QLineEdit::textEdited, this, &GPathEdit::completePaths);
+    connect(m_line, &QLineEdit::textChanged, this, &GPathEdit::textChanged);
     connect(m_line, &GLineEdit::committed, this, [this] { Q_EMIT pathChanged(path()); });
     connect(m_button, &QToolButton::clicked, this, &GPathEdit::choose);
 }
@@ -99,6 +102,37 @@ void GPathEdit::completePaths()
     files->setRootPath(QString());
     completer->setModel(files);
     m_line->setCompleter(completer);
+    // After the line has taken it.
+    connect(completer,
+            qOverload<const QString &>(&QCompleter::activated),
+            this,
+            &GPathEdit::takeCompleted,
+            Qt::QueuedConnection);
+    completer->popup()->installEventFilter(this);
+}
+
+// A folder on the way to a file is to be gone on from.
+void GPathEdit::takeCompleted()
+{
+    if (QFileInfo(path()).isDir() == (m_kind == Kind::Folder))
+        m_line->commit(m_line->text());
+    else
+        m_line->setModified(true);
+}
+
+// Enter, which the list of paths keeps to itself, means what was typed while nothing is chosen
+// there.
+bool GPathEdit::eventFilter(QObject *watched, QEvent *event)
+{
+    auto *list = qobject_cast<QAbstractItemView *>(watched);
+    if (!list || event->type() != QEvent::KeyPress || list->currentIndex().isValid())
+        return QWidget::eventFilter(watched, event);
+    const int key = static_cast<QKeyEvent *>(event)->key();
+    if (key != Qt::Key_Return && key != Qt::Key_Enter)
+        return QWidget::eventFilter(watched, event);
+    list->hide();
+    m_line->commit(m_line->text());
+    return true;
 }
 
 void GPathEdit::choose()

@@ -35,13 +35,17 @@ public Q_SLOTS:
 Q_SIGNALS:
     /// The user has finished typing another path, dropped or chosen one.
     void pathChanged(const QString &path);
+    /// Another path() stands there, also one that is still being typed.
+    void textChanged();
 
 protected:
     void dragEnterEvent(QDragEnterEvent *event) override;
     void dropEvent(QDropEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     void completePaths();
+    void takeCompleted();
     void choose();
     QString fittingPath(const QMimeData &data) const;
 

@@ -1,6 +1,7 @@
 #include "model/NormalMapExport.h"
 
 #include "base/Error.h"
+#include "base/PlainText.h"
 #include "imaging/AngleImage.h"
 #include "imaging/LitImage.h"
 #include "model/Project.h"
@@ -19,8 +20,7 @@ checkedPaths(const Project &project, const QVector<Body *> &bodies, const Normal
     QStringList paths;
     for (const Body *body : bodies)
         paths.append(normalMapPath(*body, settings));
-    // A suffix is a part of a name and leads to no other folder.
-    if (settings.suffix.contains(QLatin1Char('/')) || settings.suffix.contains(QLatin1Char('\\')))
+    if (!fitsInFileName(settings.suffix))
         throw Error(normalMapFailure(paths.value(0)));
     KnownFiles taken = settings.kept;
     taken.add(spriteFiles(project));

@@ -1,9 +1,12 @@
 #include "model/Project.h"
 
+#include "base/Error.h"
 #include "model/Sprite.h"
 #include "model/properties/PropertyDescriptionList.h"
 #include "model/properties/PropertyDescriptionTypes.h"
 #include "model/properties/PropertyT.h"
+
+#include <QDir>
 
 namespace {
 const PropertyDescriptionList &projectDescriptions()
@@ -75,6 +78,18 @@ QString Project::tag()
 std::shared_ptr<Property> Project::newInstance() const
 {
     return std::make_shared<Project>();
+}
+
+GFileName Project::fileTyped(const QString &path) const
+{
+    if (path.isEmpty() || QDir::isAbsolutePath(path))
+        return GFileName(path);
+    if (m_filename->value().isEmpty())
+        throw Error(
+            tr("'%1' counts from the folder of the project, which is not saved yet. Save the "
+               "project first, or give the whole path.")
+                .arg(path));
+    return GFileName::fromRelative(path, m_filename->value().canonicalFolder());
 }
 
 QStringList Project::settingKeys()

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/GFileName.h"
 #include "model/Body.h"
 #include "model/properties/GProject.h"
 
@@ -19,6 +20,9 @@ public:
     std::shared_ptr<Property> newInstance() const override;
 
     PropertyFilename &filename() const { return *m_filename; }
+    /// The file or folder that a user names by @p path; relative ones count from the folder of the
+    /// project's file, as they do in it. Throws Error for those while there is no such file.
+    GFileName fileTyped(const QString &path) const;
     PropertyListT<Body> &bodies() const { return *m_bodies; }
     /// Where normal maps are written; beside each sprite when empty.
     PropertyFilename &publishDirectory() const { return *m_publishDirectory; }

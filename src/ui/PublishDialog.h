@@ -4,6 +4,8 @@
 
 class GDirectoryEdit;
 class Project;
+class QDialogButtonBox;
+class QLabel;
 class QLineEdit;
 
 /// Where normal maps go and what their names end with.
@@ -22,7 +24,13 @@ public:
 private:
     void load(const Project &project);
     void store(Project &project) const;
+    /// Why what is typed can't be stored; empty when it can.
+    QString trouble() const;
+    void showTrouble();
 
+    const Project *m_project = nullptr; ///< while it is asked about
     GDirectoryEdit *m_directory;
     QLineEdit *m_suffix;
+    QLabel *m_trouble;
+    QDialogButtonBox *m_buttons;
 };

@@ -63,7 +63,7 @@ private Q_SLOTS:
             "|paint p.vep|create p.vep|create p.zip s|export p.vep --jobs 0|"
             "set p.vep light_height|set p.vep light_height=1025|set p.vep light_height=12x|"
             "set p.vep light_color=red|set p.vep light_height=9 light_brightness=9|"
-            "set p.vep bodies=1",
+            "set p.vep bodies=1|set p.vep publish_normalmap_postfix=n/m",
             "check text.vep|check absent.vep|check s|check s/a.png"};
         for (int code = 0; code < linesOfCode.size(); ++code)
             for (const QByteArray &line : QByteArray(linesOfCode[code]).split('|')) {
@@ -89,6 +89,11 @@ private Q_SLOTS:
         QCOMPARE(run("remove p.vep a --output-project o.vep"), 0);
         QCOMPARE(each("name"), QStringLiteral("b a"));
         QCOMPARE(each("name", "o.vep"), QStringLiteral("b"));
+        // A path counts from the current folder, and is kept from the project's.
+        QCOMPARE(run("set o.vep publish_directory=maps --output-project s/t/o.vep"), 0);
+        const QJsonObject settings = info("s/t/o.vep")[QStringLiteral("settings")].toObject();
+        QCOMPARE(settings[QStringLiteral("publish_directory")].toString(), path("maps"));
+        QVERIFY(contentOf(path("s/t/o.vep")).contains("<publish_directory>../../maps<"));
         // Projects of the older kind are read, and saved under another name.
         m_folder.write(QStringLiteral("old.vex"), "<vesperine_project/>");
         QCOMPARE(run("add old.vex s/a.png"), 2);

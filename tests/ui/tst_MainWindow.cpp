@@ -14,10 +14,12 @@
 #include "ui/ShapeTreeView.h"
 
 #include <QAction>
+#include <QDialogButtonBox>
 #include <QDropEvent>
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QMimeData>
+#include <QPushButton>
 #include <QSlider>
 #include <QUrl>
 
@@ -178,6 +180,38 @@ private Q_SLOTS:
         QCOMPARE(contentOf(foreign), QByteArray("foreign"));
         trigger("Export normals"_s, {click("Replace"_s), click("OK"_s)});
         QCOMPARE(QImage(foreign).size(), QSize(16, 16));
+    }
+
+    void publishDialogTakesWhatCanBeWritten()
+    {
+        addSprites({"a.png"_s});
+        const auto type = [](const QString &directory, const QString &suffix, const QString &told) {
+            return [=](QWidget &dialog) {
+                shownChild<QLineEdit>(dialog, "Output directory:"_s).setText(directory);
+                shownChild<QLineEdit>(dialog, "Normal map suffix:"_s).setText(suffix);
+                const auto *buttons = dialog.findChild<QDialogButtonBox *>();
+                QCOMPARE(buttons->button(QDialogButtonBox::Ok)->isEnabled(), told.isEmpty());
+                QVERIFY(told.isEmpty() || showsText(dialog, told));
+                click(told.isEmpty() ? "OK"_s : "Cancel"_s)(dialog);
+            };
+        };
+        const auto as = "Export normals as..."_s;
+        trigger(as, {type({}, "_n/"_s, "'_n/' can't be a part of a file's name"_s)});
+        trigger(as, {type({}, "\\n"_s, "'\\n' can't be a part of a file's name"_s)});
+        trigger(as,
+                {type("maps"_s,
+                      "_n"_s,
+                      "'maps' counts from the folder of the project, which is not saved yet. Save "
+                      "the project first, or give the whole path."_s)});
+        QVERIFY(project().publishDirectory().value().isEmpty());
+
+        // From the project's folder, whatever the program's is.
+        project().filename().setValue(GFileName(m_folder.path("p.vep"_s)));
+        trigger(as,
+                {type("../%1/maps"_s.arg(QDir(m_folder.path({})).dirName()), "_n"_s, {}),
+                 click("OK"_s)});
+        QCOMPARE(project().publishDirectory().value().path(), m_folder.path("maps"_s));
+        QVERIFY(QFile::exists(m_folder.path("maps/a_n.png"_s)));
     }
 
     void exportsALitSpriteBesideTheSprite()

@@ -13,7 +13,10 @@
 #include "support/Widgets.h"
 #include "ui/properties/PropertyStructEdit.h"
 
+#include <QAbstractItemView>
 #include <QColorDialog>
+#include <QCompleter>
+#include <QDir>
 #include <QTest>
 
 #include <deque>
@@ -178,6 +181,62 @@ private Q_SLOTS:
         panel.edit.setStructs({&dragon});
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         QCOMPARE(steps().index(), 0);
+    }
+
+    void imageIsAFile()
+    {
+        const Folder folder;
+        auto &body = addBody(*m_project, "fox"_s, folder.writeSprite("fox.png"_s, {4, 4}));
+        const QString other = folder.writeSprite("forest/ferret.png"_s, {4, 4});
+        const auto image = [&body] { return body.sprite().filename().value().path(); };
+        Panel panel;
+        panel.edit.setStructs({&body});
+        auto &line = panel.at<QLineEdit>("Image"_s);
+        const auto type = [&line](const QString &text, int delay = -1) {
+            line.setFocus();
+            line.selectAll();
+            QTest::keyClick(&line, Qt::Key_Delete);
+            QTest::keyClicks(&line, text, {}, delay);
+        };
+        const auto enter = [&](const QString &text) {
+            type(text);
+            QTest::keyClick(&line, Qt::Key_Return);
+        };
+        enter({});
+        QVERIFY(showsText(panel.edit, "A file is needed here"_s));
+        enter("forest/ferret.png"_s);
+        QVERIFY(showsText(panel.edit,
+                          "'forest/ferret.png' counts from the folder of the project, which is not "
+                          "saved yet. Save the project first, or give the whole path."_s));
+        QCOMPARE(image(), folder.path("fox.png"_s));
+        QCOMPARE(line.text(), QDir::toNativeSeparators(image()));
+        QCOMPARE(steps().count(), 0);
+        m_project->filename().setValue(GFileName(folder.path("p.vep"_s)));
+        enter("forest/ferret.png"_s);
+        QCOMPARE(image(), other);
+        QVERIFY(!showsText(panel.edit, "A file is needed here"_s));
+
+        // Enter in the list of paths is enough, whether one is chosen there or none.
+        const auto list = [&line] { return line.completer()->popup(); };
+        const auto typeAndSee = [&](const QString &path) {
+            type(QDir::toNativeSeparators(path), 4); // folders are read meanwhile
+            return QTest::qWaitFor([&] { return list()->isVisible(); });
+        };
+        QVERIFY(typeAndSee(folder.path("fox.pn"_s)));
+        QTest::keyClick(list(), Qt::Key_Down);
+        QTest::keyClick(list(), Qt::Key_Return);
+        QTRY_COMPARE(image(), folder.path("fox.png"_s));
+        QCOMPARE(steps().count(), 2);
+        QVERIFY(typeAndSee(other));
+        QTest::keyClick(list(), Qt::Key_Return);
+        QCOMPARE(image(), other);
+        // A folder there is only on the way to a file.
+        QVERIFY(typeAndSee(folder.path("fores"_s)));
+        QTest::keyClick(list(), Qt::Key_Down);
+        QTest::keyClick(list(), Qt::Key_Return);
+        QCoreApplication::processEvents();
+        QCOMPARE(image(), other);
+        QCOMPARE(line.text(), QDir::toNativeSeparators(folder.path("forest"_s)));
     }
 
     void colorDialogIsOneStep()

@@ -150,7 +150,7 @@ void PropertyEditorFactory::visit(const PropertyDescriptionFilename &description
         edit->setMixed(shown.isMixed);
     });
     QObject::connect(edit, &GPathEdit::pathChanged, &m_editor, [&editor = m_editor](auto &path) {
-        sendWhole(editor, QVariant::fromValue(GFileName(plainText(path))));
+        sendWhole(editor, plainText(path));
     });
 }
 

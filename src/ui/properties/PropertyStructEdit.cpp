@@ -42,7 +42,10 @@ PropertyStructEdit::PropertyStructEdit(QWidget *parent)
     connect(m_model, &QAbstractItemModel::dataChanged, this, &PropertyStructEdit::refresh);
 }
 
-PropertyStructEdit::~PropertyStructEdit() = default;
+PropertyStructEdit::~PropertyStructEdit()
+{
+    dropRows();
+}
 
 void PropertyStructEdit::setStructs(const QVector<PropertyStruct *> &structs,
                                     const QString &keyPart)
@@ -57,13 +60,7 @@ void PropertyStructEdit::setStructs(const QVector<PropertyStruct *> &structs,
 // The rows may be at work up the stack, and must not send any more once they lose the focus.
 void PropertyStructEdit::clear()
 {
-    // An editor with the focus ends its edit when it is hidden, which is no edit of what comes
-    // next.
-    for (const Row &row : std::as_const(m_rows)) {
-        row.editor->disconnect(this);
-        row.editor->disconnect(m_model);
-    }
-    m_rows.clear();
+    dropRows();
     if (m_content) {
         m_content->hide();
         m_content->deleteLater();
@@ -75,6 +72,16 @@ void PropertyStructEdit::clear()
     m_grid->setColumnMinimumWidth(0, scaled(labelColumnWidth));
     m_grid->setColumnStretch(1, 1);
     layout()->addWidget(m_content);
+}
+
+// An editor with the focus ends its edit when it is hidden, which is no edit of what comes next.
+void PropertyStructEdit::dropRows()
+{
+    for (const Row &row : std::as_const(m_rows)) {
+        row.editor->disconnect(this);
+        row.editor->disconnect(m_model);
+    }
+    m_rows.clear();
 }
 
 void PropertyStructEdit::addRows(const QModelIndex &parent)
@@ -111,8 +118,10 @@ void PropertyStructEdit::addRow(const QModelIndex &index)
     m_grid->addLayout(right, line, 1);
 
     const Row row{index, editor, trouble};
-    connect(editor, &PropertyEditor::edited, this, [this, row](const QVariant &value) {
-        m_model->setData(row.index, value);
+    const QString key = description->key();
+    connect(editor, &PropertyEditor::edited, this, [this, row, key](const QVariant &value) {
+        if (m_model->setData(row.index, value))
+            Q_EMIT edited(key);
     });
     connect(editor, &PropertyEditor::finished, m_model, &PropertyTreeModel::submit);
     connect(editor, &PropertyEditor::cancelled, m_model, &PropertyTreeModel::revert);

@@ -26,6 +26,10 @@ public:
     /// too. Empty shows nothing.
     void setStructs(const QVector<PropertyStruct *> &structs, const QString &keyPart = QString());
 
+Q_SIGNALS:
+    /// The user has changed the field of this key.
+    void edited(const QString &key);
+
 private:
     struct Row
     {
@@ -35,6 +39,7 @@ private:
     };
 
     void clear();
+    void dropRows();
     void addRows(const QModelIndex &parent);
     void addRow(const QModelIndex &index);
     void refresh(const QModelIndex &index);

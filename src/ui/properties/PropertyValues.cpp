@@ -1,12 +1,21 @@
 #include "ui/properties/PropertyValues.h"
 
+#include "base/Error.h"
+#include "model/Project.h"
 #include "model/properties/GenericPropertyVisitor.h"
 #include "model/properties/PropertyDescriptionTypes.h"
+
+#include <QCoreApplication>
 
 #include <algorithm>
 #include <type_traits>
 
 namespace {
+struct Words
+{
+    Q_DECLARE_TR_FUNCTIONS(PropertyValues)
+};
+
 using Preset = std::shared_ptr<PropertyPreset>;
 
 template <class T>
@@ -36,6 +45,17 @@ T fromVariant(const QVariant &value, const PropertyT<T> &property)
     } else {
         return property.value();
     }
+}
+
+// As the user names it.
+GFileName fileTyped(const QString &path, const PropertyFilename &property)
+{
+    const auto *description =
+        dynamic_cast<const PropertyDescriptionFilename *>(property.description());
+    if (path.isEmpty() && description && !description->namesFolder())
+        throw Error(Words::tr("A file is needed here"));
+    const auto *project = dynamic_cast<const Project *>(&property.document());
+    return project ? project->fileTyped(path) : GFileName(path);
 }
 
 class Reader final : public GenericPropertyVisitor<Reader>
@@ -79,6 +99,11 @@ public:
     void each(PropertyT<T> &property)
     {
         property.setValue(fromVariant(m_value, property), m_undoText, false);
+    }
+
+    void each(PropertyFilename &property)
+    {
+        property.setValue(fileTyped(m_value.toString(), property), m_undoText, false);
     }
 
 private:
