@@ -222,6 +222,7 @@ void MainWindow::connectPanels()
             &SpritesSidebar::textureOverlayChanged,
             m_editor,
             &NormalMapEditor::setTextureOverlay);
+    connect(m_sprites, &SpritesSidebar::imageChosen, m_spriteActions, &SpriteActions::checkSizes);
     connect(&m_sprites->list(), &ShapeTreeView::pathsDropped, this, &MainWindow::openOrAdd);
     m_undoActions->setTool(m_tools->activeTool());
     connect(m_tools, &ToolsSidebar::activeToolChanged, m_undoActions, &UndoActions::setTool);

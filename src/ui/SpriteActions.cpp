@@ -72,6 +72,11 @@ void SpriteActions::setProject(Project *project)
     m_reloading->setProject(project);
 }
 
+void SpriteActions::checkSizes()
+{
+    m_reloading->askAbout(m_controller.selection().selection().toVector());
+}
+
 void SpriteActions::update()
 {
     for (GAction *action : {m_add, m_remove, m_selectAll, &m_reloading->reloadSprites()})

@@ -34,6 +34,8 @@ public:
     void setProject(Project *project);
     /// Adds the images among @p paths, folders with all that is below them.
     void add(const QStringList &paths);
+    /// The selected sprites got other images: asks about those of another size.
+    void checkSizes();
     /// Enables what can be done with the selection as it is.
     void update();
     /// None of the commands can be chosen while they are locked.

@@ -71,6 +71,12 @@ void SpriteReloading::reloadAll()
     m_watcher.readAll();
 }
 
+void SpriteReloading::askAbout(const QVector<Body *> &bodies)
+{
+    m_resized += bodies;
+    m_waiting.start(0);
+}
+
 // A batch of changes is shown as it is read, but asked about once, when all of it is.
 void SpriteReloading::goOn()
 {

@@ -29,6 +29,9 @@ public:
     void setProject(Project *project);
     /// Reads all sprites, and asks about those of another size once more.
     GAction &reloadSprites() const { return *m_reload; }
+    /// Asks about those of @p bodies whose sprites have another size, as soon as nothing is under
+    /// way.
+    void askAbout(const QVector<Body *> &bodies);
 
 Q_SIGNALS:
     /// Sprites show something else now.

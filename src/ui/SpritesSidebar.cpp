@@ -157,6 +157,10 @@ QWidget *SpritesSidebar::createSpritePanel()
     m_spritePanel = layout->parentWidget();
     m_spriteEdit = new PropertyStructEdit;
     layout->addWidget(m_spriteEdit);
+    connect(m_spriteEdit, &PropertyStructEdit::edited, this, [this](const QString &key) {
+        if (key == QLatin1String("filename"))
+            Q_EMIT imageChosen();
+    });
     return m_spritePanel;
 }
 

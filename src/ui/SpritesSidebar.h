@@ -39,6 +39,8 @@ public:
     void addViewActions(QMenu &menu) const;
 
 Q_SIGNALS:
+    /// The selected sprites got another image.
+    void imageChosen();
     void displayModeChanged(int index);
     void autoRotateLightToggled(bool isOn);
     /// 0 to 1.

@@ -14,6 +14,7 @@
 
 #include <QAction>
 #include <QFile>
+#include <QLineEdit>
 #include <QStatusBar>
 #include <QToolButton>
 
@@ -140,6 +141,36 @@ private Q_SLOTS:
         QVERIFY(studio.sprite(0).hasOwnImage() && script.isDone());
         studio.reload().trigger();
         QTRY_COMPARE(studio.said(), "No sprite has changed"_s);
+    }
+
+    void chosenImageOfAnotherSize()
+    {
+        const WatchedStudio studio;
+        DialogScript script;
+        const Folder folder;
+        const QString former = studio.sprite(0).filename().value().path();
+        const QString larger = folder.writeSprite("larger.png"_s, {90, 60});
+        const auto choose = [&studio](const QString &path) {
+            auto &line = shownChild<QLineEdit>(studio.window(), "Image"_s);
+            line.setFocus();
+            line.selectAll();
+            QTest::keyClicks(&line, path);
+            QTest::keyClick(&line, Qt::Key_Return);
+        };
+        script.then(DialogScript::click("Scale surface"_s));
+        choose(larger);
+        QTRY_COMPARE(studio.surface().size(), QSize(90, 60));
+        QVERIFY(script.isDone() && studio.sprite(0).hasOwnImage());
+        QCOMPARE(script.seen().value(0).section(QLatin1Char('|'), 0, 0), "Size conflict"_s);
+        // Undo and redo ask nothing.
+        studio.stack().undo();
+        studio.stack().undo();
+        QCOMPARE(studio.sprite(0).filename().value().path(), former);
+        QVERIFY(studio.sprite(0).hasOwnImage());
+        studio.stack().redo();
+        studio.stack().redo();
+        QTest::qWait(300);
+        QVERIFY(script.isDone() && script.seen().size() == 1);
     }
 };
 
