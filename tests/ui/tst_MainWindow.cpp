@@ -190,9 +190,11 @@ private Q_SLOTS:
                 shownChild<QLineEdit>(dialog, "Output directory:"_s).setText(directory);
                 shownChild<QLineEdit>(dialog, "Normal map suffix:"_s).setText(suffix);
                 const auto *buttons = dialog.findChild<QDialogButtonBox *>();
-                QCOMPARE(buttons->button(QDialogButtonBox::Ok)->isEnabled(), told.isEmpty());
-                QVERIFY(told.isEmpty() || showsText(dialog, told));
-                click(told.isEmpty() ? "OK"_s : "Cancel"_s)(dialog);
+                const bool isTaken = buttons->button(QDialogButtonBox::Ok)->isEnabled();
+                const bool isTold = told.isEmpty() || showsText(dialog, told);
+                click(isTaken ? "OK"_s : "Cancel"_s)(dialog);
+                QCOMPARE(isTaken, told.isEmpty());
+                QVERIFY(isTold);
             };
         };
         const auto as = "Export normals as..."_s;
