@@ -76,7 +76,9 @@ QImage litThumbnail(const ThumbnailParts &parts, int side)
     for (const auto &[sprite, painted] : parts.parts) {
         const AngleImage surface =
             painted.isNull() ? AngleImage(sprite.width(), sprite.height()) : painted;
-        pictures.append(litImage(sprite, exportedNormalMap(surface, sprite), parts.lamp));
+        // A sprite that is about to be shown at another size has no picture meanwhile.
+        if (surface.size() == sprite.size())
+            pictures.append(litImage(sprite, exportedNormalMap(surface, sprite), parts.lamp));
     }
     return pictures.isEmpty() ? QImage() : arrangedPictures(pictures, side);
 }

@@ -17,10 +17,18 @@ constexpr int daysKept = 7;
 // More than the longest XML text that is accepted, with all that may come before it.
 constexpr qint64 longestIndex = qint64(96) << 20;
 
-QByteArray contentOf(const QString &path)
+QByteArray readIndex(const QString &path)
 {
     QFile file(path);
     return file.open(QIODevice::ReadOnly) ? file.read(longestIndex) : QByteArray();
+}
+
+// The whole of it: random slopes of the largest surface hardly pack, and what is left of a damaged
+// data file has no limit of its own.
+QByteArray readDataFile(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
 // Who comes back from a long holiday has seven days to decide, too.
@@ -57,7 +65,7 @@ std::vector<RecoveryEntry> RecoveryStore::takeLeftOvers(const QDateTime &now) co
         // Without an index nothing was complete: the folder goes with the entry.
         if (!entry.folder || !QFile::exists(entry.folder->indexPath()))
             continue;
-        entry.index = RecoveryIndex::fromBytes(contentOf(entry.folder->indexPath()));
+        entry.index = RecoveryIndex::fromBytes(readIndex(entry.folder->indexPath()));
         if (isOver(entry, now))
             RecoveryFolder::clear(entry.folder->path());
         else
@@ -79,7 +87,7 @@ std::shared_ptr<Project> RecoveryStore::read(const RecoveryEntry &entry, QString
     const auto &files = entry.index->dataFiles;
     for (auto file = files.cbegin(); file != files.cend(); ++file) {
         auto dataFile = std::make_shared<DataFile>();
-        dataFile->packed = contentOf(entry.folder->filePath(file.value()));
+        dataFile->packed = readDataFile(entry.folder->filePath(file.value()));
         bundle.add(file.key(), dataFile);
     }
     DataModelReader reader(QStringLiteral(".vep"), QStringLiteral(".vexml"));

@@ -65,6 +65,25 @@ private Q_SLOTS:
         QCOMPARE(dataFiles(), files);
     }
 
+    // Random slopes hardly pack; the largest surface takes a gigabyte of memory. That the sprite
+    // has another size ends nothing.
+    void largeSurfacesComeBack()
+    {
+        const int side = qEnvironmentVariableIntValue("VESPERINE_LARGEST_SURFACE") ? 8192 : 5200;
+        paint(*m_project->bodies().all().first(), 3, side);
+        {
+            RecoveryWriter writer(store());
+            writer.write(*m_project);
+            QVERIFY(QTest::qWaitFor([&writer] { return !writer.isBusy(); }, 120'000));
+        }
+        const auto entries = store().takeLeftOvers(now());
+        QStringList damaged;
+        const auto project = RecoveryStore::read(entries.at(0), &damaged);
+        QCOMPARE(damaged, QStringList());
+        QCOMPARE(project->bodies().all().first()->paintedNormalMap().value(),
+                 m_project->bodies().all().first()->paintedNormalMap().value());
+    }
+
     void aSnapshotBelongsToOneProgram()
     {
         auto writer = std::make_unique<RecoveryWriter>(store());
@@ -165,9 +184,9 @@ private:
     {
         return QTest::qWaitFor([&writer] { return !writer.isBusy(); });
     }
-    static void paint(Body &body, quint32 seed)
+    static void paint(Body &body, quint32 seed, int side = 64)
     {
-        body.paintedNormalMap().setValue(encode(noise(64, seed)));
+        body.paintedNormalMap().setValue(encode(noise(side, seed)));
     }
     Body &anyBody(QRandomGenerator &random) const
     {
