@@ -2,6 +2,7 @@
 
 #include "base/LogFile.h"
 #include "base/LogRing.h"
+#include "base/MessageListener.h"
 
 #include <QByteArray>
 #include <QDateTime>
@@ -62,6 +63,7 @@ void keep(const QByteArray &line)
 
 void writeMessage(QtMsgType type, const QMessageLogContext & /*context*/, const QString &message)
 {
+    MessageListener::tell(message);
     const Level level = levelOf(type);
     if (level.number <= verbosity.load(std::memory_order_relaxed)) {
         const QByteArray line = message.toLocal8Bit() + '\n';

@@ -1,17 +1,20 @@
 #include "model/ImageReading.h"
 
-#include <QBuffer>
+#include "base/MessageListener.h"
+#include "model/ImageGuard.h"
+
 #include <QColorSpace>
 #include <QCoreApplication>
 #include <QCryptographicHash>
 #include <QDateTime>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
 #include <QImageReader>
 #include <QPixelFormat>
-#include <QtEndian>
 
 #include <algorithm>
+#include <cstring>
 
 namespace {
 
@@ -29,46 +32,6 @@ QByteArray formatOf(const QByteArray &content)
     return {};
 }
 
-// Walks through the chunks up to the one that ends the image: the decoder doesn't read that one.
-bool endsAsPng(const QByteArray &content)
-{
-    constexpr qint64 signature = 8;
-    constexpr qint64 frame = 12; // length, type and checksum of a chunk
-    for (qint64 at = signature; at + frame <= content.size();) {
-        const char *chunk = content.constData() + at;
-        at += frame + qFromBigEndian<quint32>(chunk);
-        if (qstrncmp(chunk + 4, "IEND", 4) == 0)
-            return at <= content.size();
-    }
-    return false;
-}
-
-// The decoder fills up a JPEG that ends early with grey and only warns. So its markers are walked
-// through, up to the one that ends the image.
-bool endsAsJpeg(const QByteArray &content)
-{
-    const auto byteAt = [&content](int at) { return static_cast<uchar>(content.at(at)); };
-    constexpr uchar firstRestart = 0xd0;
-    constexpr uchar start = 0xd8; // the last one without a segment but for the end
-    constexpr uchar end = 0xd9;
-    int at = 2;
-    while ((at = content.indexOf('\xff', at)) >= 0 && at + 1 < content.size()) {
-        const uchar marker = byteAt(at + 1);
-        if (marker == end)
-            return true;
-        const bool isFill = marker == 0xff;
-        const bool isBare = marker <= 0x01 || (marker >= firstRestart && marker <= start);
-        if (isFill || isBare) {
-            at += isFill ? 1 : 2;
-            continue;
-        }
-        if (at + 3 >= content.size())
-            return false;
-        at += 2 + std::max(2, byteAt(at + 2) * 256 + byteAt(at + 3));
-    }
-    return false;
-}
-
 // Some file systems count in steps of two seconds.
 FileStamp settledStampOf(const QString &path)
 {
@@ -80,6 +43,47 @@ FileStamp settledStampOf(const QString &path)
     return isFresh ? FileStamp{-2, 0, 0} : stamp;
 }
 
+/// A file's content that can't be read any more when the decoder has taken too long over it.
+class TimedContent : public QIODevice
+{
+public:
+    explicit TimedContent(const QByteArray &content)
+        : m_content(content)
+    {
+        open(QIODevice::ReadOnly | QIODevice::Unbuffered);
+        m_timer.start();
+    }
+
+    bool isTooLate() const { return m_timer.hasExpired(longest); }
+    qint64 size() const override { return m_content.size(); }
+
+protected:
+    qint64 readData(char *data, qint64 maximum) override
+    {
+        const qint64 size = std::min(maximum, m_content.size() - pos());
+        if (isTooLate() || size < 0)
+            return -1;
+        std::memcpy(data, m_content.constData() + pos(), std::size_t(size));
+        return size;
+    }
+    qint64 writeData(const char * /*data*/, qint64 /*size*/) override { return -1; }
+
+private:
+    static constexpr qint64 longest = 30'000; // milliseconds; the largest images take two seconds
+
+    QByteArray m_content;
+    QElapsedTimer m_timer;
+};
+
+// The decoder of JPEGs goes on where coded data are missing. Other warnings, such as of bytes
+// between the segments, come up with many cameras.
+bool hasLostData(const MessageListener &listener)
+{
+    return listener.messages()
+        .join(QLatin1Char('\n'))
+        .contains(QLatin1String("premature end"), Qt::CaseInsensitive);
+}
+
 QImage decode(const QByteArray &content, QString *problem)
 {
     const QByteArray format = formatOf(content);
@@ -87,13 +91,13 @@ QImage decode(const QByteArray &content, QString *problem)
         *problem = QLatin1String(QT_TRANSLATE_NOOP("ReadImage", "neither PNG nor JPEG"));
         return {};
     }
-    if (!(format == "png" ? endsAsPng(content) : endsAsJpeg(content))) {
-        *problem = QLatin1String(QT_TRANSLATE_NOOP("ReadImage", "the file ends early"));
+    const bool isPng = format == "png";
+    if (const char *found = isPng ? problemOfPng(content) : problemOfJpeg(content)) {
+        *problem = QLatin1String(found);
         return {};
     }
-    QBuffer buffer;
-    buffer.setData(content);
-    QImageReader reader(&buffer, format);
+    TimedContent device(isPng ? withoutPackedTexts(content) : content);
+    QImageReader reader(&device, format);
     reader.setAutoDetectImageFormat(false);
     reader.setDecideFormatFromContent(false);
     reader.setAutoTransform(false);
@@ -111,7 +115,17 @@ QImage decode(const QByteArray &content, QString *problem)
         *problem = QLatin1String(QT_TRANSLATE_NOOP("ReadImage", "too large"));
         return {};
     }
+    const MessageListener listener;
     QImage image = reader.read();
+    if (device.isTooLate()) {
+        *problem = QLatin1String(
+            QT_TRANSLATE_NOOP("ReadImage", "reading it takes longer than 30 seconds"));
+        return {};
+    }
+    if (hasLostData(listener)) {
+        *problem = QLatin1String(QT_TRANSLATE_NOOP("ReadImage", "the file ends early"));
+        return {};
+    }
     if (image.isNull() || image.size() != size) {
         *problem = image.isNull() ? reader.errorString()
                                   : QLatin1String(QT_TRANSLATE_NOOP("ReadImage", "wrong size"));

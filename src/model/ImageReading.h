@@ -23,5 +23,7 @@ struct ReadImage
 
 /// Reads a PNG or JPEG file, told by its content and not by its name. Only regular files of at most
 /// 1 GiB are opened; images of more than 32768 pixels a side or 256 MiB decoded aren't decoded, nor
-/// are files that end early. The pixels stay as they are stored: no rotation, no colour profile.
+/// are files that end early, or JPEGs of more than 100 scans, of more than 2^31 pixels in all of
+/// them. No decoder gets more than 30 seconds. The pixels stay as they are stored: no rotation, no
+/// colour profile.
 ReadImage readImageFile(const QString &path);

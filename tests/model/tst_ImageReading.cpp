@@ -1,3 +1,4 @@
+#include "base/GLogger.h"
 #include "model/ImageReading.h"
 
 #include "support/Documents.h"
@@ -6,6 +7,7 @@
 #include <QCryptographicHash>
 #include <QElapsedTimer>
 #include <QImageReader>
+#include <QImageWriter>
 #include <QTest>
 #include <QtEndian>
 
@@ -72,6 +74,31 @@ QByteArray inkJpeg()
                "ffda000e040100020003000400003f007fa7f4fe7fbfffd9");
 }
 
+/// In about ten scans, each finer than those before.
+QByteArray progressiveJpeg()
+{
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    QImageWriter writer(&buffer, "jpeg");
+    writer.setProgressiveScanWrite(true);
+    writer.write(picture());
+    return buffer.data();
+}
+
+QByteArray claiming(QByteArray jpeg, int side)
+{
+    const int frame = std::max(jpeg.indexOf("\xff\xc0"), jpeg.indexOf("\xff\xc2"));
+    const QByteArray half = bigEndian(quint32(side)).mid(2);
+    return jpeg.replace(frame + 5, 4, half + half);
+}
+
+QByteArray withScans(const QByteArray &jpeg, int count)
+{
+    const int scan = jpeg.indexOf("\xff\xda");
+    const QByteArray coded = jpeg.mid(scan, jpeg.size() - 2 - scan);
+    return jpeg.left(scan) + coded.repeated(count) + "\xff\xd9";
+}
+
 // Names of all kinds are read.
 ReadImage read(const QByteArray &content)
 {
@@ -98,6 +125,9 @@ class TestImageReading : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    // As in the programs: it is what hears the decoder's warnings.
+    void initTestCase() { GLogger::install(); }
+
     void readsPixelsAsStored()
     {
         const auto check = [](const char *name, const QByteArray &content, QVector<QRgb> pixels) {
@@ -136,6 +166,51 @@ private Q_SLOTS:
             for (int size = 0; size < content.size(); ++size)
                 QVERIFY2(isRefused(content.left(size)), qPrintable(QString::number(size)));
         }
+    }
+
+    void refusesWhatKeepsADecoderBusy_data()
+    {
+        QTest::addColumn<QByteArray>("content");
+        QTest::addColumn<QString>("problem");
+        const QByteArray jpeg = saved(picture(), "JPEG");
+        const QByteArray fine = progressiveJpeg();
+        const QByteArray end = "\xff\xd9";
+        const auto text = chunk("tEXtk" + QByteArray(1, '\0'));
+        const auto pixel = [](const QByteArray &extra) {
+            return png({1, 1}, "0802", "010203", extra);
+        };
+        const QByteArray packedText =
+            chunk("zTXtk" + QByteArray(2, '\0') + qCompress(QByteArray(7'900'000, 'a')).mid(4));
+        QTest::newRow("progressive") << fine << QString();
+        QTest::newRow("packed texts") << pixel(packedText.repeated(100)) << QString();
+        QTest::newRow("many scans")
+            << withScans(jpeg, 101) << "too many scans; save it anew, not as a progressive image";
+        QTest::newRow("many large scans")
+            << withScans(claiming(jpeg, 8192), 33)
+            << "too many scans; save it anew, not as a progressive image";
+        QTest::newRow("many segments")
+            << jpeg.left(2) + QByteArray("\xff\xfe\0\x02", 4).repeated(5001) + jpeg.mid(2)
+            << "more than 5000 segments; save it anew";
+        QTest::newRow("many chunks")
+            << pixel(text.repeated(200'000)) << "more than 200,000 chunks; save it anew";
+        QTest::newRow("a large claim") << claiming(jpeg, 8192) << "the file ends early";
+        QTest::newRow("a large claim, progressive")
+            << claiming(fine, 8192) << "the file ends early";
+        QTest::newRow("a lost quarter")
+            << jpeg.left(jpeg.size() * 3 / 4) + end << "the file ends early";
+        QTest::newRow("a lost half, progressive")
+            << fine.left(fine.indexOf("\xff\xda") + 30) + end << "the file ends early";
+    }
+
+    void refusesWhatKeepsADecoderBusy()
+    {
+        QFETCH(QByteArray, content);
+        QFETCH(QString, problem);
+        const ReadImage result = read(content);
+        QCOMPARE(result.problem, problem);
+        QCOMPARE(result.image.isNull(), !problem.isEmpty());
+        // Unpacking them would take longer than all else here.
+        QVERIFY(result.image.textKeys().isEmpty());
     }
 
     void jpegsAsTheyAre()
