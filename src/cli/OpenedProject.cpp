@@ -93,6 +93,8 @@ BodyStatus statusOf(const Body &body)
 {
     if (body.paintedNormalMap().isDamaged())
         return BodyStatus::Damaged;
+    if (body.paintedNormalMap().hasEmptySide())
+        return BodyStatus::Empty;
     if (!body.sprite().isLoaded())
         return BodyStatus::Missing;
     if (body.sprite().isWrongSized())
@@ -111,6 +113,8 @@ QString statusWord(BodyStatus status)
         return QStringLiteral("changed");
     case BodyStatus::WrongSize:
         return QStringLiteral("wrong-size");
+    case BodyStatus::Empty:
+        return QStringLiteral("empty-surface");
     case BodyStatus::Damaged:
         break;
     }

@@ -5,7 +5,7 @@
 #include "model/ProjectController.h"
 
 /// What happened to a body's sprite and surface, the worst of it.
-enum class BodyStatus { Ok, Missing, Changed, WrongSize, Damaged };
+enum class BodyStatus { Ok, Missing, Changed, WrongSize, Empty, Damaged };
 
 /// A project for the time of one command; its settings live in memory only.
 class OpenedProject

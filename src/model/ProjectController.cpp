@@ -64,7 +64,7 @@ bool ProjectController::openProject(const QString &fileName, Lock lock)
     const auto project = reader.read(fileName);
     m_file = file;
     install(project);
-    tellDamaged(reader.damagedBodies());
+    tellSurfaceTrouble(reader.damagedBodies());
     return true;
 }
 
@@ -80,15 +80,24 @@ void ProjectController::installRecovered(const std::shared_ptr<Project> &project
     m_file.stamp = file;
     install(project);
     project->undoStack().resetClean();
-    tellDamaged(damagedBodies);
+    tellSurfaceTrouble(damagedBodies);
 }
 
-void ProjectController::tellDamaged(const QStringList &bodies)
+void ProjectController::tellSurfaceTrouble(const QStringList &damagedBodies)
 {
-    if (!bodies.isEmpty())
+    if (!damagedBodies.isEmpty())
         m_prompts.tell(tr("The painted surfaces of these bodies are damaged, they count as not "
                           "painted: %1")
-                           .arg(bodies.join(QStringLiteral(", "))));
+                           .arg(damagedBodies.join(QStringLiteral(", "))));
+    QStringList empty;
+    for (const Body *body : m_project->bodies().all()) {
+        if (body->paintedNormalMap().hasEmptySide())
+            empty.append(body->name().value());
+    }
+    if (!empty.isEmpty())
+        m_prompts.tell(tr("The painted surfaces of these bodies have a side of 0 pixels, they "
+                          "count as not painted: %1")
+                           .arg(empty.join(QStringLiteral(", "))));
 }
 
 bool ProjectController::isReadOnly() const

@@ -106,7 +106,7 @@ private:
     };
 
     void install(const std::shared_ptr<Project> &project);
-    void tellDamaged(const QStringList &bodies);
+    void tellSurfaceTrouble(const QStringList &damagedBodies);
     void write();
     /// True when this controller may write @p fileName by the lock that it has.
     bool holds(const QString &fileName) const;

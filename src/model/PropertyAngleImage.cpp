@@ -15,6 +15,12 @@ void PropertyAngleImage::setAngleImage(const AngleImage &image, const QString &u
     setValue(encode(image), undoText, false);
 }
 
+bool PropertyAngleImage::hasEmptySide() const
+{
+    const QSize size = angleImage().size();
+    return (size.width() == 0) != (size.height() == 0);
+}
+
 void PropertyAngleImage::refuseDamagedBytes()
 {
     if (decode(value()))

@@ -16,6 +16,10 @@ public:
     /// Sets the surface by one undo step of its own.
     void setAngleImage(const AngleImage &image, const QString &undoText);
 
+    /// True for a surface of which just one side is 0. It counts as not painted, but no program
+    /// makes such a one.
+    bool hasEmptySide() const;
+
     /// Marks bytes that are no surface as damaged; the body counts as not painted then.
     void refuseDamagedBytes();
 };

@@ -1,3 +1,4 @@
+#include "support/ArchiveBuilder.h"
 #include "support/Documents.h"
 #include "support/Program.h"
 
@@ -105,6 +106,16 @@ private Q_SLOTS:
     void checkAndRepair()
     {
         QCOMPARE(run("check p.vep"), 0);
+        BuiltArchive archive;
+        archive.add(storedEntry("project.vexml",
+                                "<vesperine_project><bodies><body><name>thin</name>"
+                                "<painted_normal_map datafile=\"1\"/></body></bodies>"
+                                "</vesperine_project>"));
+        archive.add(storedEntry("datafiles/1", qCompress(QByteArray("\0\0\0\0\5\0\0\0", 8))));
+        m_folder.write(QStringLiteral("thin.vep"), archive.bytes());
+        QCOMPARE(run("check thin.vep"), 1);
+        QVERIFY(output().contains(QStringLiteral("thin: empty-surface: ")));
+        QVERIFY(says("have a side of 0 pixels, they count as not painted: thin"));
         sprite("s/a.png", {3, 2}, Qt::green);
         sprite("s/b.png", {2, 2});
         QDir().mkpath(path("moved"));
