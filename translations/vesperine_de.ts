@@ -1782,8 +1782,16 @@ Mit Alt beginnen | von der Auswahl abziehen</translation>
         <translation>„%1“ lässt sich nicht speichern: %2</translation>
     </message>
     <message>
-        <source>Failed to load &apos;%1&apos;: its surfaces need %2 MiB of memory, this machine has %3</source>
-        <translation>„%1“ lässt sich nicht laden: Die Oberflächen brauchen %2 MiB Speicher, dieser Rechner hat %3</translation>
+        <source>Failed to load &apos;%1&apos;: its surfaces take %2 MiB, more than the 8192 that a project may have. Go back to an older copy of it.</source>
+        <translation>„%1“ lässt sich nicht laden: Die Oberflächen brauchen %2 MiB, mehr als die 8192, die ein Projekt haben darf. Es hilft nur eine ältere Kopie.</translation>
+    </message>
+    <message>
+        <source>Failed to load &apos;%1&apos;: its surfaces need %2 MiB of memory, %3 are free. Close other programs, or open it on a machine with more memory.</source>
+        <translation>„%1“ lässt sich nicht laden: Die Oberflächen brauchen %2 MiB Speicher, %3 sind frei. Es hilft, andere Programme zu schließen oder einen Rechner mit mehr Speicher zu nehmen.</translation>
+    </message>
+    <message>
+        <source>Failed to save &apos;%1&apos;: its surfaces take %2 MiB, more than the 8192 that a project may have. Remove sprites, and give them a project of their own.</source>
+        <translation>„%1“ lässt sich nicht speichern: Die Oberflächen brauchen %2 MiB, mehr als die 8192, die ein Projekt haben darf. Es hilft, Sprites zu entfernen und ihnen ein eigenes Projekt zu geben.</translation>
     </message>
 </context>
 <context>
@@ -1791,6 +1799,10 @@ Mit Alt beginnen | von der Auswahl abziehen</translation>
     <message>
         <source>The painted surfaces of these bodies are damaged, they count as not painted: %1</source>
         <translation>Die gemalten Oberflächen dieser Sprites sind beschädigt, sie gelten als nicht bemalt: %1</translation>
+    </message>
+    <message>
+        <source>The painted surfaces of these bodies have a side of 0 pixels, they count as not painted: %1</source>
+        <translation>Die gemalten Oberflächen dieser Sprites haben eine Seite von 0 Pixeln, sie gelten als nicht bemalt: %1</translation>
     </message>
     <message>
         <source>Skipped &apos;%1&apos;: it is the normal map of another sprite</source>
@@ -2069,6 +2081,22 @@ Die Sicherung bleibt in „%2“.</translation>
     <message>
         <source>the file can&apos;t be read</source>
         <translation>die Datei ist nicht lesbar</translation>
+    </message>
+    <message>
+        <source>more than 200,000 chunks; save it anew</source>
+        <translation>mehr als 200.000 Chunks; bitte neu speichern</translation>
+    </message>
+    <message>
+        <source>too many scans; save it anew, not as a progressive image</source>
+        <translation>zu viele Durchgänge; bitte neu speichern, nicht progressiv</translation>
+    </message>
+    <message>
+        <source>more than 5000 segments; save it anew</source>
+        <translation>mehr als 5000 Segmente; bitte neu speichern</translation>
+    </message>
+    <message>
+        <source>reading it takes longer than 30 seconds</source>
+        <translation>das Lesen dauert länger als 30 Sekunden</translation>
     </message>
 </context>
 <context>
@@ -3167,6 +3195,18 @@ Map</translation>
     <message>
         <source>elements are nested too deeply</source>
         <translation>Elemente sind zu tief verschachtelt</translation>
+    </message>
+    <message>
+        <source>an element has more than 100 attributes</source>
+        <translation>ein Element hat mehr als 100 Attribute</translation>
+    </message>
+    <message>
+        <source>the project has more than 100,000 bodies; split it into several projects</source>
+        <translation>das Projekt hat mehr als 100.000 Sprites; bitte in mehrere Projekte aufteilen</translation>
+    </message>
+    <message>
+        <source>the text has more than a million elements; split the project into several ones</source>
+        <translation>der Text hat mehr als eine Million Elemente; bitte in mehrere Projekte aufteilen</translation>
     </message>
 </context>
 <context>

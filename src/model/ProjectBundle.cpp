@@ -3,6 +3,7 @@
 #include "base/Error.h"
 #include "imaging/AngleImage.h"
 #include "imaging/PoolTask.h"
+#include "model/AvailableMemory.h"
 #include "model/Inflation.h"
 #include "model/ProjectArchive.h"
 #include "model/SaveDevice.h"
@@ -14,13 +15,15 @@
 #include <algorithm>
 #include <deque>
 
-#ifdef Q_OS_UNIX
-#include <unistd.h>
-#endif
-
 namespace {
 // The largest value that a data file may hold is the largest surface.
 constexpr qint64 maximumValueSize = 8 + 4 * AngleImage::maximumCells;
+constexpr qint64 mostValues = qint64(8) << 30; // all of a project's
+
+QString inMebibytes(qint64 bytes)
+{
+    return QString::number(bytes >> 20);
+}
 
 QString withPoint(const QString &extension)
 {
@@ -100,7 +103,7 @@ void ProjectBundle::unpack(const QVector<std::shared_ptr<DataFile>> &files) cons
             sound.append(file);
         seen.insert(file.get());
     }
-    refuseTooMuch(sound);
+    refuseTooMuchToLoad(sound);
     std::deque<PoolTask<Unpacked>> tasks;
     for (const auto &file : std::as_const(sound)) {
         const QByteArray packed = file->packed;
@@ -148,6 +151,7 @@ void ProjectBundle::write(const std::function<void(int done, int total)> &progre
     QVector<std::shared_ptr<DataFile>> files;
     for (const QString &id : m_ids)
         files.append(m_files.value(id));
+    refuseTooMuchToSave(files);
     SaveDevice device(m_fileName);
     if (!device.open(QIODevice::WriteOnly))
         throw Error(tr("File location '%1' not writable").arg(m_fileName));
@@ -169,18 +173,32 @@ void ProjectBundle::write(const std::function<void(int done, int total)> &progre
 }
 
 // A file of some kilobytes may claim what no machine holds.
-void ProjectBundle::refuseTooMuch(const QVector<std::shared_ptr<DataFile>> &files) const
+void ProjectBundle::refuseTooMuchToLoad(const QVector<std::shared_ptr<DataFile>> &files) const
 {
-#ifdef Q_OS_UNIX
     qint64 claimed = 0;
     for (const auto &file : files)
         claimed += std::max<qint64>(0, unpackedSize(file->packed, maximumValueSize));
-    const qint64 memory = qint64(sysconf(_SC_PHYS_PAGES)) * sysconf(_SC_PAGESIZE);
+    if (claimed > mostValues)
+        throw Error(tr("Failed to load '%1': its surfaces take %2 MiB, more than the 8192 that a "
+                       "project may have. Go back to an older copy of it.")
+                        .arg(m_fileName, inMebibytes(claimed)));
+    const qint64 memory = availableMemory();
     if (claimed > memory)
-        throw Error(
-            tr("Failed to load '%1': its surfaces need %2 MiB of memory, this machine has %3")
-                .arg(m_fileName, QString::number(claimed >> 20), QString::number(memory >> 20)));
-#endif
+        throw Error(tr("Failed to load '%1': its surfaces need %2 MiB of memory, %3 are free. "
+                       "Close other programs, or open it on a machine with more memory.")
+                        .arg(m_fileName, inMebibytes(claimed), inMebibytes(memory)));
+}
+
+// Better no file than one that can't be opened again.
+void ProjectBundle::refuseTooMuchToSave(const QVector<std::shared_ptr<DataFile>> &files) const
+{
+    qint64 size = 0;
+    for (const auto &file : files)
+        size += file->value.size();
+    if (size > mostValues)
+        throw Error(tr("Failed to save '%1': its surfaces take %2 MiB, more than the 8192 that a "
+                       "project may have. Remove sprites, and give them a project of their own.")
+                        .arg(m_fileName, inMebibytes(size)));
 }
 
 // Older bundles hold everything inside one folder that is named after the project.

@@ -45,7 +45,8 @@ private:
         QString xmlName;
         QString dataFolder;
     };
-    void refuseTooMuch(const QVector<std::shared_ptr<DataFile>> &files) const;
+    void refuseTooMuchToLoad(const QVector<std::shared_ptr<DataFile>> &files) const;
+    void refuseTooMuchToSave(const QVector<std::shared_ptr<DataFile>> &files) const;
     Place placeIn(const QStringList &entryNames) const;
 
     QString m_bundleExtension;

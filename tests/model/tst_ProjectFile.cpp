@@ -23,6 +23,9 @@ private Q_SLOTS:
     void olderFormsAreRead();
     void damageCostsOneBody();
     void failedSaveKeepsTheOldFile();
+    void trapsAreRefusedInWords_data();
+    void trapsAreRefusedInWords();
+    void surfacesHaveALimitInAll();
     void mutatedContentIsReadOrRefused();
 };
 
@@ -262,6 +265,69 @@ void TestProjectFile::failedSaveKeepsTheOldFile()
     addBody(project, QString(QChar(1)));
     QVERIFY(errorOf([&] { save(project, path); }).startsWith(QLatin1String("Failed to save '")));
     QCOMPARE(contentOf(path), old);
+}
+
+void TestProjectFile::trapsAreRefusedInWords_data()
+{
+    QTest::addColumn<QByteArray>("content");
+    QTest::addColumn<QString>("problem");
+    const auto element = [](int attributes) {
+        QByteArray xml = "\n<light_height";
+        for (int i = 0; i < attributes; ++i)
+            xml += " a" + QByteArray::number(i) + "='>'";
+        return projectXml(xml + ">5</light_height>");
+    };
+    const auto bodies = [](int count) {
+        return projectXml("<bodies>" + QByteArray("<body/>").repeated(count) + "</bodies>");
+    };
+    const QByteArray hidden = "<!-- ' --><?x ' ?><name><![CDATA[<a '>]]></name>";
+    const QString attributes =
+        QStringLiteral("XML parser error: an element has more than 100 attributes (line 2)");
+    QTest::newRow("100 attributes") << element(100) << QString();
+    QTest::newRow("many attributes") << element(200'000) << attributes;
+    QTest::newRow("many attributes without an end")
+        << element(200'000).left(1'000'000) << attributes;
+    QTest::newRow("many attributes behind others' quotes") << hidden + element(101) << attributes;
+    QTest::newRow("many equal signs in a text")
+        << projectXml("<x>" + QByteArray("=\"").repeated(1000) + "</x>") << QString();
+    QTest::newRow("a hidden declaration")
+        << "<!DOCTYPE a SYSTEM '>' [<!ENTITY b 'c'>]>" + projectXml({})
+        << "XML parser error: entities are not supported (line 1)";
+    QTest::newRow("many bodies") << bodies(100'001)
+                                 << "XML parser error: the project has more than 100,000 bodies; "
+                                    "split it into several projects (line 1)";
+    QTest::newRow("many elements") << projectXml(QByteArray("<a/>").repeated(1'000'000))
+                                   << "XML parser error: the text has more than a million "
+                                      "elements; split the project into several ones (line 1)";
+}
+
+// Reading them took a minute, or the memory of the machine.
+void TestProjectFile::trapsAreRefusedInWords()
+{
+    QFETCH(QByteArray, content);
+    QFETCH(QString, problem);
+    const Folder folder;
+    const QString path = folder.write(QStringLiteral("a.vep"), bundle(content));
+    QCOMPARE(errorOf([&path] { load(path); }), problem);
+}
+
+void TestProjectFile::surfacesHaveALimitInAll()
+{
+    // As little as can claim the largest surface; none is unpacked.
+    const QByteArray packed = QByteArray::fromHex("10000008") + QByteArray(260'200, '\0');
+    QVector<QPair<QByteArray, QByteArray>> files;
+    QByteArray bodies;
+    for (int i = 0; i < 33; ++i) {
+        files.append({QByteArray::number(i), packed});
+        bodies += bodyXml("a", QByteArray::number(i));
+    }
+    const Folder folder;
+    const QString path = folder.write(QStringLiteral("a.vep"),
+                                      bundle(projectXml("<bodies>" + bodies + "</bodies>"), files));
+    QCOMPARE(errorOf([&path] { load(path); }),
+             QStringLiteral("Failed to load '%1': its surfaces take 8448 MiB, more than the 8192 "
+                            "that a project may have. Go back to an older copy of it.")
+                 .arg(path));
 }
 
 // Right checksums lead the faults past the archive, into the text and the surfaces.
