@@ -1,7 +1,10 @@
 #include "base/Error.h"
 
+#include "base/PlainText.h"
+
+// Whatever a file is called, its name does no harm where the message is shown.
 Error::Error(const QString &message)
-    : m_message(message)
-    , m_utf8(message.toUtf8())
+    : m_message(shownLines(message))
+    , m_utf8(m_message.toUtf8())
 {
 }

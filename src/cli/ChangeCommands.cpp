@@ -25,7 +25,8 @@ ExitCode addAndSave(OpenedProject &opened,
     try {
         opened.controller().addSprites(sprites);
     } catch (const Error &error) {
-        console.complain(error.message());
+        for (const QString &line : error.message().split(QLatin1Char('\n')))
+            console.complain(line);
         added = ExitCode::Partly;
     }
     if (opened.bodies().size() == before) {

@@ -51,6 +51,9 @@ CommandLine::CommandLine()
     addReports();
     addExport();
     addPictures();
+    for (const char *writing : {"export", "generate", "lit", "thumbnail"})
+        m_app->get_subcommand(writing)->add_flag(
+            "-0,--null", m_endsPathsInNull, "End each path with a NUL byte, for xargs -0");
 }
 
 CommandLine::~CommandLine() = default;
@@ -66,7 +69,7 @@ int CommandLine::run(int argc, char **argv)
         return int(ExitCode::Usage);
     }
     setVerbosity();
-    Console console(m_quiet);
+    Console console(m_quiet, m_endsPathsInNull ? Console::PathEnd::Null : Console::PathEnd::Line);
     const ExitCode code = m_command(console);
     return int(console.isComplete() || code != ExitCode::Done ? code : ExitCode::Failed);
 }

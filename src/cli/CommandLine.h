@@ -44,6 +44,7 @@ private:
     SurfaceCommandLine m_surfaces{m_command};
     int m_verbosity = 0;
     bool m_quiet = false;
+    bool m_endsPathsInNull = false;
     std::string m_project;
     std::string m_outputProject;
     std::vector<std::string> m_projects;

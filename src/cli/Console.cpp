@@ -1,16 +1,24 @@
 #include "cli/Console.h"
 
+#include "base/PlainText.h"
+
 #include <QByteArray>
+#include <QFile>
 
 #include <cstdio>
 #include <unistd.h>
 
 namespace {
-bool writeLine(FILE *stream, const QString &line)
+bool write(FILE *stream, const QByteArray &bytes)
 {
-    const QByteArray bytes = line.toUtf8() + '\n';
     const auto size = size_t(bytes.size());
     return std::fwrite(bytes.constData(), 1, size, stream) == size && std::fflush(stream) == 0;
+}
+
+// Names of files in it do nothing to a terminal.
+bool writeLine(FILE *stream, const QString &line)
+{
+    return write(stream, shownText(line).toUtf8() + '\n');
 }
 } // namespace
 
@@ -18,6 +26,14 @@ void Console::data(const QString &line)
 {
     if (!m_lostData)
         m_lostData = !writeLine(stdout, line);
+}
+
+void Console::path(const QString &path)
+{
+    if (!m_endsPathsInNull)
+        data(path);
+    else if (!m_lostData)
+        m_lostData = !write(stdout, QFile::encodeName(path) + '\0');
 }
 
 bool Console::isComplete()

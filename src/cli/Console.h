@@ -11,17 +11,22 @@ enum class ExitCode {
     Partly = 4,     ///< what could be done is done, the rest is named
 };
 
-/// The terminal: data on standard output, words on standard error.
+/// The terminal: data on standard output, words on standard error. What a line can't hold stands in
+/// it as shownText() gives it.
 class Console
 {
 public:
-    explicit Console(bool quiet)
+    enum class PathEnd { Line, Null };
+    explicit Console(bool quiet, PathEnd pathEnd = PathEnd::Line)
         : m_quiet(quiet)
+        , m_endsPathsInNull(pathEnd == PathEnd::Null)
     {
     }
 
     /// A line of what was asked for.
     void data(const QString &line);
+    /// The path of a file that was written, as it is and ended by a NUL where that was asked for.
+    void path(const QString &path);
     /// False, and says so, when not all data could be written.
     bool isComplete();
     /// A line for a reader; not when quiet.
@@ -35,6 +40,7 @@ private:
     void endProgress();
 
     bool m_quiet;
+    bool m_endsPathsInNull;
     bool m_showsProgress = false;
     bool m_lostData = false;
 };

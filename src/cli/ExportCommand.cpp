@@ -92,7 +92,7 @@ private:
         settings.written = [this](const QString &path) {
             m_kept.add(path);
             m_hasWritten = true;
-            m_console.data(path);
+            m_console.path(path);
         };
         return settings;
     }

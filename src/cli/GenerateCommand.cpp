@@ -235,7 +235,7 @@ private:
         };
         files.written = [this](const QString &path) {
             ++m_written;
-            m_console.data(path);
+            m_console.path(path);
         };
         files.skipped = [this](const QString &message) { m_console.tell(message); };
         files.progress = [this](int done) {

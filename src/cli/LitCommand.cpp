@@ -92,6 +92,6 @@ ExitCode runLit(const LitOptions &options, Console &console)
         console.complain(error.message());
         return refusal;
     }
-    console.data(GFileName(options.output).path());
+    console.path(GFileName(options.output).path());
     return ExitCode::Done;
 }

@@ -54,6 +54,6 @@ ExitCode runThumbnail(const ThumbnailOptions &options, Console &console)
         console.complain(error.message());
         return ExitCode::Failed;
     }
-    console.data(GFileName(options.output).path());
+    console.path(GFileName(options.output).path());
     return ExitCode::Done;
 }

@@ -1,6 +1,7 @@
 #include "framework/GMainWindow.h"
 
 #include "base/GSettings.h"
+#include "base/PlainText.h"
 #include "framework/AboutDialog.h"
 #include "framework/GAction.h"
 #include "framework/ManualDialog.h"
@@ -236,7 +237,7 @@ QString GMainWindow::documentName() const
 
 void GMainWindow::updateTitle()
 {
-    QString name = documentName();
+    QString name = shownText(documentName());
     // Doubled, the placeholder of the modified mark stands for itself.
     name.replace(QLatin1String("[*]"), QLatin1String("[*][*]"));
     if (isDocumentReadOnly())

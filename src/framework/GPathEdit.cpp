@@ -2,6 +2,7 @@
 
 #include "framework/ControlSizes.h"
 #include "framework/GLineEdit.h"
+#include "framework/PlainToolTip.h"
 #include "framework/UiScale.h"
 
 #include <QAbstractItemView>
@@ -73,7 +74,7 @@ QString GPathEdit::path() const
 void GPathEdit::setPath(const QString &path)
 {
     m_line->showText(QDir::toNativeSeparators(path));
-    m_line->setToolTip(QDir::toNativeSeparators(path));
+    m_line->setToolTip(plainToolTip(QDir::toNativeSeparators(path)));
 }
 
 void GPathEdit::dragEnterEvent(QDragEnterEvent *event)

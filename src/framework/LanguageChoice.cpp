@@ -21,7 +21,7 @@ LanguageChoice::LanguageChoice(GSettings &settings, QWidget *parent)
     for (const QString &code : availableLanguages())
         m_box->addItem(languageName(code), code);
     m_box->setCurrentIndex(std::max(0, m_box->findData(chosenLanguage(settings))));
-    auto *label = new QLabel(tr("<b>Language:</b>"), this);
+    auto *label = createMarkedUpText(tr("<b>Language:</b>"), this);
     label->setBuddy(m_box);
     auto *hint = createQuietText(tr("From the next start on"), this);
 

@@ -1,5 +1,6 @@
 #include "framework/ListDialog.h"
 
+#include "base/PlainText.h"
 #include "framework/PanelLabels.h"
 #include "framework/UiScale.h"
 
@@ -17,7 +18,8 @@ ListDialog::ListDialog(const Content &content, QWidget *parent)
     auto *text = new QLabel(content.text, this);
     text->setWordWrap(true);
     auto *list = new QListWidget(this);
-    list->addItems(content.entries);
+    for (const QString &entry : content.entries)
+        list->addItem(shownLines(entry));
     list->setAccessibleName(content.text);
     list->setWordWrap(true);
     auto *buttons = new QDialogButtonBox(this);

@@ -14,6 +14,13 @@ QLabel *createPanelTitle(const QString &text, QWidget *parent)
     return title;
 }
 
+QLabel *createMarkedUpText(const QString &text, QWidget *parent)
+{
+    auto *label = new QLabel(text, parent);
+    label->setTextFormat(Qt::RichText);
+    return label;
+}
+
 QLabel *createQuietText(const QString &text, QWidget *parent)
 {
     auto *label = new QLabel(text, parent);

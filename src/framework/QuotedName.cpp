@@ -1,5 +1,7 @@
 #include "framework/QuotedName.h"
 
+#include "base/PlainText.h"
+
 #include <QCoreApplication>
 
 namespace {
@@ -11,5 +13,5 @@ struct Words
 
 QString quoted(const QString &name)
 {
-    return Words::tr("“%1”").arg(name);
+    return Words::tr("“%1”").arg(shownText(name));
 }

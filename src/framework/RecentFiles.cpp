@@ -2,6 +2,7 @@
 
 #include "base/GFileName.h"
 #include "base/GSettings.h"
+#include "base/PlainText.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -22,7 +23,7 @@ QString entryText(int index, const QString &path)
         (folder + QLatin1Char('/')).startsWith(home + QLatin1Char('/')))
         folder.replace(0, home.size(), QLatin1Char('~'));
     QString text = QStringLiteral("%1   %2").arg(info.fileName(), QDir::toNativeSeparators(folder));
-    text.replace(QLatin1Char('&'), QLatin1String("&&"));
+    text = shownText(text).replace(QLatin1Char('&'), QLatin1String("&&"));
     const QString number =
         index < 9 ? QStringLiteral("&%1  ").arg(index + 1) : QStringLiteral("1&0  ");
     return number + text;
@@ -74,7 +75,7 @@ void RecentFiles::rebuild()
         QAction *action = addAction(entryText(i, path));
         action->setData(path);
         action->setEnabled(QFileInfo(path).isFile());
-        action->setStatusTip(QDir::toNativeSeparators(path));
+        action->setStatusTip(shownText(QDir::toNativeSeparators(path)));
         connect(action, &QAction::triggered, this, [this, path] { Q_EMIT chosen(path); });
     }
     addSeparator();

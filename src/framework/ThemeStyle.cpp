@@ -122,6 +122,11 @@ void ThemeStyle::polish(QWidget *widget)
         widget->setAttribute(Qt::WA_Hover);
     if (auto *view = qobject_cast<QAbstractItemView *>(widget))
         view->viewport()->setAttribute(Qt::WA_Hover);
+    // A file may be named like markup, and would show as such in boxes. Labels that want markup say
+    // so. Tool tips have one label for all: see plainToolTip().
+    auto *label = qobject_cast<QLabel *>(widget);
+    if (label && label->textFormat() == Qt::AutoText && !label->inherits("QTipLabel"))
+        label->setTextFormat(Qt::PlainText);
 }
 
 void ThemeStyle::drawPrimitive(PrimitiveElement element,

@@ -1,5 +1,6 @@
 #include "framework/UpdateChoice.h"
 
+#include "framework/PanelLabels.h"
 #include "framework/UiScale.h"
 
 #include <QCheckBox>
@@ -18,7 +19,7 @@ UpdateChoice::UpdateChoice(GSettings &settings, QWidget *parent)
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(scaled(8));
-    layout->addWidget(new QLabel(tr("<b>Updates:</b>"), this));
+    layout->addWidget(createMarkedUpText(tr("<b>Updates:</b>"), this));
     layout->addWidget(m_daily);
     layout->addWidget(m_preReleases);
 }

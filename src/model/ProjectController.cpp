@@ -32,6 +32,13 @@ QString bodyName(const QString &path)
     const QFileInfo file(path);
     return plainText(file.baseName().isEmpty() ? file.fileName() : file.baseName());
 }
+
+QString oneALine(QStringList files)
+{
+    for (QString &file : files)
+        file = shownText(file);
+    return files.join(QLatin1Char('\n'));
+}
 } // namespace
 
 ProjectController::ProjectController(GSettings &settings, ProjectPrompts &prompts)
@@ -205,7 +212,7 @@ void ProjectController::addSprites(const QStringList &paths)
                             QFileInfo(added.first()->sprite().filename().value().path()).path());
     }
     if (!failures.isEmpty())
-        throw Error(tr("Failed to add following files:\n\n") + failures.join(QLatin1Char('\n')));
+        throw Error(tr("Failed to add following files:\n\n") + oneALine(failures));
 }
 
 void ProjectController::removeBodies(const QVector<Body *> &bodies)
@@ -337,8 +344,9 @@ void ProjectController::searchMissing(const QString &folder, QStringList &change
         const GFileName path(QDir(folder).filePath(filename.value().fileName()));
         if (path == filename.value() || !QFileInfo(path.path()).isFile())
             continue;
-        changes.append(tr("Updated file path:") + QLatin1Char('\n') + filename.value().path() +
-                       QStringLiteral("\n-->\n") + path.path());
+        changes.append(tr("Updated file path:") + QLatin1Char('\n') +
+                       shownText(filename.value().path()) + QStringLiteral("\n-->\n") +
+                       shownText(path.path()));
         filename.setValue(path, tr("update file path"), false);
     }
 }

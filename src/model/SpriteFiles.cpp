@@ -1,12 +1,50 @@
 #include "model/SpriteFiles.h"
 
+#include "base/PlainText.h"
 #include "imaging/NaturalOrder.h"
 
 #include <QDir>
 #include <QFileInfo>
 #include <QSet>
 
+#include <algorithm>
+
+#ifdef Q_OS_UNIX
+#include <dirent.h>
+#endif
+
 namespace {
+#ifdef Q_OS_UNIX
+bool isImageOrFolder(const dirent &entry, const QByteArray &name)
+{
+    const QByteArray lower = name.toLower();
+    return entry.d_type == DT_DIR || lower.endsWith(".png") || lower.endsWith(".jpg") ||
+           lower.endsWith(".jpeg");
+}
+
+// The toolkit passes over names that it can't decode, without a word.
+QList<QByteArray> namesWithoutText(const QString &folder)
+{
+    QList<QByteArray> names;
+    DIR *listing = opendir(QFile::encodeName(folder).constData());
+    if (!listing)
+        return names;
+    while (const dirent *entry = readdir(listing)) {
+        const QByteArray name = entry->d_name;
+        if (QFile::encodeName(QFile::decodeName(name)) != name && isImageOrFolder(*entry, name))
+            names.append(name);
+    }
+    closedir(listing);
+    std::sort(names.begin(), names.end());
+    return names;
+}
+#else
+QList<QByteArray> namesWithoutText(const QString & /*folder*/)
+{
+    return {};
+}
+#endif
+
 class FolderWalk
 {
 public:
@@ -29,6 +67,8 @@ public:
             return;
         }
         addFiles(folder);
+        for (const QByteArray &name : namesWithoutText(path))
+            m_result.unreadable.append(folder.filePath(shownBytes(name)));
         for (const QString &name :
              inNaturalOrder(folder.entryList(QDir::Dirs | QDir::NoDotAndDotDot)))
             addFolder(folder.filePath(name));

@@ -8,8 +8,9 @@ struct SpriteFiles
 {
     QStringList files;   ///< absolute paths, in the order in which they become bodies
     QStringList skipped; ///< normal maps of other sprites, left out
-    QStringList
-        unreadable; ///< folders that can't be listed, and what is named as an image but is no file
+    /// Folders that can't be listed, what is named as an image but is no file, and images and
+    /// folders with names that are not UTF-8, as shownBytes() gives them.
+    QStringList unreadable;
 };
 
 /// Replaces every folder in @p paths by the PNG and JPEG files in it and below, names in natural

@@ -88,6 +88,7 @@ void PaintToolStructure::createPreferencesLink()
 {
     QLabel *link = createQuietText(tr("<p>Open <a href='ve://preferences' style='color: #8080ff'> "
                                       "Preferences</a> to add your own patterns"));
+    link->setTextFormat(Qt::RichText);
     link->setAccessibleName(tr("Open Preferences to add your own patterns"));
     link->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
     connect(link, &QLabel::linkActivated, this, [](const QString &address) {

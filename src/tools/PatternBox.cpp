@@ -1,5 +1,6 @@
 #include "tools/PatternBox.h"
 
+#include "framework/PlainToolTip.h"
 #include "framework/UiScale.h"
 #include "imaging/PaintToolStructurePreviewJob.h"
 #include "imaging/Patterns.h"
@@ -138,7 +139,7 @@ void PatternBox::addPattern(const QString &path)
     QPixmap nothing(iconSize());
     nothing.fill(Qt::transparent);
     addItem(nothing, nameOf(path), path);
-    setItemData(count() - 1, originOf(path), Qt::ToolTipRole);
+    setItemData(count() - 1, plainToolTip(originOf(path)), Qt::ToolTipRole);
 }
 
 void PatternBox::choose(const QString &path)
@@ -199,8 +200,9 @@ void PatternBox::takeThumbnail()
         QFont slanted = font();
         slanted.setItalic(true);
         setItemData(index, slanted, Qt::FontRole);
-        const QString origin = itemData(index, Qt::ToolTipRole).toString();
-        setItemData(index, origin + QLatin1Char('\n') + drawn.problem, Qt::ToolTipRole);
+        setItemData(index,
+                    plainToolTip(originOf(drawn.path) + QLatin1Char('\n') + drawn.problem),
+                    Qt::ToolTipRole);
     }
     setToolTip(currentData(Qt::ToolTipRole).toString());
 }

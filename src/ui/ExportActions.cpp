@@ -1,6 +1,7 @@
 #include "ui/ExportActions.h"
 
 #include "base/Error.h"
+#include "base/PlainText.h"
 #include "framework/GAction.h"
 #include "framework/ThemedIcon.h"
 #include "model/Project.h"
@@ -123,7 +124,7 @@ void ExportActions::exportMaps()
                     QMessageBox::Ok,
                     m_window);
     box.setInformativeText(directory.isEmpty() ? tr("to sprite directory")
-                                               : tr("to %1").arg(directory));
+                                               : tr("to %1").arg(shownText(directory)));
     box.exec();
 }
 
@@ -161,6 +162,8 @@ void ExportActions::runLitExport()
         QMessageBox::warning(m_window, tr("Error"), error.message());
         return;
     }
-    QMessageBox::warning(
-        m_window, tr("Error"), tr("Export to '") + path + tr("' failed!"), QMessageBox::Close);
+    QMessageBox::warning(m_window,
+                         tr("Error"),
+                         tr("Export to '") + shownText(path) + tr("' failed!"),
+                         QMessageBox::Close);
 }

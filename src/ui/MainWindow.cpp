@@ -1,6 +1,7 @@
 #include "ui/MainWindow.h"
 
 #include "base/Error.h"
+#include "base/PlainText.h"
 #include "framework/CrashLog.h"
 #include "framework/GAction.h"
 #include "framework/GApplication.h"
@@ -230,7 +231,9 @@ void MainWindow::connectPanels()
     connect(m_editor, &NormalMapEditor::effectOpenChanged, this, &MainWindow::lockForEffect);
     connect(
         m_editor, &NormalMapEditor::pointedPixelChanged, m_pointed, &PointedPixelLabel::showPixel);
-    const auto show = [this](const QString &message) { statusBar()->showMessage(message); };
+    const auto show = [this](const QString &message) {
+        statusBar()->showMessage(shownText(message));
+    };
     connect(m_editor, &NormalMapEditor::noticed, this, show);
     connect(m_spriteActions, &SpriteActions::noticed, this, show);
     connect(m_recovery, &ProjectRecovery::noticed, this, show);

@@ -1,5 +1,6 @@
 #include "ui/PointedPixelLabel.h"
 
+#include "base/PlainText.h"
 #include "framework/UiScale.h"
 #include "model/Body.h"
 #include "model/properties/PropertyT.h"
@@ -23,8 +24,8 @@ void PointedPixelLabel::showPixel(const PointedPixel &pixel)
         return;
     }
     // A name may hold what looks like a placeholder, and be longer than the window is wide.
-    const QString name =
-        fontMetrics().elidedText(pixel.body->name().value(), Qt::ElideMiddle, scaled(200));
+    const QString name = fontMetrics().elidedText(
+        shownText(pixel.body->name().value()), Qt::ElideMiddle, scaled(200));
     setText(name + tr("   x %1  y %2   slope %3, %4   normal %5 %6 %7")
                        .arg(pixel.pixel.x())
                        .arg(pixel.pixel.y())

@@ -6,6 +6,7 @@
 #include "framework/GApplication.h"
 #include "framework/GPathEdit.h"
 #include "framework/LanguageChoice.h"
+#include "framework/PanelLabels.h"
 #include "framework/UiScale.h"
 #include "framework/UpdateChoice.h"
 #include "ui/RecoveryInterval.h"
@@ -46,7 +47,7 @@ PreferencesDialog::PreferencesDialog(GApplication &application, QWidget *parent)
     m_theme->addItem(tr("Dark"), int(ThemeChoice::Dark));
     m_theme->addItem(tr("Light"), int(ThemeChoice::Light));
     m_theme->setCurrentIndex(m_theme->findData(int(application.theme())));
-    auto *themeLabel = new QLabel(tr("<b>Appearance:</b>"), this);
+    auto *themeLabel = createMarkedUpText(tr("<b>Appearance:</b>"), this);
     themeLabel->setBuddy(m_theme);
     m_theme->setAccessibleName(tr("Appearance"));
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
@@ -56,7 +57,7 @@ PreferencesDialog::PreferencesDialog(GApplication &application, QWidget *parent)
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(scaled(16), scaled(16), scaled(16), scaled(12));
     layout->setSpacing(scaled(8));
-    layout->addWidget(new QLabel(tr("<b>Custom pattern directory:</b>"), this));
+    layout->addWidget(createMarkedUpText(tr("<b>Custom pattern directory:</b>"), this));
     layout->addWidget(m_patterns);
     layout->addWidget(hint);
     layout->addSpacing(scaled(8));

@@ -3,6 +3,7 @@
 #include "base/Error.h"
 #include "base/PlainText.h"
 #include "framework/GPathEdit.h"
+#include "framework/PanelLabels.h"
 #include "framework/UiScale.h"
 #include "model/Project.h"
 #include "model/properties/PropertyT.h"
@@ -38,7 +39,7 @@ PublishDialog::PublishDialog(QWidget *parent)
     layout->setContentsMargins(scaled(16), scaled(16), scaled(16), scaled(12));
     layout->setVerticalSpacing(scaled(12));
     layout->setHorizontalSpacing(scaled(12));
-    layout->addRow(new QLabel(tr("<b>Generate normal map images:</b>"), this));
+    layout->addRow(createMarkedUpText(tr("<b>Generate normal map images:</b>"), this));
     layout->addRow(tr("Output directory:"), m_directory);
     layout->addRow(tr("Normal map suffix:"), m_suffix);
     layout->addRow(m_trouble);

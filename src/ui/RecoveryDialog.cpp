@@ -1,5 +1,6 @@
 #include "ui/RecoveryDialog.h"
 
+#include "base/PlainText.h"
 #include "framework/Proposal.h"
 #include "framework/QuotedName.h"
 #include "framework/UiScale.h"
@@ -51,7 +52,8 @@ QString placeOf(const RecoveryEntry &entry)
     if (!entry.index)
         return RecoveryDialog::tr("It is kept in '%1'.").arg(entry.folder->path());
     const QString &path = entry.index->projectPath;
-    return path.isEmpty() ? RecoveryDialog::tr("Never saved") : QDir::toNativeSeparators(path);
+    return path.isEmpty() ? RecoveryDialog::tr("Never saved")
+                          : shownText(QDir::toNativeSeparators(path));
 }
 
 QStringList remarksOn(const RecoveryEntry &entry)
@@ -130,7 +132,7 @@ RecoveryDialog::RecoveryDialog(std::vector<RecoveryEntry> &entries, QWidget *par
 
 void RecoveryDialog::addRow(const RecoveryEntry &entry)
 {
-    auto *row = new QListWidgetItem(nameOf(entry), m_list);
+    auto *row = new QListWidgetItem(shownText(nameOf(entry)), m_list);
     row->setData(SpriteListModel::imageRole, pictureOf(entry));
     QString detail =
         entry.index ? age(entry.index->time, QDateTime::currentDateTimeUtc()) : tr("Can't be read");

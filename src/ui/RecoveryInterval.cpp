@@ -1,6 +1,7 @@
 #include "ui/RecoveryInterval.h"
 
 #include "base/GSettings.h"
+#include "framework/PanelLabels.h"
 #include "framework/UiScale.h"
 
 #include <QHBoxLayout>
@@ -31,7 +32,7 @@ RecoveryInterval::RecoveryInterval(GSettings &settings, QWidget *parent)
     m_seconds->setValue(seconds(settings));
     m_seconds->setAccessibleName(tr("Keep unsaved work every"));
     m_seconds->setToolTip(tr("After a crash the next start offers what was kept last"));
-    auto *label = new QLabel(tr("<b>Keep unsaved work every:</b>"), this);
+    auto *label = createMarkedUpText(tr("<b>Keep unsaved work every:</b>"), this);
     label->setBuddy(m_seconds);
     auto *layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);

@@ -1,6 +1,7 @@
 #include "ui/SpriteListModel.h"
 
 #include "base/PlainText.h"
+#include "framework/PlainToolTip.h"
 #include "model/Project.h"
 #include "model/Sprite.h"
 #include "model/properties/PropertyT.h"
@@ -36,7 +37,7 @@ QString detailText(const Body &body)
 QString toolTipText(const Body &body)
 {
     const Sprite &sprite = body.sprite();
-    QString path = QDir::toNativeSeparators(sprite.filename().value().path());
+    const QString path = shownText(QDir::toNativeSeparators(sprite.filename().value().path()));
     if (sprite.isWrongSized())
         return SpriteListModel::tr("%1\nThe image is %2 now, but its surface was painted at %3.\n"
                                    "Bring the image back to its former size, choose another one "
@@ -99,10 +100,11 @@ QVariant SpriteListModel::data(const QModelIndex &index, int role) const
         return {};
     switch (role) {
     case Qt::DisplayRole:
+        return shownText(shown->name().value());
     case Qt::EditRole:
         return shown->name().value();
     case Qt::ToolTipRole:
-        return toolTipText(*shown);
+        return plainToolTip(toolTipText(*shown));
     case Qt::AccessibleTextRole:
         return accessibleText(*shown);
     case detailRole:

@@ -16,6 +16,8 @@ private Q_SLOTS:
     void linkedFolderStaysInsideTheProject();
     void plainTextKeepsWhatCanBeRead_data();
     void plainTextKeepsWhatCanBeRead();
+    void shownTextIsOneHarmlessLine_data();
+    void shownTextIsOneHarmlessLine();
 };
 
 void TestBase::relativePaths_data()
@@ -76,6 +78,32 @@ void TestBase::plainTextKeepsWhatCanBeRead()
     QFETCH(QString, plain);
     QCOMPARE(plainText(text), plain);
     QCOMPARE(isPlainText(text), text == plain);
+}
+
+void TestBase::shownTextIsOneHarmlessLine_data()
+{
+    QTest::addColumn<QByteArray>("name");
+    QTest::addColumn<QString>("shown");
+
+    QTest::newRow("letters") << QByteArray("Bär 🦊 <b>&%1\\")
+                             << QStringLiteral("Bär 🦊 <b>&%1\\");
+    QTest::newRow("joined emoji") << QByteArray("👩\u200d👧") << QStringLiteral("👩\u200d👧");
+    QTest::newRow("lines") << QByteArray("a\nb\r\t") << QStringLiteral("a\\nb\\r\\t");
+    QTest::newRow("terminal") << QByteArray("\x1b[31m\u009b")
+                              << QStringLiteral("\\u001b[31m\\u009b");
+    QTest::newRow("direction") << QByteArray("\u202egnp.\u2066")
+                               << QStringLiteral("\\u202egnp.\\u2066");
+    QTest::newRow("no UTF-8") << QByteArray("a\xff\xc3.b\xf0\x9f")
+                              << QStringLiteral("a\\xff\\xc3.b\\xf0\\x9f");
+}
+
+void TestBase::shownTextIsOneHarmlessLine()
+{
+    QFETCH(QByteArray, name);
+    QFETCH(QString, shown);
+    QCOMPARE(shownBytes(name), shown);
+    if (QString::fromUtf8(name).toUtf8() == name)
+        QCOMPARE(shownText(QString::fromUtf8(name)), shown);
 }
 
 QTEST_GUILESS_MAIN(TestBase)

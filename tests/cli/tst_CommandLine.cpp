@@ -11,6 +11,7 @@
 #include <QProcess>
 #include <QTest>
 
+#include <cstdio>
 #include <memory>
 
 /// Runs the real program.
@@ -101,6 +102,30 @@ private Q_SLOTS:
         QVERIFY(says("ends in .vep"));
         QCOMPARE(run("add old.vex s/a.png --output-project new.vep"), 0);
         QCOMPARE(each("name", "new.vep"), QStringLiteral("a"));
+    }
+
+    void namesThatNoLineCanHold()
+    {
+        QVERIFY(QDir().mkpath(path("odd/more")));
+        const QByteArray folder = QFile::encodeName(path("odd/"));
+        for (const char *name : {"\xff.png", "\xfe.txt", "more/\xfd.JPG", "b\n\x1b[31m.png"}) {
+            sprite("odd/a.png", {2, 2});
+            QVERIFY(std::rename(folder + "a.png", folder + name) == 0);
+        }
+        sprite("odd/a.png", {2, 2});
+        QCOMPARE(run("create n.vep odd"), 4);
+        QCOMPARE(m_program->words.split(QLatin1Char('\n')),
+                 QStringList({QStringLiteral("Failed to add following files:"),
+                              QString(),
+                              path("odd/\\xff.png"),
+                              path("odd/more/\\xfd.JPG"),
+                              path("odd/b\\n\\u001b[31m.png"),
+                              QString()}));
+        QCOMPARE(run("export n.vep -0 --output odd/b\nc"), 0);
+        QCOMPARE(output(), path("odd/b\nc/a.png") + QChar());
+        QCOMPARE(run("export n.vep --output odd/b\nc"), 0);
+        QCOMPARE(output(), path("odd/b\\nc/a.png") + QLatin1Char('\n'));
+        QCOMPARE(run("check --null n.vep"), 2);
     }
 
     void checkAndRepair()

@@ -18,7 +18,9 @@ int Program::run(const char *line)
     process.start(m_path, QString::fromUtf8(line).split(QLatin1Char(' '), Qt::SkipEmptyParts));
     if (!process.waitForFinished(60000) || process.exitStatus() != QProcess::NormalExit)
         return -1;
-    output = QString::fromUtf8(process.readAllStandardOutput());
+    // With all NUL bytes in it.
+    const QByteArray said = process.readAllStandardOutput();
+    output = QString::fromUtf8(said.constData(), said.size());
     words = QString::fromUtf8(process.readAllStandardError());
     return process.exitCode();
 }

@@ -1,6 +1,9 @@
+#include "framework/RecentFiles.h"
 #include "model/Body.h"
+#include "model/DataModelWriter.h"
 #include "model/Project.h"
 #include "model/PropertyAngleImage.h"
+#include "model/RecoveryStore.h"
 #include "model/properties/PropertyT.h"
 #include "preview/GLGraphicsLight.h"
 #include "preview/NormalMapEditorScene.h"
@@ -11,17 +14,48 @@
 #include "support/WindowTest.h"
 #include "ui/MainWindow.h"
 #include "ui/NormalMapEditor.h"
+#include "ui/RecoveryDialog.h"
 #include "ui/ShapeTreeView.h"
 
 #include <QAction>
 #include <QDialogButtonBox>
 #include <QDropEvent>
 #include <QFileDialog>
+#include <QLabel>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QMimeData>
 #include <QPushButton>
 #include <QSlider>
+#include <QTextDocument>
 #include <QUrl>
+
+namespace {
+// Of labels and tool tips that have a name in them as markup, or with what is no character of a
+// line; and entries of lists.
+QStringList markedUpNames()
+{
+    const auto isBad = [](const QString &text) { return text.contains(QChar(0x1b)); };
+    QStringList found;
+    for (const QWidget *widget : QApplication::allWidgets()) {
+        const QString tip = widget->toolTip();
+        if (tip.contains("<h1>"_s) || isBad(tip))
+            found.append(tip);
+        const auto *label = qobject_cast<const QLabel *>(widget);
+        const bool isMarkup = label && label->isVisible() && label->text().contains("<h1>"_s) &&
+                              label->textFormat() != Qt::PlainText;
+        if (label && (isMarkup || isBad(label->text())))
+            found.append(label->text());
+        if (const auto *list = qobject_cast<const QListWidget *>(widget)) {
+            for (int row = 0; row < list->count(); ++row) {
+                if (isBad(list->item(row)->text()))
+                    found.append(list->item(row)->text());
+            }
+        }
+    }
+    return found;
+}
+} // namespace
 
 class TestMainWindow : public QObject
 {
@@ -150,6 +184,68 @@ private Q_SLOTS:
             "Textures not found|Select search path|Textures not found|Size conflict|Summary"_s);
         QCOMPARE(names(), (QStringList{"moved"_s, "grown"_s}));
         QCOMPARE(project().bodies().at(1).paintedSize(), QSize(40, 30));
+    }
+
+    // Neither as markup nor as what would break lines, in every place that a name comes to.
+    void namesAreShownAsTheyStand()
+    {
+        const QString odd = "<h1>&[*]\x1b\n"_s;
+        const QString shown = "<h1>&[*]\\u001b\\n"_s;
+        QDir().mkpath(m_folder.path(odd));
+        const QString path = m_folder.path(odd + "/<h1>\x1b.vep"_s);
+        Project stored;
+        for (const auto &name : {"<h1>a"_s, "<h1>b"_s, "<h1>c"_s}) {
+            const QString sprite = m_folder.writeSprite(name + ".png"_s, {16, 16});
+            addBody(stored, name, sprite).paintedNormalMap().setValue(encode(AngleImage(16, 16)));
+        }
+        stored.bodies().at(2).name().setValue("<h1>\nc"_s);
+        stored.publishDirectory().setValue(GFileName(m_folder.path("<h1>"_s)));
+        stored.publishNormalmapPostfix().setValue("_n"_s);
+        // A project can't be saved under such a name, but be given it later.
+        const QString plainPath = m_folder.path(odd + "/p.vep"_s);
+        stored.filename().setValue(GFileName(plainPath));
+        DataModelWriter(stored).write();
+        QVERIFY(QFile::rename(plainPath, path));
+        QFile::remove(m_folder.path("<h1>b.png"_s));
+        m_folder.writeSprite("<h1>c.png"_s, {20, 20});
+
+        const auto plain = [](const QString &button) {
+            return [button](QWidget &dialog) {
+                QCOMPARE(markedUpNames(), QStringList());
+                click(button)(dialog);
+            };
+        };
+        m_script->then(plain("Continue without texture"_s)).then(plain("Clear normal map"_s));
+        m_script->then(plain("Continue"_s));
+        QVERIFY(m_window->openPath(path));
+        QVERIFY2(m_window->windowTitle().startsWith("<h1>\\u001b.vep"_s),
+                 qUtf8Printable(m_window->windowTitle()));
+        clickRow(0);
+        QCOMPARE(list().model()->index(2, 0).data().toString(), "<h1>\\nc"_s);
+        QTextDocument tip;
+        tip.setHtml(list().model()->index(0, 0).data(Qt::ToolTipRole).toString());
+        QCOMPARE(tip.toPlainText(), m_folder.path("<h1>a.png"_s));
+        const QAction *recent = m_window->findChild<RecentFiles *>()->actions().first();
+        QVERIFY2(recent->text().contains("<h1>&&[*]\\u001b\\n"_s), qUtf8Printable(recent->text()));
+        QVERIFY(recent->statusTip().contains(shown));
+        QCOMPARE(markedUpNames(), QStringList());
+
+        trigger("Export normals"_s, {plain("OK"_s)});
+        QVERIFY(m_script->seen().last().endsWith("/<h1>"_s));
+        m_script->then(plain("OK"_s)); // what could not be added
+        drop({m_folder.write("<h1>\x1b\n.png"_s, "no picture")});
+        QVERIFY(m_script->seen().last().contains("<h1>\\u001b\\n.png"_s));
+        m_script->then(plain("Discard"_s)).then(plain("OK"_s)); // changes, then what can't be read
+        QVERIFY(!m_window->openPath(m_folder.write("<h1>\x1b broken.vep"_s, "nothing")));
+        QVERIFY(m_script->seen().last().contains("<h1>\\u001b broken.vep"_s));
+
+        std::vector<RecoveryEntry> entries(1);
+        entries[0].folder = RecoveryStore(m_folder.path("recovery"_s)).createFolder();
+        entries[0].index.emplace();
+        entries[0].index->projectPath = path;
+        RecoveryDialog dialog(entries);
+        dialog.show();
+        QCOMPARE(markedUpNames(), QStringList());
     }
 
     void publishDialogAsksUntilTheSpritesAreSafe()

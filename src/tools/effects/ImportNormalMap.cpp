@@ -1,5 +1,6 @@
 #include "tools/effects/ImportNormalMap.h"
 
+#include "base/PlainText.h"
 #include "framework/ThemedIcon.h"
 #include "imaging/NormalEncoding.h"
 #include "model/Body.h"
@@ -70,11 +71,12 @@ void ImportNormalMap::showError(const QString &message)
 
 ImportNormalMap::Answer ImportNormalMap::ask(const ImportedNormalMap &map)
 {
-    QMessageBox box(QMessageBox::Warning,
-                    tr("Import normal map"),
-                    tr("Something about '%1' is unusual:").arg(QFileInfo(map.path).fileName()),
-                    QMessageBox::NoButton,
-                    context().window);
+    QMessageBox box(
+        QMessageBox::Warning,
+        tr("Import normal map"),
+        tr("Something about '%1' is unusual:").arg(shownText(QFileInfo(map.path).fileName())),
+        QMessageBox::NoButton,
+        context().window);
     box.setTextFormat(Qt::PlainText);
     box.setInformativeText(doubtsAbout(map.judgement).join(QStringLiteral("\n\n")));
     QPushButton *flip = nullptr;
