@@ -3208,6 +3208,10 @@ Map</translation>
         <source>the text has more than a million elements; split the project into several ones</source>
         <translation>der Text hat mehr als eine Million Elemente; bitte in mehrere Projekte aufteilen</translation>
     </message>
+    <message>
+        <source>the text has more than 300,000 attributes; split the project into several ones</source>
+        <translation>der Text hat mehr als 300.000 Attribute; bitte in mehrere Projekte aufteilen</translation>
+    </message>
 </context>
 <context>
     <name>ZoomWidget</name>

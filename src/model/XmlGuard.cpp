@@ -13,6 +13,7 @@ constexpr int longest = 64 * 1024 * 1024;
 constexpr int mostAttributes = 100;
 constexpr int mostBodies = 100'000;
 constexpr int mostNodes = 1'000'000;
+constexpr int mostAttributesInAll = 300'000;
 
 XmlProblem problem(const char *text, qint64 line)
 {
@@ -98,6 +99,12 @@ public:
                                              "the project has more than 100,000 bodies; split it "
                                              "into several projects"),
                            reader.lineNumber());
+        m_attributes += isStart ? reader.attributes().size() : 0;
+        if (m_attributes > mostAttributesInAll)
+            return problem(QT_TRANSLATE_NOOP("XmlGuard",
+                                             "the text has more than 300,000 attributes; split the "
+                                             "project into several ones"),
+                           reader.lineNumber());
         const bool isKept = token != QXmlStreamReader::EndElement && !reader.isWhitespace();
         m_nodes += isKept ? 1 : 0;
         if (m_nodes > mostNodes)
@@ -113,6 +120,7 @@ private:
     int m_depth = 0;
     int m_bodies = 0;
     int m_nodes = 0;
+    int m_attributes = 0;
 };
 } // namespace
 

@@ -296,6 +296,10 @@ void TestProjectFile::trapsAreRefusedInWords_data()
     QTest::newRow("many bodies") << bodies(100'001)
                                  << "XML parser error: the project has more than 100,000 bodies; "
                                     "split it into several projects (line 1)";
+    QTest::newRow("many attributes in all")
+        << projectXml(QByteArray("<a a='' b=''/>").repeated(150'001))
+        << "XML parser error: the text has more than 300,000 attributes; split the project into "
+           "several ones (line 1)";
     QTest::newRow("many elements") << projectXml(QByteArray("<a/>").repeated(1'000'000))
                                    << "XML parser error: the text has more than a million "
                                       "elements; split the project into several ones (line 1)";
