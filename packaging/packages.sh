@@ -4,7 +4,7 @@ vesperine_build_packages=(cmake ninja-build g++ ccache qtbase5-dev qtbase5-priva
     libqt5svg5-dev qttools5-dev qttools5-dev-tools libxcb1-dev libgl1-mesa-dri
     libopencv-core-dev libopencv-imgproc-dev libcli11-dev zlib1g-dev)
 vesperine_test_packages=("${vesperine_build_packages[@]}" python3 git clang-format-14 clang-tidy-14
-    librapidcheck-dev xvfb xauth openssl dpkg-dev man-db desktop-file-utils appstream
+    librapidcheck-dev xvfb xauth xdotool openssl dpkg-dev man-db desktop-file-utils appstream
     shared-mime-info)
 vesperine_qt6_packages=("${vesperine_test_packages[@]}" qt6-base-dev qt6-base-private-dev
     qt6-svg-dev qt6-tools-dev qt6-l10n-tools)

@@ -50,6 +50,11 @@ GApplication::GApplication(int &argc, char **argv)
     , m_settings(std::make_unique<GSettings>(std::make_unique<QSettings>()))
     , m_language(std::make_unique<Language>(*m_settings))
 {
+    // A stroke goes through every place that the pointer was at, also through those of the time
+    // that a repaint took. Only now: the platform's plugin, which comes with the application, sets
+    // what it takes for right.
+    setAttribute(Qt::AA_CompressHighFrequencyEvents, false);
+    setAttribute(Qt::AA_CompressTabletEvents, false);
     applyTheme(theme());
 }
 

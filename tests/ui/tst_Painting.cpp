@@ -4,14 +4,17 @@
 #include "preview/EditorGraphicsViewVesperine.h"
 #include "preview/NormalMapEditorScene.h"
 #include "preview/SpriteItem.h"
+#include "support/PaintCounter.h"
 #include "support/PaintedSurface.h"
 #include "support/Studio.h"
 #include "support/Widgets.h"
 #include "support/WindowTest.h"
 #include "tools/PaintToolHeightBrush.h"
+#include "tools/ToolPanel.h"
 
 #include <QAction>
 #include <QMap>
+#include <QProcess>
 #include <QThreadPool>
 
 #include <rapidcheck.h>
@@ -129,6 +132,42 @@ private Q_SLOTS:
             if (selecting == 0)
                 QCOMPARE(studio.surface(), everywhere.stored);
         }
+    }
+
+    // While the program is busy, as it is during a repaint. Events made here would not wait in the
+    // X server's queue, which is where they got lost.
+    void aFastStrokePaintsEveryMove()
+    {
+        constexpr int moves = 200;
+        Studio studio({220, 60});
+        studio.body(0).paintedNormalMap().setAngleImage(AngleImage(220, 60, 7), "import"_s);
+        studio.key(Qt::Key_E);
+        const QMap<QString, int> small{{"BrushSize"_s, 3}, {"Hardness"_s, 100}};
+        for (const ToolSetting &setting : studio.scene().tool()->settings()) {
+            if (small.contains(setting.key))
+                setting.write(small[setting.key]);
+        }
+        QStringList arguments;
+        const auto goTo = [&](const QPoint &pixel) {
+            const QPointF place = studio.viewport().mapToGlobal(studio.at(pixel));
+            const QPoint real = (place * studio.viewport().devicePixelRatioF()).toPoint();
+            arguments += {"mousemove"_s, QString::number(real.x()), QString::number(real.y())};
+        };
+        const auto corner = [](int move) { return QPoint(10 + move, move % 2 == 0 ? 15 : 45); };
+        goTo(corner(0));
+        arguments += {"mousedown"_s, "1"_s};
+        for (int move = 1; move <= moves; ++move)
+            goTo(corner(move));
+        arguments += {"mouseup"_s, "1"_s};
+        const PaintCounter frames(studio.viewport());
+        QCOMPARE(QProcess::execute("xdotool"_s, arguments), 0);
+        QTRY_COMPARE(studio.stack().undoText(), "Erase"_s);
+        for (int move = 0; move <= moves; ++move) {
+            const QPoint tip = corner(move);
+            QVERIFY2(studio.surface().row(tip.y())[tip.x()] == AngleImage::Pixel(),
+                     qPrintable("move %1 is not painted"_s.arg(move)));
+        }
+        QVERIFY2(frames.count < moves / 10, qPrintable(QString::number(frames.count)));
     }
 
     void aSecondButtonDoesNotLoseTheStroke()
