@@ -11,6 +11,7 @@
 #include <QScrollBar>
 #include <QTabletEvent>
 #include <QWheelEvent>
+#include <QWindow>
 
 #include <cmath>
 
@@ -33,6 +34,16 @@ double notchesOf(const QWheelEvent &event)
     return double(angle.y() ? angle.y() : angle.x()) / angleOfNotch;
 }
 
+/// In the widget that hears it; the toolkit rounds that to whole logical pixels.
+QPointF exactPlace(const QMouseEvent &event)
+{
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
+    return event.pos() + (event.windowPos() - event.windowPos().toPoint());
+#else
+    return event.position();
+#endif
+}
+
 /// After these the release of a button may go elsewhere.
 bool losesGesture(QEvent::Type type)
 {
@@ -43,6 +54,7 @@ bool losesGesture(QEvent::Type type)
 
 EditorGraphicsView::EditorGraphicsView(QWidget *parent)
     : QGraphicsView(parent)
+    , m_grid(devicePixelRatioF())
     , m_pen(std::make_unique<PenInput>(*this))
     , m_keys(std::make_unique<ViewKeys>(*this, *m_pen))
 {
@@ -58,6 +70,7 @@ EditorGraphicsView::EditorGraphicsView(QWidget *parent)
     setMouseTracking(true);
     // The right button may be the tool's.
     setContextMenuPolicy(Qt::PreventContextMenu);
+    updateTransform();
 }
 
 EditorGraphicsView::~EditorGraphicsView() = default;
@@ -72,7 +85,7 @@ void EditorGraphicsView::setEditorScene(EditorScene *scene)
         return;
     connect(scene, &QGraphicsScene::sceneRectChanged, this, &EditorGraphicsView::updateReach);
     connect(scene, &EditorScene::pointerChanged, this, &EditorGraphicsView::updatePointer);
-    scene->setDisplayScaleFactor(static_cast<float>(zoom()));
+    scene->setDisplayScaleFactor(float(m_grid.scale()));
     updateReach();
     updatePointer();
 }
@@ -98,7 +111,8 @@ void EditorGraphicsView::fit(const QRectF &rect)
     const double across = viewport()->width() * fitShare / rect.width();
     const double down = viewport()->height() * fitShare / rect.height();
     inOneStep([&] {
-        applyZoom(qBound(minimumZoom, qMin(across, down), maximumFitZoom));
+        const double zoom = m_grid.zoomOf(qMin(across, down));
+        applyZoom(qBound(minimumZoom, zoom, maximumFitZoom));
         place(rect.center(), middle(viewport()->size()));
     });
 }
@@ -120,19 +134,36 @@ void EditorGraphicsView::inOneStep(const std::function<void()> &steps)
     setInteractive(false);
     steps();
     setInteractive(wasInteractive);
+    tellPlace();
     if (wasInteractive)
         scrollContentsBy(0, 0);
 }
 
 void EditorGraphicsView::applyZoom(double zoom)
 {
-    if (zoom == this->zoom())
-        return;
-    setTransform(QTransform::fromScale(zoom, zoom));
+    const bool isNew = zoom != this->zoom();
+    m_grid = PixelGrid(devicePixelRatioF(), zoom);
+    updateTransform();
     updateReach();
     if (m_scene)
-        m_scene->setDisplayScaleFactor(static_cast<float>(zoom));
-    Q_EMIT zoomChanged(zoom);
+        m_scene->setDisplayScaleFactor(float(m_grid.scale()));
+    if (isNew)
+        Q_EMIT zoomChanged(zoom);
+}
+
+// Scroll bars count logical pixels. What is missing to whole device pixels is added here, so that
+// the borders of sprite pixels always fall between those.
+void EditorGraphicsView::updateTransform()
+{
+    const QPointF shift = m_grid.toCorner(-scroll());
+    setTransform({m_grid.scale(), 0.0, 0.0, m_grid.scale(), shift.x(), shift.y()});
+}
+
+// To one of another ratio the window can come at any time.
+void EditorGraphicsView::followScreen()
+{
+    if (devicePixelRatioF() != m_grid.ratio())
+        zoomAround(middle(viewport()->size()), zoom());
 }
 
 QPoint EditorGraphicsView::scroll() const
@@ -166,7 +197,7 @@ void EditorGraphicsView::updateReach()
 {
     if (!m_scene)
         return;
-    const QSizeF room = QSizeF(viewport()->size()) / zoom();
+    const QSizeF room = QSizeF(viewport()->size()) / m_grid.scale();
     setSceneRect(
         m_scene->sceneRect().adjusted(-room.width(), -room.height(), room.width(), room.height()));
 }
@@ -183,6 +214,10 @@ void EditorGraphicsView::updatePointer()
 
 void EditorGraphicsView::scrollContentsBy(int dx, int dy)
 {
+    const bool wasInteractive = isInteractive();
+    setInteractive(false);
+    updateTransform();
+    setInteractive(wasInteractive);
     QGraphicsView::scrollContentsBy(dx, dy);
     // The toolkit leaves this out in a view that does not follow its items by itself.
     viewport()->update();
@@ -199,6 +234,7 @@ void EditorGraphicsView::resizeEvent(QResizeEvent *event)
 void EditorGraphicsView::showEvent(QShowEvent *event)
 {
     QGraphicsView::showEvent(event);
+    followScreen();
     fit(m_pendingFit);
     m_pendingFit = {};
 }
@@ -299,8 +335,9 @@ bool EditorGraphicsView::takeMouse(const QMouseEvent &event)
     if (m_pen->isEcho(event))
         return false;
     m_pen->leave();
-    if (m_scene)
-        m_scene->setPen({});
+    m_touch = {};
+    m_pointerPlace = exactPlace(event);
+    tellPlace();
     return true;
 }
 
@@ -309,14 +346,14 @@ void EditorGraphicsView::takePen(QTabletEvent &event)
     // Or it would come again as a mouse event.
     event.accept();
     QMouseEvent mouse = m_pen->mouseEvent(event);
-    const QPointF offset = (event.posF() - QPointF(mouse.pos())) / zoom();
+    m_pointerPlace = event.posF();
 #if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
     const bool isEraser = event.pointerType() == QTabletEvent::Eraser;
 #else
     const bool isEraser = event.pointerType() == QPointingDevice::PointerType::Eraser;
 #endif
-    if (m_scene)
-        m_scene->setPen({offset, event.pressure(), isEraser});
+    m_touch = {{}, event.pressure(), isEraser};
+    tellPlace();
     if (mouse.type() == QEvent::MouseMove)
         return move(mouse);
     if (mouse.type() == QEvent::MouseButtonRelease)
@@ -324,6 +361,24 @@ void EditorGraphicsView::takePen(QTabletEvent &event)
     // Of a mouse the toolkit does this.
     setFocus(Qt::MouseFocusReason);
     press(mouse);
+}
+
+// The toolkit counts on with the whole logical pixel.
+void EditorGraphicsView::tellPlace()
+{
+    m_touch.offset = exactlyAt(m_pointerPlace) - mapToScene(m_pointerPlace.toPoint());
+    if (m_scene)
+        m_scene->setPen(m_touch);
+}
+
+QPointF EditorGraphicsView::exactlyAt(const QPointF &viewPoint) const
+{
+    // The window's own ratio is the exact one.
+    const QWindow *window = this->window()->windowHandle();
+    const PixelGrid exact(window ? window->devicePixelRatio() : m_grid.ratio());
+    const QPoint corner = viewport()->mapTo(this->window(), QPoint());
+    const QPointF place = (viewPoint - exact.toCorner(corner)) * exact.ratio();
+    return m_grid.sceneAt(place - viewportTransform().map(QPointF()) * m_grid.ratio());
 }
 
 void EditorGraphicsView::penLeft()
@@ -345,6 +400,8 @@ void EditorGraphicsView::loseGesture()
 bool EditorGraphicsView::viewportEvent(QEvent *event)
 {
     const QEvent::Type type = event->type();
+    if (type == QEvent::Paint)
+        followScreen();
     if (type == QEvent::TabletPress || type == QEvent::TabletMove ||
         type == QEvent::TabletRelease) {
         takePen(static_cast<QTabletEvent &>(*event));

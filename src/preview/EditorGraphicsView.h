@@ -1,5 +1,8 @@
 #pragma once
 
+#include "preview/EditorScene.h"
+#include "preview/PixelGrid.h"
+
 #include <QGraphicsView>
 #include <QPointer>
 
@@ -7,7 +10,6 @@
 #include <memory>
 #include <optional>
 
-class EditorScene;
 class PenInput;
 class QGestureEvent;
 class ViewKeys;
@@ -26,8 +28,8 @@ public:
     explicit EditorGraphicsView(QWidget *parent = nullptr);
     ~EditorGraphicsView() override;
 
-    /// 1 shows a scene pixel as one logical pixel of the screen.
-    double zoom() const { return transform().m11(); }
+    /// 1 shows a scene pixel as one of the screen, as two where those are half as large.
+    double zoom() const { return m_grid.zoom(); }
     void setEditorScene(EditorScene *scene);
 
 public Q_SLOTS:
@@ -67,6 +69,8 @@ private:
     void place(const QPointF &scenePoint, const QPointF &viewPoint);
     void zoomAround(const QPointF &viewPoint, double zoom);
     void applyZoom(double zoom);
+    void updateTransform();
+    void followScreen();
     void fit(const QRectF &rect);
     void panBy(const QPoint &distance);
     void inOneStep(const std::function<void()> &steps);
@@ -80,15 +84,20 @@ private:
     void release(QMouseEvent &event);
     bool takeMouse(const QMouseEvent &event);
     void takePen(QTabletEvent &event);
+    void tellPlace();
+    QPointF exactlyAt(const QPointF &viewPoint) const;
     void penLeft();
     void loseGesture();
     void pinch(const QGestureEvent &event);
 
     QPointer<EditorScene> m_scene;
+    PixelGrid m_grid;
     std::optional<Anchor> m_anchor;
     QRectF m_pendingFit;
     Qt::MouseButton m_panButton = Qt::NoButton;
     QPoint m_panFrom;
+    QPointF m_pointerPlace; // of the last event, in the viewport
+    PenTouch m_touch;
     std::unique_ptr<PenInput> m_pen;
     std::unique_ptr<ViewKeys> m_keys;
 };

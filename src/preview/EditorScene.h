@@ -3,7 +3,7 @@
 #include <QCursor>
 #include <QGraphicsScene>
 
-/// What a pen tells besides what a mouse does.
+/// What pointers tell besides what the toolkit's mouse events hold.
 struct PenTouch
 {
     QPointF offset; ///< in scene pixels, from the mouse event's whole pixel to the exact place
@@ -21,12 +21,12 @@ public:
     using QGraphicsScene::QGraphicsScene;
 
     float displayScaleFactor() const { return m_displayScaleFactor; }
-    /// The zoom of the view, 1 for one scene pixel a screen pixel.
+    /// The logical pixels that a scene pixel has on the screen.
     virtual void setDisplayScaleFactor(float factor) { m_displayScaleFactor = factor; }
     /// Only looking, while the user holds the key that pans.
     virtual void setViewOnly(bool isViewOnly) { Q_UNUSED(isViewOnly) }
 
-    /// What the mouse events that follow are made of; the default for a mouse.
+    /// What the mouse events that follow are made of.
     virtual void setPen(const PenTouch &touch) { Q_UNUSED(touch) }
     /// Ends what the mouse is doing where it is, since its release will not be heard.
     virtual void finishGesture() {}

@@ -260,6 +260,7 @@ InteractionMode NormalMapEditorScene::interactionMode() const
 void NormalMapEditorScene::setPen(const PenTouch &touch)
 {
     m_routing->setPen(touch);
+    m_offset = touch.offset;
 }
 
 bool NormalMapEditorScene::isGestureOpen() const
@@ -353,6 +354,7 @@ void NormalMapEditorScene::pressed(QGraphicsSceneMouseEvent &event, ToolOperatio
 
 void NormalMapEditorScene::mousePressEvent(QGraphicsSceneMouseEvent *event)
 {
+    event->setScenePos(event->scenePos() + m_offset);
     GLGraphicsScene::mousePressEvent(event);
     if (!event->isAccepted())
         pressed(*event, &ToolRouting::press);
@@ -361,6 +363,7 @@ void NormalMapEditorScene::mousePressEvent(QGraphicsSceneMouseEvent *event)
 
 void NormalMapEditorScene::mouseDoubleClickEvent(QGraphicsSceneMouseEvent *event)
 {
+    event->setScenePos(event->scenePos() + m_offset);
     GLGraphicsScene::mouseDoubleClickEvent(event);
     if (!event->isAccepted())
         pressed(*event, &ToolRouting::doubleClick);
@@ -369,6 +372,7 @@ void NormalMapEditorScene::mouseDoubleClickEvent(QGraphicsSceneMouseEvent *event
 
 void NormalMapEditorScene::mouseMoveEvent(QGraphicsSceneMouseEvent *event)
 {
+    event->setScenePos(event->scenePos() + m_offset);
     GLGraphicsScene::mouseMoveEvent(event);
     m_pointer->moveTo(event->scenePos());
     if (m_selection->isPressed())
@@ -382,6 +386,7 @@ void NormalMapEditorScene::mouseMoveEvent(QGraphicsSceneMouseEvent *event)
 
 void NormalMapEditorScene::mouseReleaseEvent(QGraphicsSceneMouseEvent *event)
 {
+    event->setScenePos(event->scenePos() + m_offset);
     GLGraphicsScene::mouseReleaseEvent(event);
     // The tool hears of one that the light took, too: another button may have come down on it.
     if (!m_selection->isPressed())

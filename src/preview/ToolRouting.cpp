@@ -166,7 +166,7 @@ void ToolRouting::prepareForPush()
 ToolPointerEvent ToolRouting::toolEvent(const QGraphicsSceneMouseEvent &event,
                                         Qt::MouseButton changedButton) const
 {
-    return {event.scenePos() + m_pen.offset - m_target->pos(),
+    return {event.scenePos() - m_target->pos(),
             m_pen.pressure,
             m_pen.isEraser,
             event.buttons(),
