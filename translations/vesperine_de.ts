@@ -312,8 +312,8 @@
         <translation>Um den Zeiger zoomen</translation>
     </message>
     <message>
-        <source>Alt+Wheel</source>
-        <translation>Alt+Mausrad</translation>
+        <source>Alt or Space+Wheel</source>
+        <translation>Alt oder Leertaste+Mausrad</translation>
     </message>
     <message>
         <source>Pan</source>
@@ -3234,6 +3234,10 @@ Map</translation>
     <message>
         <source>Zoom Fit</source>
         <translation>Zoom einpassen</translation>
+    </message>
+    <message>
+        <source>Zoom to Selection</source>
+        <translation>Zoom auf Auswahl</translation>
     </message>
     <message>
         <source>Zoom:</source>

@@ -18,6 +18,7 @@
 namespace {
 constexpr double maximumFitZoom = 16.0;
 constexpr double fitShare = 0.9;         // of the view's sides
+constexpr double edgeShare = 0.1;        // where content counts as out of view
 constexpr double notchesToDouble = 4.0;  // of a mouse wheel
 constexpr int angleOfNotch = 120;        // as the toolkit counts
 constexpr int scrolledAnglePerPixel = 2; // a notch is 60 pixels
@@ -93,27 +94,42 @@ void EditorGraphicsView::setEditorScene(EditorScene *scene)
 void EditorGraphicsView::setZoom(double zoom)
 {
     const QPointF pointer = viewport()->mapFromGlobal(QCursor::pos());
+    m_fitted = {};
     zoomAround(viewport()->underMouse() ? pointer : middle(viewport()->size()), zoom);
+    keepContentInView();
+}
+
+// Not only a sliver at the edge.
+void EditorGraphicsView::keepContentInView()
+{
+    if (!m_scene)
+        return;
+    const QSizeF edge = QSizeF(viewport()->size()) / m_grid.scale() * edgeShare;
+    const QRectF seen = mapToScene(viewport()->rect())
+                            .boundingRect()
+                            .adjusted(edge.width(), edge.height(), -edge.width(), -edge.height());
+    const QPointF nearest = m_scene->contentNear(seen.center());
+    if (!seen.contains(nearest))
+        place(nearest, middle(viewport()->size()));
 }
 
 void EditorGraphicsView::zoomToFit(const QRectF &rect)
 {
+    m_fitted = rect;
     if (isVisible())
-        fit(rect);
-    else
-        m_pendingFit = rect;
+        fit();
 }
 
-void EditorGraphicsView::fit(const QRectF &rect)
+void EditorGraphicsView::fit()
 {
-    if (rect.isEmpty())
+    if (m_fitted.isEmpty())
         return;
-    const double across = viewport()->width() * fitShare / rect.width();
-    const double down = viewport()->height() * fitShare / rect.height();
+    const double across = viewport()->width() * fitShare / m_fitted.width();
+    const double down = viewport()->height() * fitShare / m_fitted.height();
     inOneStep([&] {
         const double zoom = m_grid.zoomOf(qMin(across, down));
         applyZoom(qBound(minimumZoom, zoom, maximumFitZoom));
-        place(rect.center(), middle(viewport()->size()));
+        place(m_fitted.center(), middle(viewport()->size()));
     });
 }
 
@@ -229,27 +245,31 @@ void EditorGraphicsView::resizeEvent(QResizeEvent *event)
     QGraphicsView::resizeEvent(event);
     updateReach();
     place(centre, middle(viewport()->size()));
+    // A window that is to be maximised is shown first and gets its size later.
+    if (isVisible())
+        fit();
 }
 
 void EditorGraphicsView::showEvent(QShowEvent *event)
 {
     QGraphicsView::showEvent(event);
     followScreen();
-    fit(m_pendingFit);
-    m_pendingFit = {};
+    fit();
 }
 
 void EditorGraphicsView::wheelEvent(QWheelEvent *event)
 {
     const double notches = notchesOf(*event);
-    if (event->modifiers() & Qt::ControlModifier) {
+    if (event->modifiers() & Qt::ControlModifier && !m_keys->isSpaceHeld()) {
         // A touchpad also tells when it begins and ends.
         const bool isTaken = m_scene && notches != 0.0;
         event->setAccepted(isTaken && m_scene->turnWheel(notches, event->modifiers()));
         return;
     }
     event->accept();
-    if (event->modifiers() & Qt::AltModifier) {
+    m_fitted = {};
+    // Many window managers take Alt and wheel for themselves.
+    if (event->modifiers() & Qt::AltModifier || m_keys->isSpaceHeld()) {
         zoomAround(event->position(), zoom() * std::exp2(notches / notchesToDouble));
         return;
     }
@@ -300,6 +320,7 @@ void EditorGraphicsView::mouseReleaseEvent(QMouseEvent *event)
 
 void EditorGraphicsView::press(QMouseEvent &event)
 {
+    m_fitted = {};
     if (startPan(event))
         return;
     if (event.type() == QEvent::MouseButtonDblClick)
@@ -430,6 +451,7 @@ void EditorGraphicsView::pinch(const QGestureEvent &event)
     const auto *gesture = static_cast<const QPinchGesture *>(event.gesture(Qt::PinchGesture));
     if (!gesture)
         return;
+    m_fitted = {};
     if (gesture->changeFlags() & QPinchGesture::CenterPointChanged)
         panBy((gesture->centerPoint() - gesture->lastCenterPoint()).toPoint());
     if (gesture->changeFlags() & QPinchGesture::ScaleFactorChanged)

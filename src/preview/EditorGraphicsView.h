@@ -33,10 +33,11 @@ public:
     void setEditorScene(EditorScene *scene);
 
 public Q_SLOTS:
-    /// Keeps the point under the pointer, the centre when the pointer is elsewhere.
+    /// Keeps the point under the pointer, the centre when the pointer is elsewhere; some of the
+    /// scene's content stays in view.
     void setZoom(double zoom);
-    /// Shows all of @p rect, centred, with some room around; never above 1600 %. In a view that is
-    /// not shown yet, as soon as it is.
+    /// Shows all of @p rect, centred, with some room around; never above 1600 %. The view goes on
+    /// showing it when it gets its size, until the user does something in it.
     void zoomToFit(const QRectF &rect);
 
 Q_SIGNALS:
@@ -71,7 +72,8 @@ private:
     void applyZoom(double zoom);
     void updateTransform();
     void followScreen();
-    void fit(const QRectF &rect);
+    void fit();
+    void keepContentInView();
     void panBy(const QPoint &distance);
     void inOneStep(const std::function<void()> &steps);
     void updateReach();
@@ -93,7 +95,7 @@ private:
     QPointer<EditorScene> m_scene;
     PixelGrid m_grid;
     std::optional<Anchor> m_anchor;
-    QRectF m_pendingFit;
+    QRectF m_fitted;
     Qt::MouseButton m_panButton = Qt::NoButton;
     QPoint m_panFrom;
     QPointF m_pointerPlace; // of the last event, in the viewport

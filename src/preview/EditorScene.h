@@ -28,6 +28,13 @@ public:
 
     /// What the mouse events that follow are made of.
     virtual void setPen(const PenTouch &touch) { Q_UNUSED(touch) }
+    /// The point of its content that is nearest to @p place, which is @p place itself inside.
+    virtual QPointF contentNear(const QPointF &place) const
+    {
+        const QRectF content = sceneRect();
+        return {qBound(content.left(), place.x(), content.right()),
+                qBound(content.top(), place.y(), content.bottom())};
+    }
     /// Ends what the mouse is doing where it is, since its release will not be heard.
     virtual void finishGesture() {}
     /// The wheel turned with Control held. False when that means nothing here.

@@ -21,6 +21,9 @@
 #include <QGraphicsSceneMouseEvent>
 #include <QGraphicsView>
 #include <QKeyEvent>
+#include <QLineF>
+
+#include <limits>
 
 namespace {
 constexpr QRectF emptyContent(-256.0, -256.0, 512.0, 512.0);
@@ -167,6 +170,33 @@ SpriteItem *NormalMapEditorScene::spriteItem(const Body *body) const
 QRectF NormalMapEditorScene::spritesRect() const
 {
     return m_items->rect();
+}
+
+QRectF NormalMapEditorScene::selectedRect() const
+{
+    QRectF rect;
+    for (const Body *body : m_bodies.selection()) {
+        if (const SpriteItem *item = m_items->item(body))
+            rect |= item->sceneBoundingRect();
+    }
+    return rect;
+}
+
+// Between sprites there may be more ground than a view shows.
+QPointF NormalMapEditorScene::contentNear(const QPointF &place) const
+{
+    QPointF nearest = GLGraphicsScene::contentNear(place);
+    double distance = std::numeric_limits<double>::max();
+    for (const SpriteItem *item : m_items->items()) {
+        const QRectF rect = item->sceneBoundingRect();
+        const QPointF point(qBound(rect.left(), place.x(), rect.right()),
+                            qBound(rect.top(), place.y(), rect.bottom()));
+        if (const double here = QLineF(place, point).length(); here < distance) {
+            distance = here;
+            nearest = point;
+        }
+    }
+    return nearest;
 }
 
 QRectF NormalMapEditorScene::contentRect() const

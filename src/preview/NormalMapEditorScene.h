@@ -48,6 +48,9 @@ public:
     SpriteItem *spriteItem(const Body *body) const;
     /// The rectangle of all sprites; empty without any.
     QRectF spritesRect() const;
+    /// The rectangle of the selected sprites; empty without any.
+    QRectF selectedRect() const;
+    QPointF contentNear(const QPointF &place) const override;
     /// What a view shows to begin with: all sprites, or the start screen.
     QRectF contentRect() const;
 

@@ -41,6 +41,15 @@ public:
     }
 };
 
+/// Or becomes one, as the line completes what it can when it is left.
+bool isPercentage(const QLineEdit &edit)
+{
+    int cursor = 0;
+    QString text = edit.text();
+    edit.validator()->fixup(text);
+    return edit.validator()->validate(text, cursor) == QValidator::Acceptable;
+}
+
 QIcon zoomIcon(const QString &name)
 {
     return themedIcon(QStringLiteral(":/icons/zoom_%1.svg").arg(name));
@@ -68,6 +77,7 @@ ZoomWidget::ZoomWidget(QWidget *parent)
     , m_out(new GAction(zoomIcon(QStringLiteral("out")), tr("Zoom Out"), this))
     , m_oneToOne(new GAction(zoomIcon(QStringLiteral("one")), tr("Zoom 1:1"), this))
     , m_fit(new GAction(zoomIcon(QStringLiteral("fit")), tr("Zoom Fit"), this))
+    , m_selection(new GAction(tr("Zoom to Selection"), this))
 {
     setToolTip(zoomToolTip());
     auto *label = new QLabel(tr("Zoom:"), this);
@@ -90,14 +100,17 @@ ZoomWidget::ZoomWidget(QWidget *parent)
     m_out->setObjectName(QStringLiteral("zoomOut"));
     m_oneToOne->setObjectName(QStringLiteral("zoomOneToOne"));
     m_fit->setObjectName(QStringLiteral("zoomFit"));
+    m_selection->setObjectName(QStringLiteral("zoomToSelection"));
     m_in->setShortcuts(QKeySequence::ZoomIn);
     m_out->setShortcuts(QKeySequence::ZoomOut);
     m_oneToOne->setShortcut(QKeySequence(QStringLiteral("Ctrl+0")));
     m_fit->setShortcut(QKeySequence(QStringLiteral("Ctrl+1")));
+    m_selection->setShortcut(QKeySequence(QStringLiteral("Ctrl+2")));
     connect(m_in, &QAction::triggered, this, &ZoomWidget::zoomIn);
     connect(m_out, &QAction::triggered, this, &ZoomWidget::zoomOut);
     connect(m_oneToOne, &QAction::triggered, this, [this] { Q_EMIT zoomRequested(1.0); });
     connect(m_fit, &QAction::triggered, this, &ZoomWidget::fitRequested);
+    connect(m_selection, &QAction::triggered, this, &ZoomWidget::selectionRequested);
     showZoom();
 }
 
@@ -154,7 +167,7 @@ bool ZoomWidget::eventFilter(QObject *watched, QEvent *event)
     }
     const bool isEscape = event->type() == QEvent::KeyPress &&
                           static_cast<QKeyEvent *>(event)->key() == Qt::Key_Escape;
-    const bool isUnfit = event->type() == QEvent::FocusOut && !m_edit->hasAcceptableInput();
+    const bool isUnfit = event->type() == QEvent::FocusOut && !isPercentage(*m_edit);
     if (isEscape || isUnfit)
         showZoom();
     if (isEscape)

@@ -15,8 +15,8 @@ public:
     explicit ZoomWidget(QWidget *parent = nullptr);
 
     double zoom() const { return m_zoom; }
-    /// "Zoom In", "Zoom Out", "Zoom 1:1", "Zoom Fit", in this order.
-    QVector<GAction *> zoomActions() const { return {m_in, m_out, m_oneToOne, m_fit}; }
+    /// "Zoom In", "Zoom Out", "Zoom 1:1", "Zoom Fit", "Zoom to Selection", in this order.
+    QVector<GAction *> zoomActions() const { return {m_in, m_out, m_oneToOne, m_fit, m_selection}; }
 
 public Q_SLOTS:
     /// Shows @p zoom (1 is 100 percent) without a signal.
@@ -25,6 +25,7 @@ public Q_SLOTS:
 Q_SIGNALS:
     void zoomRequested(double zoom);
     void fitRequested();
+    void selectionRequested();
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
@@ -42,4 +43,5 @@ private:
     GAction *m_out;
     GAction *m_oneToOne;
     GAction *m_fit;
+    GAction *m_selection;
 };

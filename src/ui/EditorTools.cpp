@@ -53,7 +53,7 @@ QList<ShortcutGroup> editorGestures()
         Words::tr("View and sprites"),
         {{Words::tr("Move the light"), Words::tr("Drag it")},
          {Words::tr("Place the light at the pointer"), Words::tr("P")},
-         {Words::tr("Zoom around the pointer"), Words::tr("Alt+Wheel")},
+         {Words::tr("Zoom around the pointer"), Words::tr("Alt or Space+Wheel")},
          {Words::tr("Pan"), Words::tr("Space+Drag, middle button")},
          {Words::tr("Add a sprite to the selection"), Words::tr("Ctrl or Shift+Click")},
          {Words::tr("Select the sprites in a frame"), Words::tr("Drag beside sprites")}}};

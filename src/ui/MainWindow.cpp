@@ -227,6 +227,10 @@ void MainWindow::connectPanels()
     connect(&m_sprites->list(), &ShapeTreeView::pathsDropped, this, &MainWindow::openOrAdd);
     m_undoActions->setTool(m_tools->activeTool());
     connect(m_tools, &ToolsSidebar::activeToolChanged, m_undoActions, &UndoActions::setTool);
+    connect(&m_sprites->list(),
+            &ShapeTreeView::thumbnailDoubleClicked,
+            m_editor,
+            &NormalMapEditor::zoomToSelection);
     connect(m_editor, &NormalMapEditor::pathsDropped, this, &MainWindow::openOrAdd);
     connect(m_editor, &NormalMapEditor::effectOpenChanged, this, &MainWindow::lockForEffect);
     connect(

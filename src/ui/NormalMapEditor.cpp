@@ -61,6 +61,8 @@ NormalMapEditor::NormalMapEditor(ItemSelectionModel &bodies,
             &NormalMapEditorScene::pointedPixelChanged,
             this,
             &NormalMapEditor::pointedPixelChanged);
+    connect(
+        m_scene, &NormalMapEditorScene::contentRectChanged, this, &NormalMapEditor::followContent);
     connect(m_scene, &NormalMapEditorScene::noticed, this, &NormalMapEditor::noticed);
     connect(m_effects, &EffectRouting::noticed, this, &NormalMapEditor::noticed);
     connect(m_effects, &EffectRouting::effectChanged, this, &NormalMapEditor::followEffect);
@@ -132,6 +134,7 @@ void NormalMapEditor::setZoomWidget(ZoomWidget &zoom)
     connect(m_view, &EditorGraphicsView::zoomChanged, &zoom, &ZoomWidget::setZoom);
     connect(&zoom, &ZoomWidget::zoomRequested, m_view, &EditorGraphicsView::setZoom);
     connect(&zoom, &ZoomWidget::fitRequested, this, &NormalMapEditor::zoomToFit);
+    connect(&zoom, &ZoomWidget::selectionRequested, this, &NormalMapEditor::zoomToSelection);
     zoom.setZoom(m_view->zoom());
 }
 
@@ -180,6 +183,22 @@ void NormalMapEditor::setTextureOverlay(double factor)
 void NormalMapEditor::zoomToFit()
 {
     m_view->zoomToFit(m_scene->contentRect());
+}
+
+void NormalMapEditor::zoomToSelection()
+{
+    const QRectF selected = m_scene->selectedRect();
+    m_view->zoomToFit(selected.isEmpty() ? m_scene->contentRect() : selected);
+}
+
+// The zoom of the sprites is none for the start screen, nor the other way round. Only when all
+// sprites are there that come with the first one.
+void NormalMapEditor::followContent()
+{
+    if (const bool isEmpty = m_scene->spritesRect().isEmpty(); isEmpty != m_isEmpty) {
+        m_isEmpty = isEmpty;
+        QMetaObject::invokeMethod(this, &NormalMapEditor::zoomToFit, Qt::QueuedConnection);
+    }
 }
 
 void NormalMapEditor::selectAllPixels()

@@ -55,6 +55,8 @@ public Q_SLOTS:
     void setAutoRotateLight(bool isOn);
     void setTextureOverlay(double factor);
     void zoomToFit();
+    /// Shows the selected sprites; all with none selected.
+    void zoomToSelection();
     /// All pixels of the selected bodies.
     void selectAllPixels();
     void clearSelection();
@@ -75,6 +77,7 @@ protected:
 private:
     void openEffect(Filter *effect);
     void followEffect(const Filter *effect);
+    void followContent();
 
     ItemSelectionModel &m_bodies;
     PixelSelectionModel m_pixels;
@@ -85,4 +88,5 @@ private:
     QAction *m_deselect;
     QAction *m_invert;
     int m_displayMode = 2;
+    bool m_isEmpty = true;
 };

@@ -165,8 +165,10 @@ bool ShapeTreeView::isSearching() const
 bool ShapeTreeView::edit(const QModelIndex &index, EditTrigger trigger, QEvent *event)
 {
     const auto *mouse = trigger == DoubleClicked ? dynamic_cast<QMouseEvent *>(event) : nullptr;
-    if (mouse && !m_delegate->textArea(visualRect(index)).contains(mouse->pos()))
+    if (mouse && !m_delegate->textArea(visualRect(index)).contains(mouse->pos())) {
+        Q_EMIT thumbnailDoubleClicked();
         return false;
+    }
     return QTreeView::edit(index, trigger, event);
 }
 

@@ -31,6 +31,8 @@ public:
 Q_SIGNALS:
     /// Local paths of files and folders were dropped.
     void pathsDropped(const QStringList &paths);
+    /// What is beside it is for the name.
+    void thumbnailDoubleClicked();
 
 protected:
     bool event(QEvent *event) override;

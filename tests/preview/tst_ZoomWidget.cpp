@@ -8,6 +8,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QSpinBox>
+#include <QSignalSpy>
 #include <QTest>
 #include <QVBoxLayout>
 
@@ -101,6 +102,8 @@ private Q_SLOTS:
         const QPointF before = window.view.viewportTransform().map(QPointF());
         drag(window.viewport, {100, 80}, {130, 68});
         QCOMPARE(window.view.viewportTransform().map(QPointF()) - before, QPointF(30, -12));
+        turnWheel(window.viewport, {100, 80}, {0, 480});
+        QCOMPARE(window.view.zoom(), 2.0);
         QTest::keyRelease(&window.list, Qt::Key_Space);
         QVERIFY(!window.scene.viewOnly);
         QCOMPARE(window.viewport.cursor().shape(), Qt::ArrowCursor);
@@ -122,6 +125,37 @@ private Q_SLOTS:
         window.list.setFocus();
         QTest::keyClick(&window.list, Qt::Key_Space);
         QCOMPARE(window.list.selectedItems().size(), 1);
+    }
+
+    void typedPercentagesNeedNoSign()
+    {
+        ZoomWindow window;
+        QVERIFY(QTest::qWaitForWindowActive(&window.window));
+        QSignalSpy requests(&window.widget, &ZoomWidget::zoomRequested);
+        const auto typed = [&](const QString &text) {
+            window.edit().setFocus();
+            window.edit().selectAll();
+            QTest::keyClicks(&window.edit(), text);
+            QTest::keyClick(&window.edit(), Qt::Key_Tab);
+            return requests.isEmpty() ? QVariant() : requests.takeFirst().first();
+        };
+        QCOMPARE(typed(QStringLiteral("200")), QVariant(2.0));
+        QCOMPARE(typed(QStringLiteral("%")), QVariant());
+        QCOMPARE(window.edit().text(), QStringLiteral("100%"));
+    }
+
+    void zoomingOverEmptyGroundKeepsContent()
+    {
+        ZoomWindow window;
+        QVERIFY(QTest::qWaitForWindowActive(&window.window));
+        window.view.setZoom(0.25);
+        const QPoint ground(window.viewport.width() - 20, 20);
+        QCursor::setPos(window.viewport.mapToGlobal(ground));
+        QTRY_VERIFY(window.viewport.underMouse());
+        QVERIFY(!window.scene.sceneRect().contains(window.sceneAt(ground)));
+        window.view.setZoom(4.0);
+        QVERIFY(window.scene.sceneRect().intersects(
+            window.view.mapToScene(window.viewport.rect()).boundingRect()));
     }
 };
 

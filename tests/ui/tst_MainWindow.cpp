@@ -5,8 +5,10 @@
 #include "model/PropertyAngleImage.h"
 #include "model/RecoveryStore.h"
 #include "model/properties/PropertyT.h"
+#include "preview/EditorGraphicsViewVesperine.h"
 #include "preview/GLGraphicsLight.h"
 #include "preview/NormalMapEditorScene.h"
+#include "preview/SpriteItem.h"
 #include "support/DialogScript.h"
 #include "support/Documents.h"
 #include "support/EditorUser.h"
@@ -16,6 +18,8 @@
 #include "ui/NormalMapEditor.h"
 #include "ui/RecoveryDialog.h"
 #include "ui/ShapeTreeView.h"
+#include "ui/SpritesSidebar.h"
+#include "ui/ToolsSidebar.h"
 
 #include <QAction>
 #include <QDialogButtonBox>
@@ -114,6 +118,58 @@ private Q_SLOTS:
         height.setFocus();
         QTest::keyClick(&height, Qt::Key_End);
         QCOMPARE(scene.light().position().z(), 1024.0F);
+    }
+
+    void theViewFollowsWhatThereIsToSee()
+    {
+        const EditorUser user(*m_window);
+        const auto shows = [&](const QRectF &rect, double share) {
+            const QRectF seen = user.view()
+                                    .mapToScene(user.viewport().rect())
+                                    .boundingRect()
+                                    .adjusted(-1, -1, 1, 1);
+            const double shown =
+                std::max(rect.width() / seen.width(), rect.height() / seen.height());
+            return seen.contains(rect) && shown > share;
+        };
+        drop({m_folder.writeSprite("large.png"_s, {900, 900}),
+              m_folder.writeSprite("sheet.png"_s, {64, 8})});
+        QVERIFY(shows(user.scene().spritesRect(), 0.8));
+        // A window that was maximised gets its size after it is shown.
+        m_window->resize(1300, 1000);
+        QTRY_VERIFY(user.viewport().width() > 600 && shows(user.scene().spritesRect(), 0.8));
+
+        const QRect row = list().visualRect(list().model()->index(1, 0));
+        QTest::mouseDClick(list().viewport(), Qt::LeftButton, {}, row.center());
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+        QVERIFY(shows(user.scene().spritesRect(), 0.8));
+        const QPoint thumbnail(row.left() + row.height() / 2, row.center().y());
+        QTest::mouseClick(list().viewport(), Qt::LeftButton, {}, thumbnail);
+        QTest::mouseDClick(list().viewport(), Qt::LeftButton, {}, thumbnail);
+        const QRectF sheet =
+            user.scene().spriteItem(&project().bodies().at(1))->sceneBoundingRect();
+        QVERIFY(shows(sheet, 0.8));
+
+        list().setFocus();
+        QTest::keyClick(&list(), Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClick(&list(), Qt::Key_Delete);
+        QTRY_VERIFY(shows(user.scene().contentRect(), 0.8));
+        trigger("Undo"_s);
+        QTRY_VERIFY(shows(user.scene().spritesRect(), 0.8));
+        m_script->then(click("Discard"_s));
+        QVERIFY(m_window->close());
+    }
+
+    void hiddenPanelsStayHidden()
+    {
+        action("Tools"_s).trigger();
+        QVERIFY(m_window->close());
+        m_window = std::make_unique<MainWindow>(application());
+        showActive(*m_window);
+        QVERIFY(m_window->findChild<ToolsSidebar *>()->isHidden());
+        QVERIFY(m_window->findChild<SpritesSidebar *>()->isVisible());
+        action("Tools"_s).trigger();
+        QVERIFY(m_window->findChild<ToolsSidebar *>()->isVisible());
     }
 
     // What is being typed, and the stroke that is still open.
