@@ -57,6 +57,7 @@ SpritesSidebar::SpritesSidebar(ItemSelectionModel &selection, QWidget *parent)
     , m_list(new ShapeTreeView(selection))
     , m_autoRotate(new GAction(tr("Auto-rotate light"), this))
 {
+    setObjectName(QStringLiteral("spritesSidebar"));
     setWindowTitle(tr("Sprites"));
     createDisplayModes();
     m_autoRotate->setObjectName(QStringLiteral("autoRotateLight"));

@@ -93,6 +93,7 @@ ToolsSidebar::ToolsSidebar(ItemSelectionModel &selection,
     , m_help(createQuietText(QString()))
     , m_whyAtRest(createPanelTitle(tr("Select one sprite")))
 {
+    setObjectName(QStringLiteral("toolsSidebar"));
     setWindowTitle(tr("Tools"));
     setMinimumWidth(scaled(315));
     QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Preferred);
