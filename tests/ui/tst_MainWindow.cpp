@@ -135,6 +135,7 @@ private Q_SLOTS:
         drop({m_folder.writeSprite("large.png"_s, {900, 900}),
               m_folder.writeSprite("sheet.png"_s, {64, 8})});
         QVERIFY(shows(user.scene().spritesRect(), 0.8));
+        QCoreApplication::processEvents();
         // A window that was maximised gets its size after it is shown.
         m_window->resize(1300, 1000);
         QTRY_VERIFY(user.viewport().width() > 600 && shows(user.scene().spritesRect(), 0.8));
