@@ -8,6 +8,7 @@
 #include <QGestureEvent>
 #include <QMouseEvent>
 #include <QPinchGesture>
+#include <QScopedValueRollback>
 #include <QScrollBar>
 #include <QTabletEvent>
 #include <QWheelEvent>
@@ -171,8 +172,15 @@ void EditorGraphicsView::applyZoom(double zoom)
 // the borders of sprite pixels always fall between those.
 void EditorGraphicsView::updateTransform()
 {
-    const QPointF shift = m_grid.toCorner(-scroll());
-    setTransform({m_grid.scale(), 0.0, 0.0, m_grid.scale(), shift.x(), shift.y()});
+    if (m_isTransforming)
+        return;
+    const QScopedValueRollback transforming(m_isTransforming, true);
+    // Another transformation may leave another room to scroll in, and so on without end where the
+    // scene just fits into the view: once more is enough anywhere else.
+    for (int attempt = 0; attempt < 2; ++attempt) {
+        const QPointF shift = m_grid.toCorner(-scroll());
+        setTransform({m_grid.scale(), 0.0, 0.0, m_grid.scale(), shift.x(), shift.y()});
+    }
 }
 
 // To one of another ratio the window can come at any time.

@@ -94,6 +94,7 @@ private:
 
     QPointer<EditorScene> m_scene;
     PixelGrid m_grid;
+    bool m_isTransforming = false;
     std::optional<Anchor> m_anchor;
     QRectF m_fitted;
     Qt::MouseButton m_panButton = Qt::NoButton;

@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <random>
 
 namespace {
 constexpr QSize spriteSize(97, 61);
@@ -132,6 +133,28 @@ private Q_SLOTS:
             QCOMPARE(tool.lastEvent.pixel(), drawn.last());
         }
         m_editor->scene.setTool(nullptr);
+    }
+
+    // A scroll position shifts the transformation, which may clamp the scroll position.
+    void everyZoomBeginsAtADevicePixel()
+    {
+        EditorGraphicsViewVesperine &view = m_editor->view;
+        std::mt19937 random(1);
+        const auto upTo = [&random](int end) { return int(random() % unsigned(end)); };
+        for (int i = 0; i < 600; ++i) {
+            if (i % 50 == 0)
+                m_editor->window.resize(300 + upTo(900), 300 + upTo(700));
+            view.setZoom(std::exp2(upTo(100) / 10.0 - 4.0));
+            // From here the toolkit goes over to another way of placing the scene.
+            const double full = m_editor->viewport.width() / view.sceneRect().width();
+            const double nearby = 1.0 + (upTo(21) - 10) * 1e-4;
+            view.setZoom(full * nearby * view.zoom() / view.transform().m11());
+            const QPointF origin =
+                view.viewportTransform().map(QPointF()) * view.devicePixelRatioF();
+            const QPointF off = origin - origin.toPoint();
+            QVERIFY2(off.manhattanLength() < 1e-3, qPrintable(QString::number(i)));
+        }
+        m_editor->window.resize(700, 560);
     }
 
     void fitAndZoomAgree()
