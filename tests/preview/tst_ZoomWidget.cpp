@@ -7,8 +7,8 @@
 #include <QApplication>
 #include <QLineEdit>
 #include <QListWidget>
-#include <QSpinBox>
 #include <QSignalSpy>
+#include <QSpinBox>
 #include <QTest>
 #include <QVBoxLayout>
 
