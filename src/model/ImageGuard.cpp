@@ -123,7 +123,7 @@ JpegFrame frameOf(const JpegWalk &walk, const Segment &segment)
 
 const char *problemOfPng(const QByteArray &content)
 {
-    constexpr int mostChunks = 200'000;
+    constexpr int mostChunks = 200000;
     // Up to the chunk that ends the image: the decoder doesn't read that one.
     int count = 0;
     for (auto chunk = chunkAt(content, pngSignature); chunk; chunk = chunkAt(content, chunk->end)) {

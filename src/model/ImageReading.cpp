@@ -69,7 +69,7 @@ protected:
     qint64 writeData(const char * /*data*/, qint64 /*size*/) override { return -1; }
 
 private:
-    static constexpr qint64 longest = 30'000; // milliseconds; the largest images take two seconds
+    static constexpr qint64 longest = 30000; // milliseconds; the largest images take two seconds
 
     QByteArray m_content;
     QElapsedTimer m_timer;

@@ -11,9 +11,9 @@ namespace {
 constexpr int deepest = 64;
 constexpr int longest = 64 * 1024 * 1024;
 constexpr int mostAttributes = 100;
-constexpr int mostBodies = 100'000;
-constexpr int mostNodes = 1'000'000;
-constexpr int mostAttributesInAll = 300'000;
+constexpr int mostBodies = 100000;
+constexpr int mostNodes = 1000000;
+constexpr int mostAttributesInAll = 300000;
 
 XmlProblem problem(const char *text, qint64 line)
 {
