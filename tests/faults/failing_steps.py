@@ -51,6 +51,8 @@ class Steps:
                 raise Fault(f"can't be saved: {words.strip()}")
             if strays(self.folder):
                 raise Fault(f"left {strays(self.folder)}")
+            if words.count("without a lock") != lacks.count("flock"):
+                raise Fault(f"says {words!r}")
             return
         now = self.height()
         self.kills += kills

@@ -204,7 +204,8 @@ private:
         const QStringList names = folder.entryList({"*.data"_s}, QDir::Files);
         return {names.begin(), names.end()};
     }
-    // The snapshot as another program would find it, had this one crashed now.
+    // The snapshot as another program would find it, had this one crashed now while it took the
+    // lock.
     RecoveryEntry copied()
     {
         m_copy = std::make_unique<QTemporaryDir>();
@@ -214,6 +215,9 @@ private:
             if (name != QLatin1String("lock"))
                 QFile::copy(source.filePath(name), m_copy->filePath("s/"_s + name));
         }
+        QFile lock(m_copy->filePath("s/lock"_s));
+        lock.open(QIODevice::WriteOnly);
+        lock.close();
         auto entries = RecoveryStore(m_copy->path()).takeLeftOvers(now());
         return std::move(entries.at(0));
     }
