@@ -228,8 +228,11 @@ private:
         files.paths = m_targets;
         files.jobs = m_options.jobs;
         files.goesOn = true;
-        for (const QString &source : m_sources)
-            files.kept.add(source);
+        // A shell names earlier maps among the sprites.
+        for (const QString &source : m_sources) {
+            if (!isNormalMapFile(source))
+                files.kept.add(source);
+        }
         files.work = [this, &chain](int index) {
             return [source = m_sources[index], &chain] { return mapOf(source, chain); };
         };
