@@ -97,7 +97,7 @@ struct JpegFrame
 JpegFrame frameOf(const JpegWalk &walk, const Segment &segment)
 {
     constexpr uchar progressive = 0xc2;
-    constexpr int blockSide = 8;
+    constexpr qint64 blockSide = 8;
     constexpr int headerSize = 6;
     constexpr int componentSize = 3;
     const int height = walk.wordAt(segment.at + 1);
