@@ -12,8 +12,8 @@ constexpr int deepest = 64;
 constexpr int longest = 64 * 1024 * 1024;
 constexpr int mostAttributes = 100;
 constexpr int mostBodies = 100000;
-constexpr int mostNodes = 1000000;
-constexpr int mostAttributesInAll = 300000;
+constexpr int mostNodes = 2000000;
+constexpr int mostAttributesInAll = 500000;
 
 XmlProblem problem(const char *text, qint64 line)
 {
@@ -102,16 +102,17 @@ public:
         m_attributes += isStart ? reader.attributes().size() : 0;
         if (m_attributes > mostAttributesInAll)
             return problem(QT_TRANSLATE_NOOP("XmlGuard",
-                                             "the text has more than 300,000 attributes; split the "
+                                             "the text has more than 500,000 attributes; split the "
                                              "project into several ones"),
                            reader.lineNumber());
         const bool isKept = token != QXmlStreamReader::EndElement && !reader.isWhitespace();
         m_nodes += isKept ? 1 : 0;
         if (m_nodes > mostNodes)
-            return problem(QT_TRANSLATE_NOOP("XmlGuard",
-                                             "the text has more than a million elements; split the "
-                                             "project into several ones"),
-                           reader.lineNumber());
+            return problem(
+                QT_TRANSLATE_NOOP("XmlGuard",
+                                  "the text has more than two million elements; split the "
+                                  "project into several ones"),
+                reader.lineNumber());
         return std::nullopt;
     }
 

@@ -13,7 +13,7 @@ struct XmlProblem
 };
 
 /// Looks through an XML text for what would exhaust a parser that keeps it all: entity
-/// declarations, more than 100 attributes in one element or 300,000 in all, more than 64 elements
-/// inside each other, more than 100,000 bodies, more than a million elements, texts and comments,
+/// declarations, more than 100 attributes in one element or 500,000 in all, more than 64 elements
+/// inside each other, more than 100,000 bodies, more than two million elements, texts and comments,
 /// more than 64 MiB; and for errors. Nothing when it can be read.
 std::optional<XmlProblem> findXmlProblem(const QByteArray &xml);

@@ -5,6 +5,7 @@
 #include "model/ProjectArchive.h"
 #include "model/PropertyAngleImage.h"
 #include "model/Sprite.h"
+#include "model/XmlGuard.h"
 #include "support/ArchiveBuilder.h"
 #include "support/Documents.h"
 #include "support/Pictures.h"
@@ -25,6 +26,7 @@ private Q_SLOTS:
     void failedSaveKeepsTheOldFile();
     void trapsAreRefusedInWords_data();
     void trapsAreRefusedInWords();
+    void asManyBodiesAsAllowedAreRead();
     void surfacesHaveALimitInAll();
     void mutatedContentIsReadOrRefused();
 };
@@ -297,11 +299,11 @@ void TestProjectFile::trapsAreRefusedInWords_data()
                                  << "XML parser error: the project has more than 100,000 bodies; "
                                     "split it into several projects (line 1)";
     QTest::newRow("many attributes in all")
-        << projectXml(QByteArray("<a a='' b=''/>").repeated(150'001))
-        << "XML parser error: the text has more than 300,000 attributes; split the project into "
+        << projectXml(QByteArray("<a a='' b=''/>").repeated(250'001))
+        << "XML parser error: the text has more than 500,000 attributes; split the project into "
            "several ones (line 1)";
-    QTest::newRow("many elements") << projectXml(QByteArray("<a/>").repeated(1'000'000))
-                                   << "XML parser error: the text has more than a million "
+    QTest::newRow("many elements") << projectXml(QByteArray("<a/>").repeated(2'000'000))
+                                   << "XML parser error: the text has more than two million "
                                       "elements; split the project into several ones (line 1)";
 }
 
@@ -313,6 +315,14 @@ void TestProjectFile::trapsAreRefusedInWords()
     const Folder folder;
     const QString path = folder.write(QStringLiteral("a.vep"), bundle(content));
     QCOMPARE(errorOf([&path] { load(path); }), problem);
+}
+
+void TestProjectFile::asManyBodiesAsAllowedAreRead()
+{
+    const QByteArray body = "<body><name>a</name><sprite><filename>a.png</filename><checksum>0"
+                            "</checksum></sprite><painted_normal_map datafile='a'/>"
+                            "<position x='1' y='1'/></body>";
+    QVERIFY(!findXmlProblem(projectXml("<bodies>" + body.repeated(100'000) + "</bodies>")));
 }
 
 void TestProjectFile::surfacesHaveALimitInAll()
