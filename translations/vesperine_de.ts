@@ -1147,6 +1147,10 @@ bleibt unverändert.</translation>
         <translation>Diese Arbeit wurde wiederhergestellt. Ohne Speichern bietet sie der nächste Start zum letzten Mal an.</translation>
     </message>
     <message>
+        <source>Saved, but this drive keeps no locks: don&apos;t change the project in two programs at once.</source>
+        <translation>Gespeichert, aber dieses Laufwerk kennt keine Sperren: das Projekt nicht in zwei Programmen zugleich ändern.</translation>
+    </message>
+    <message>
         <source>Saved without the open effect. Apply it and save again to keep it.</source>
         <translation>Ohne den offenen Effekt gespeichert. Wenden Sie ihn an und speichern Sie noch einmal, um ihn zu behalten.</translation>
     </message>
@@ -3205,12 +3209,12 @@ Map</translation>
         <translation>das Projekt hat mehr als 100.000 Sprites; bitte in mehrere Projekte aufteilen</translation>
     </message>
     <message>
-        <source>the text has more than a million elements; split the project into several ones</source>
-        <translation>der Text hat mehr als eine Million Elemente; bitte in mehrere Projekte aufteilen</translation>
+        <source>the text has more than two million elements; split the project into several ones</source>
+        <translation>der Text hat mehr als zwei Millionen Elemente; bitte in mehrere Projekte aufteilen</translation>
     </message>
     <message>
-        <source>the text has more than 300,000 attributes; split the project into several ones</source>
-        <translation>der Text hat mehr als 300.000 Attribute; bitte in mehrere Projekte aufteilen</translation>
+        <source>the text has more than 500,000 attributes; split the project into several ones</source>
+        <translation>der Text hat mehr als 500.000 Attribute; bitte in mehrere Projekte aufteilen</translation>
     </message>
 </context>
 <context>

@@ -176,6 +176,7 @@ std::optional<FileLock::Taking> FileLock::takeFile(int handle)
         return {};
     }
     const bool isKept = lock == KernelLock::Taken;
+    m_isKept = isKept;
     if (holder && (holder->isElsewhere || (!isKept && mayLive(holder))))
         return Taking::Held;
     if (isReadOnly(handle)) {

@@ -27,6 +27,9 @@ public:
     /// Tries to take the lock, at once.
     Taking take();
     bool isTaken() const;
+    /// False after take() found that the file system keeps no locks: only the file's text tells
+    /// others.
+    bool isKept() const { return m_isKept; }
     void release();
 
     struct Holder
@@ -51,4 +54,5 @@ private:
     std::unique_ptr<QLockFile> m_lock;
 #endif
     QString m_path;
+    bool m_isKept = true;
 };

@@ -112,6 +112,11 @@ bool ProjectController::isReadOnly() const
     return m_file.lock && !m_file.lock->mayWrite();
 }
 
+bool ProjectController::isLockKept() const
+{
+    return !m_file.lock || m_file.lock->isKept();
+}
+
 bool ProjectController::isChangedOnDisk(const GFileName &fileName) const
 {
     const QString file = fileName.canonicalPath();

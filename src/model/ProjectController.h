@@ -51,6 +51,8 @@ public:
                           const FileStamp &file);
     /// True when another program had the project when it was opened: it is not to be saved there.
     bool isReadOnly() const;
+    /// False where the project's drive keeps no locks: another program may come to write it, too.
+    bool isLockKept() const;
     /// The project's file as this controller read or left it.
     const FileStamp &fileStamp() const { return m_file.stamp; }
     /// True when @p fileName is the project's file and other than this controller read or left it.

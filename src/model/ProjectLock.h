@@ -18,6 +18,8 @@ public:
 
     /// True when this one may write the project: nobody else has it.
     bool mayWrite() const { return m_mayWrite; }
+    /// False where the file system keeps no locks, so that two programs may both come to write.
+    bool isKept() const { return m_lock.isKept(); }
     /// Who else has it and by which lock file, in words, such as "vesperine (process 4711) of anna
     /// on atelier (lock file '/work/.p.vep.lock')"; empty when this one may write. A holder on
     /// another computer can't be seen to be dead: the words tell how to end its lock.

@@ -39,6 +39,7 @@
 #include <QToolBar>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 DocumentType projectType()
@@ -331,10 +332,19 @@ bool MainWindow::storeDocument(const QString &path)
         QMessageBox::critical(this, tr("Error"), error.message());
         return false;
     }
+    tellAboutSaving();
+    return true;
+}
+
+void MainWindow::tellAboutSaving()
+{
     if (m_editor->hasOpenEffect())
         statusBar()->showMessage(
             tr("Saved without the open effect. Apply it and save again to keep it."));
-    return true;
+    else if (!m_controller.isLockKept() && !std::exchange(m_hasToldOfLocks, true))
+        statusBar()->showMessage(
+            tr("Saved, but this drive keeps no locks: don't change the project "
+               "in two programs at once."));
 }
 
 QString MainWindow::documentPath() const

@@ -67,6 +67,7 @@ private:
     void installProject();
     void lockForEffect(bool isOpen);
     void updateActions();
+    void tellAboutSaving();
     void showFeedback();
 
     GApplication &m_application;
@@ -83,4 +84,5 @@ private:
     ProjectRecovery *m_recovery;
     GAction *m_feedback;
     GAction *m_preferences;
+    bool m_hasToldOfLocks = false;
 };
