@@ -72,7 +72,8 @@ private Q_SLOTS:
         };
         row("command", "vesperine-cli exp", "export");
         row("commands", "vesperine-cli re", "remove repair");
-        row("option", "vesperine-cli export s.vep --o", "--output");
+        row("option", "vesperine-cli export s.vep --out", "--output");
+        row("options", "vesperine-cli export s.vep --o", "--output --overwrite");
         row("option for all commands", "vesperine-cli export --q", "--quiet");
         row("option before the command", "vesperine-cli --v", "--version");
         row("project or folder", "vesperine-cli info s", "s.vep sprites");

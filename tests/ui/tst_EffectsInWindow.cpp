@@ -253,7 +253,9 @@ private Q_SLOTS:
         QVERIFY(field->hasFocus());
         QWindow *dialog = easel.dialog()->windowHandle();
         QTest::keyClick(dialog, Qt::Key_P);
-        QCOMPARE(easel.scene().light().pos(), easel.view().mapToScene(30, 40));
+        // The screen's ratio may put it elsewhere within the pixel of the view.
+        const QPoint light = easel.view().mapFromScene(easel.scene().light().pos());
+        QVERIFY((light - QPoint(30, 40)).manhattanLength() <= 1);
         QTest::keyClick(dialog, Qt::Key_R);
         QVERIFY(rotates->isChecked());
         QTest::keyClick(dialog, Qt::Key_4);
