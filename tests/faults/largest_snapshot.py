@@ -5,7 +5,7 @@ import os
 import subprocess
 import sys
 
-from fault_runs import options
+from mutation import options
 
 
 def main():

@@ -10,7 +10,7 @@ import warnings
 import zipfile
 import zlib
 
-from fault_runs import Run, mutated, options, program, try_all
+from mutation import Run, mutated, options, program, try_all
 
 WORDS = (
     b"<body>",

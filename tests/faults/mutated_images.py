@@ -10,7 +10,7 @@ import sys
 import tempfile
 import zlib
 
-from fault_runs import Run, mutated, options, program, try_all
+from mutation import Run, mutated, options, program, try_all
 
 # A picture of 24 by 20 pixels in ten scans.
 PROGRESSIVE = base64.b64decode(

@@ -1,4 +1,4 @@
-"""What the scripts of this folder share: many mutated files a process, and the search for the one at fault."""
+"""Makes mutated files, gives many of them to a process, and finds the one at fault."""
 
 import argparse
 import os
