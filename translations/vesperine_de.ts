@@ -1147,8 +1147,8 @@ bleibt unverändert.</translation>
         <translation>Diese Arbeit wurde wiederhergestellt. Ohne Speichern bietet sie der nächste Start zum letzten Mal an.</translation>
     </message>
     <message>
-        <source>Saved, but this drive keeps no locks: don&apos;t change the project in two programs at once.</source>
-        <translation>Gespeichert, aber dieses Laufwerk kennt keine Sperren: das Projekt nicht in zwei Programmen zugleich ändern.</translation>
+        <source>Saved without a lock: open the project in one program only.</source>
+        <translation>Ohne Sperre gespeichert: das Projekt nur in einem Programm öffnen.</translation>
     </message>
     <message>
         <source>Saved without the open effect. Apply it and save again to keep it.</source>

@@ -342,9 +342,7 @@ void MainWindow::tellAboutSaving()
         statusBar()->showMessage(
             tr("Saved without the open effect. Apply it and save again to keep it."));
     else if (!m_controller.isLockKept() && !std::exchange(m_hasToldOfLocks, true))
-        statusBar()->showMessage(
-            tr("Saved, but this drive keeps no locks: don't change the project "
-               "in two programs at once."));
+        statusBar()->showMessage(tr("Saved without a lock: open the project in one program only."));
 }
 
 QString MainWindow::documentPath() const
