@@ -24,6 +24,7 @@
 #include <QLineF>
 
 #include <limits>
+#include <utility>
 
 namespace {
 constexpr QRectF emptyContent(-256.0, -256.0, 512.0, 512.0);
@@ -149,7 +150,14 @@ void NormalMapEditorScene::dropItem(SpriteItem *item)
 void NormalMapEditorScene::followPlace()
 {
     m_selection->cancel();
-    updateContent();
+    // Many may be placed by one step.
+    if (std::exchange(m_isContentDue, true))
+        return;
+    const auto update = [this] {
+        m_isContentDue = false;
+        updateContent();
+    };
+    QMetaObject::invokeMethod(this, update, Qt::QueuedConnection);
 }
 
 void NormalMapEditorScene::updateContent()
@@ -290,7 +298,7 @@ InteractionMode NormalMapEditorScene::interactionMode() const
 void NormalMapEditorScene::setPen(const PenTouch &touch)
 {
     m_routing->setPen(touch);
-    m_offset = touch.offset;
+    m_pointer->setOffset(touch.offset);
 }
 
 bool NormalMapEditorScene::isGestureOpen() const
@@ -384,7 +392,7 @@ void NormalMapEditorScene::pressed(QGraphicsSceneMouseEvent &event, ToolOperatio
 
 void NormalMapEditorScene::mousePressEvent(QGraphicsSceneMouseEvent *event)
 {
-    event->setScenePos(event->scenePos() + m_offset);
+    m_pointer->makeExact(*event);
     GLGraphicsScene::mousePressEvent(event);
     if (!event->isAccepted())
         pressed(*event, &ToolRouting::press);
@@ -393,7 +401,7 @@ void NormalMapEditorScene::mousePressEvent(QGraphicsSceneMouseEvent *event)
 
 void NormalMapEditorScene::mouseDoubleClickEvent(QGraphicsSceneMouseEvent *event)
 {
-    event->setScenePos(event->scenePos() + m_offset);
+    m_pointer->makeExact(*event);
     GLGraphicsScene::mouseDoubleClickEvent(event);
     if (!event->isAccepted())
         pressed(*event, &ToolRouting::doubleClick);
@@ -402,7 +410,7 @@ void NormalMapEditorScene::mouseDoubleClickEvent(QGraphicsSceneMouseEvent *event
 
 void NormalMapEditorScene::mouseMoveEvent(QGraphicsSceneMouseEvent *event)
 {
-    event->setScenePos(event->scenePos() + m_offset);
+    m_pointer->makeExact(*event);
     GLGraphicsScene::mouseMoveEvent(event);
     m_pointer->moveTo(event->scenePos());
     if (m_selection->isPressed())
@@ -416,7 +424,7 @@ void NormalMapEditorScene::mouseMoveEvent(QGraphicsSceneMouseEvent *event)
 
 void NormalMapEditorScene::mouseReleaseEvent(QGraphicsSceneMouseEvent *event)
 {
-    event->setScenePos(event->scenePos() + m_offset);
+    m_pointer->makeExact(*event);
     GLGraphicsScene::mouseReleaseEvent(event);
     // The tool hears of one that the light took, too: another button may have come down on it.
     if (!m_selection->isPressed())

@@ -128,7 +128,7 @@ private:
     std::unique_ptr<LightRotation> m_rotation;
 
     Body *m_currentBody = nullptr;
-    QPointF m_offset; // of the pointer, from where the toolkit sees it
+    bool m_isContentDue = false;
     bool m_isViewOnly = false;
     bool m_isSelectionLocked = false;
     PointedPixel m_pointed;

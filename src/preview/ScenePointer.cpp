@@ -5,6 +5,7 @@
 
 #include <QBitmap>
 #include <QGraphicsScene>
+#include <QGraphicsSceneMouseEvent>
 
 namespace {
 constexpr double toolCursorZ = 1100.0; // above the light
@@ -28,6 +29,17 @@ ScenePointer::ScenePointer(QGraphicsScene &scene, GLGraphicsLight &light)
 }
 
 ScenePointer::~ScenePointer() = default;
+
+void ScenePointer::makeExact(QGraphicsSceneMouseEvent &event)
+{
+    event.setScenePos(event.scenePos() + m_offset);
+    const bool isPress = event.type() == QEvent::GraphicsSceneMousePress ||
+                         event.type() == QEvent::GraphicsSceneMouseDoubleClick;
+    if (isPress)
+        m_pressPlaces.insert(event.button(), event.scenePos());
+    for (auto it = m_pressPlaces.cbegin(); it != m_pressPlaces.cend(); ++it)
+        event.setButtonDownScenePos(it.key(), it.value());
+}
 
 void ScenePointer::moveTo(const QPointF &position)
 {

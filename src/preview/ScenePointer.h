@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QCursor>
+#include <QHash>
 #include <QPointF>
 
 #include <memory>
@@ -8,6 +9,7 @@
 
 class GLGraphicsLight;
 class QGraphicsScene;
+class QGraphicsSceneMouseEvent;
 class ScalableToolCursor;
 class ToolCursor;
 
@@ -19,6 +21,10 @@ public:
     ScenePointer(QGraphicsScene &scene, GLGraphicsLight &light);
     ~ScenePointer();
 
+    /// From where the toolkit sees the pointer, in whole logical pixels, to where it is.
+    void setOffset(const QPointF &offset) { m_offset = offset; }
+    /// Puts a mouse event, and where it says that buttons came down, where the pointer is and was.
+    void makeExact(QGraphicsSceneMouseEvent &event);
     void moveTo(const QPointF &position);
     void leave() { m_isInside = false; }
     void enter() { m_isInside = true; }
@@ -43,6 +49,8 @@ private:
     GLGraphicsLight &m_light;
     std::unique_ptr<ToolCursor> m_item;
     QCursor m_toolPointer;
+    QPointF m_offset;
+    QHash<Qt::MouseButton, QPointF> m_pressPlaces; // where each came down last
     std::optional<QPointF> m_position;
     bool m_isInside = false;
 };

@@ -41,6 +41,8 @@ SceneSelection::SceneSelection(QGraphicsScene &scene,
     , m_outlines(new BodyOutlines)
 {
     scene.addItem(m_outlines);
+    m_moving.setSingleShot(true);
+    QObject::connect(&m_moving, &QTimer::timeout, &m_moving, [this] { placeMoved(); });
 }
 
 void SceneSelection::press(QGraphicsSceneMouseEvent &event, bool mayMove)
@@ -84,8 +86,17 @@ void SceneSelection::move(const QGraphicsSceneMouseEvent &event)
         startMove();
     if (m_gesture != Gesture::Move)
         return;
+    m_way = wayOf(event);
+    // The pointer tells of every place that it was at; the sprites need the last one only.
+    if (!m_moving.isActive())
+        m_moving.start(0);
+}
+
+void SceneSelection::placeMoved()
+{
+    m_moving.stop();
     for (auto it = m_startPositions.cbegin(); it != m_startPositions.cend(); ++it)
-        it.key()->setPos(it.value() + wayOf(event));
+        it.key()->setPos(it.value() + m_way);
     updateOutlines();
 }
 
@@ -116,6 +127,8 @@ bool SceneSelection::release(const QGraphicsSceneMouseEvent &event)
 
 void SceneSelection::finish()
 {
+    if (m_gesture == Gesture::Move)
+        placeMoved();
     const auto moved = m_startPositions;
     // No step can be made inside of undo and redo.
     if (!moved.isEmpty() && stackOf(moved).isStepping()) {
@@ -134,6 +147,8 @@ void SceneSelection::storeMoved(const QHash<SpriteItem *, QPointF> &moved)
     for (auto it = moved.cbegin(); it != moved.cend(); ++it) {
         if (it.key()->pos() != it.value())
             it.key()->body().moveTo(it.key()->pos().toPoint(), text);
+        // No farther than places go.
+        it.key()->setPos(m_items.placeOf(it.key()->body()));
     }
 }
 
@@ -149,6 +164,8 @@ void SceneSelection::cancel()
 
 void SceneSelection::forget()
 {
+    m_moving.stop();
+    m_way = {};
     m_gesture = Gesture::None;
     m_isDragged = false;
     m_selectedAtRelease = nullptr;

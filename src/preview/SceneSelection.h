@@ -5,6 +5,7 @@
 #include <QCoreApplication>
 #include <QHash>
 #include <QPointF>
+#include <QTimer>
 
 class Body;
 class BodyItems;
@@ -44,6 +45,7 @@ private:
 
     void pressBody(Body *body, Qt::KeyboardModifiers modifiers);
     void startMove();
+    void placeMoved();
     void storeMoved(const QHash<SpriteItem *, QPointF> &moved);
     void forget();
     /// Also those selected before while the band extends.
@@ -58,4 +60,6 @@ private:
     bool m_isDragged = false;
     Body *m_selectedAtRelease = nullptr; ///< alone, unless the press becomes a drag
     QHash<SpriteItem *, QPointF> m_startPositions;
+    QPointF m_way;   // of the pointer since the press
+    QTimer m_moving; // until the sprites follow
 };

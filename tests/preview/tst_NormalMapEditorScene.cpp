@@ -118,7 +118,7 @@ private Q_SLOTS:
         };
 
         dragOn({30, 20});
-        QCOMPARE(places(), moved({30, 20}));
+        QTRY_COMPARE(places(), moved({30, 20}));
         QTest::keyClick(&editor.view, Qt::Key_Escape);
         QCOMPARE(places(), start);
         dragTo(editor.viewport, editor.on(a) + QPoint(50, 50));
@@ -143,7 +143,7 @@ private Q_SLOTS:
         const QRectF content = editor.scene.spritesRect();
         stack.undo();
         QCOMPARE(places(), moved({30, 20}));
-        QVERIFY(editor.scene.sceneRect() != content);
+        QTRY_VERIFY(editor.scene.sceneRect() != content);
         stack.undo();
         QCOMPARE(places(), start);
         QVERIFY(!a.place() && !b.place());

@@ -135,6 +135,22 @@ private Q_SLOTS:
         m_editor->scene.setTool(nullptr);
     }
 
+    void aDragAwayAndBackMovesNothing()
+    {
+        show(1.0);
+        const QPoint start = startIn(screenshot());
+        const int steps = m_editor->project.undoStack().count();
+        for (int step = 0; step < 6; ++step) {
+            const QPoint from = start + QPoint(20 + step, 20 + step);
+            moveRealPointer({from}, {QStringLiteral("mousedown"), QStringLiteral("1")});
+            moveRealPointer({from + QPoint(61, 33), from},
+                            {QStringLiteral("mouseup"), QStringLiteral("1")});
+            moveRealPointer({{1, 1}});
+            QTRY_VERIFY(!m_editor->viewport.underMouse() && !m_editor->scene.isGestureOpen());
+        }
+        QCOMPARE(m_editor->project.undoStack().count(), steps);
+    }
+
     // A scroll position shifts the transformation, which may clamp the scroll position.
     void everyZoomBeginsAtADevicePixel()
     {
