@@ -338,11 +338,13 @@ bool MainWindow::storeDocument(const QString &path)
 
 void MainWindow::tellAboutSaving()
 {
+    constexpr int longEnough = 10000; // milliseconds; soon the effect is applied, too
     if (m_editor->hasOpenEffect())
         statusBar()->showMessage(
-            tr("Saved without the open effect. Apply it and save again to keep it."));
+            tr("Saved without the open effect. Apply it and save again to keep it."), longEnough);
     else if (!m_controller.isLockKept() && !std::exchange(m_hasToldOfLocks, true))
-        statusBar()->showMessage(tr("Saved without a lock: open the project in one program only."));
+        statusBar()->showMessage(tr("Saved without a lock: open the project in one program only."),
+                                 longEnough);
 }
 
 QString MainWindow::documentPath() const
