@@ -9,7 +9,9 @@
 #include <QSysInfo>
 #include <QThread>
 
+#include <algorithm>
 #include <cerrno>
+#include <cstring>
 #include <utility>
 
 #ifdef Q_OS_UNIX
@@ -100,14 +102,37 @@ int openLockFile(const QByteArray &path)
 {
     const int flags = O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC;
     int handle = open(path.constData(), O_RDWR | O_CREAT | flags, 0666);
-    if (handle < 0 && errno == EACCES)
+    if (handle < 0 && (errno == EACCES || errno == EPERM))
         handle = open(path.constData(), O_RDONLY | flags);
     struct stat info = {};
     if (handle >= 0 && (fstat(handle, &info) != 0 || !S_ISREG(info.st_mode))) {
         close(handle);
+        errno = EEXIST;
         return -1;
     }
     return handle;
+}
+
+// True when openLockFile() failed with @p error because nobody can have a lock file there. A file
+// that is there but can't be opened may be the lock of another user, who holds it.
+bool canNotBeMade(const QByteArray &path, int error)
+{
+    if (error == EROFS)
+        return true;
+    const auto means = {ENOENT, ENOTDIR, ENAMETOOLONG, EPERM, EACCES, ENOSPC, EDQUOT};
+    struct stat info = {};
+    return std::find(means.begin(), means.end(), error) != means.end() &&
+           lstat(path.constData(), &info) != 0;
+}
+
+// The text is for all who want the lock, whatever the mask of its holder; it lets nobody take it.
+void letOthersRead(int handle)
+{
+    constexpr mode_t readable = 0444;
+    struct stat info = {};
+    if (fstat(handle, &info) == 0 && (info.st_mode & readable) != readable &&
+        fchmod(handle, (info.st_mode | readable) & 07777U) != 0)
+        qWarning("Others can't read the lock file: %s", strerror(errno));
 }
 
 std::optional<FileLock::Holder> holderIn(int handle)
@@ -151,9 +176,10 @@ FileLock::Taking FileLock::take()
 // Nothing when it may turn out otherwise the next time.
 std::optional<FileLock::Taking> FileLock::tryToTake()
 {
-    const int handle = openLockFile(QFile::encodeName(m_path));
+    const QByteArray path = QFile::encodeName(m_path);
+    const int handle = openLockFile(path);
     if (handle < 0)
-        return Taking::Impossible;
+        return canNotBeMade(path, errno) ? Taking::Impossible : Taking::Held;
     const auto taking = takeFile(handle);
     if (taking == Taking::Done)
         m_handle = handle;
@@ -185,6 +211,7 @@ std::optional<FileLock::Taking> FileLock::takeFile(int handle)
             return {};
         return isKept ? Taking::Done : Taking::Impossible;
     }
+    letOthersRead(handle);
     const QByteArray text = ownText();
     const bool isWritten = writeText(handle, text);
     // A lock of the kernel holds without a text too, on a full disk.

@@ -21,8 +21,8 @@ public:
 
     enum class Taking {
         Done,
-        Held,      ///< somebody else has it
-        Impossible ///< no file can be made there
+        Held,      ///< somebody else has it, or may have it: its file can't be opened
+        Impossible ///< nobody can have it: there is no file and none can be made
     };
     /// Tries to take the lock, at once.
     Taking take();

@@ -20,6 +20,8 @@
 #include <vector>
 
 #include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 class TestProjectController : public QObject
 {
@@ -172,6 +174,33 @@ private Q_SLOTS:
         QVERIFY(errorOf([&] { m_controller->saveAs(GFileName(file)); }).contains(lock));
         held.close();
         m_controller->saveAs(GFileName(file));
+    }
+
+    void aLockThatCanNotBeOpenedIsHeld()
+    {
+        const QString lock = path("lock");
+        const QByteArray name = QFile::encodeName(lock);
+        const auto taken = [&] { return FileLock(lock).take(); };
+        using Taking = FileLock::Taking;
+        QVERIFY(QDir().mkdir(lock) && taken() == Taking::Held && QDir().rmdir(lock));
+        QVERIFY(mkfifo(name, 0666) == 0 && taken() == Taking::Held && QFile::remove(lock));
+        QVERIFY(symlink("absent", name) == 0 && taken() == Taking::Held && QFile::remove(lock));
+        // Nobody can have these.
+        QVERIFY(FileLock(path("absent/lock")).take() == Taking::Impossible);
+        QVERIFY(FileLock(path(QByteArray(300, 'a'))).take() == Taking::Impossible);
+        // Those of other users can be read, whatever their masks, and are theirs if they can't.
+        const auto mask = umask(077);
+        FileLock theirs(lock);
+        const bool isTaken = theirs.take() == Taking::Done;
+        umask(mask);
+        QVERIFY(isTaken && (QFile(lock).permissions() & QFile::ReadOther));
+        constexpr uid_t nobody = 65534;
+        const uid_t user = geteuid();
+        QVERIFY(chmod(QFile::encodeName(path("")), 0755) == 0 && chmod(name, 0) == 0);
+        QVERIFY(user != 0 || seteuid(nobody) == 0);
+        const Taking taking = taken();
+        QVERIFY(user != 0 || seteuid(user) == 0);
+        QVERIFY(taking == Taking::Held);
     }
 
     // Some find it abandoned, some find it given up while they open it.
