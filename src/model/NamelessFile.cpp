@@ -1,9 +1,12 @@
 #include "model/NamelessFile.h"
 
+#include "model/KernelLock.h"
+
 #include <QFile>
 
 #include <cerrno>
 #include <csignal>
+#include <optional>
 
 #include <fcntl.h>
 #ifdef O_TMPFILE
@@ -22,21 +25,24 @@ QByteArray pathOf(int handle)
     return "/proc/self/fd/" + QByteArray::number(handle);
 }
 
-// What the process of its own does; its exit status is the error's number.
-[[noreturn]] void linkAndMoveHere(const char *handle, const char *name, const char *target)
+// What the process of its own does.
+int linkAndMoveHere(const char *handle, const char *name, const char *target)
 {
     if (linkat(AT_FDCWD, handle, AT_FDCWD, name, AT_SYMLINK_FOLLOW) != 0)
-        _exit(errno);
+        return errno;
     if (rename(name, target) == 0)
-        _exit(0);
+        return 0;
     const int error = errno;
     unlink(name);
-    _exit(error);
+    return error;
 }
 
-// Returns the error's number, 0 for none. The program's memory isn't copied for the new process
-// but lent to it, so it does nothing but its calls, and no signal handler may run there.
-int linkAndMove(const QByteArray &handle, const QByteArray &name, const QByteArray &target)
+// Returns the error's number, 0 for none; nothing when it can't be known how the process ended, as
+// where the program's ended processes vanish because it was started with SIGCHLD ignored. The
+// program's memory isn't copied for the new process but lent to it, so it does nothing but its
+// calls, and no signal handler may run there.
+std::optional<int>
+linkAndMove(const QByteArray &handle, const QByteArray &name, const QByteArray &target)
 {
     sigset_t all;
     sigset_t before;
@@ -44,7 +50,7 @@ int linkAndMove(const QByteArray &handle, const QByteArray &name, const QByteArr
     pthread_sigmask(SIG_SETMASK, &all, &before);
     const pid_t process = vfork();
     if (process == 0)
-        linkAndMoveHere(handle.constData(), name.constData(), target.constData());
+        _exit(linkAndMoveHere(handle.constData(), name.constData(), target.constData()));
     const int startError = errno;
     pthread_sigmask(SIG_SETMASK, &before, nullptr);
     if (process < 0)
@@ -52,12 +58,9 @@ int linkAndMove(const QByteArray &handle, const QByteArray &name, const QByteArr
     int status = 0;
     while (waitpid(process, &status, 0) < 0) {
         if (errno != EINTR)
-            return errno;
+            return {};
     }
-    if (WIFEXITED(status))
-        return WEXITSTATUS(status);
-    unlink(name.constData());
-    return EIO;
+    return WIFEXITED(status) ? std::optional<int>(WEXITSTATUS(status)) : std::nullopt;
 }
 } // namespace
 
@@ -73,7 +76,17 @@ int nameFile(int handle, const QString &name)
 
 int nameAndMoveFile(int handle, const QString &name, const QString &target)
 {
-    return linkAndMove(pathOf(handle), QFile::encodeName(name), QFile::encodeName(target));
+    const QByteArray from = pathOf(handle);
+    const QByteArray by = QFile::encodeName(name);
+    const QByteArray to = QFile::encodeName(target);
+    if (const auto error = linkAndMove(from, by, to))
+        return *error;
+    if (isSameFile(handle, target))
+        return 0;
+    // It failed or was killed: this attempt tells why, or succeeds.
+    if (isSameFile(handle, name))
+        return rename(by.constData(), to.constData()) == 0 ? 0 : errno;
+    return linkAndMoveHere(from.constData(), by.constData(), to.constData());
 }
 
 #endif

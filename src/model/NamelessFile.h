@@ -9,5 +9,6 @@
 int nameFile(int handle, const QString &name);
 
 /// Replaces the file @p target by the one behind @p handle, which is called @p name for a moment.
-/// Nothing of that name stays after a failure, or when the program is killed meanwhile.
+/// Nothing of that name stays after a failure, or when the program alone is killed meanwhile. When
+/// the process that does the work is killed together with it, the file may stay under that name.
 int nameAndMoveFile(int handle, const QString &name, const QString &target);

@@ -6,6 +6,7 @@
 #include <QCoreApplication>
 #include <QFileInfo>
 
+#include <algorithm>
 #include <atomic>
 #include <cerrno>
 #include <filesystem>
@@ -24,10 +25,11 @@
 // when an archive writer closes it, and a kill leaves its randomly named file behind for good.
 //
 // Where the file system allows (O_TMPFILE), the new file has no name while it is written, so that a
-// kill leaves nothing (NamelessFile). On other file systems a kill leaves one file of a fixed name,
-// which the next save removes. A saver locks its file all along: that tells a file left behind from
-// one that another program is saving right now; the next saver then takes the next name. Where the
-// file system keeps no locks, the name tells the saver's process instead.
+// kill leaves nothing, but in the instant of its naming (NamelessFile). On other file systems a
+// kill leaves one file of a fixed name. The next save removes what was left. A saver locks its file
+// all along: that tells a file left behind from one that another program is saving right now; the
+// next saver then takes the next name. Where the file system keeps no locks, the name tells the
+// saver's process instead.
 
 namespace {
 
@@ -299,14 +301,21 @@ bool SaveDevice::moveNameless()
             m_keepsLocks ? savingName(m_target, number) : savingNameOfThisProcess(m_target);
         error = nameAndMoveFile(m_file.handle(), name, m_target);
     }
-    return error == 0 || moveCopy();
+    if (error == 0)
+        return true;
+    // Other errors, as of a failing disk, would meet a copy as well.
+    const auto unnameable = {EPERM, EACCES, EXDEV, ENOENT, ENOSYS, EOPNOTSUPP};
+    if (std::find(unnameable.begin(), unnameable.end(), error) != unnameable.end())
+        return moveCopy(error);
+    return fail(QT_TRANSLATE_NOOP("SaveDevice", "the new file can't be moved"),
+                qt_error_string(error));
 #else
     return false;
 #endif
 }
 
-// Where a file without a name can't be given one.
-bool SaveDevice::moveCopy()
+// Where a file without a name can't be given one, for the reason @p error.
+bool SaveDevice::moveCopy(int error)
 {
 #ifdef O_TMPFILE
     QFile nameless;
@@ -314,7 +323,8 @@ bool SaveDevice::moveCopy()
     const bool isOpen = handle >= 0 && nameless.open(handle, ReadOnly, QFile::AutoCloseHandle);
     m_file.close();
     if (!isOpen || !nameless.seek(0) || (!openNamed() && !openUnlocked()) || !keepMode())
-        return failBySystem(QT_TRANSLATE_NOOP("SaveDevice", "the new file can't be moved"));
+        return fail(QT_TRANSLATE_NOOP("SaveDevice", "the new file can't be moved"),
+                    qt_error_string(error));
     while (!nameless.atEnd()) {
         const QByteArray part = nameless.read(1 << 20);
         if (part.isEmpty() || m_file.write(part) != part.size())
@@ -322,6 +332,7 @@ bool SaveDevice::moveCopy()
     }
     return syncToDisk() && moveNamed();
 #else
+    Q_UNUSED(error)
     return false;
 #endif
 }

@@ -69,7 +69,7 @@ private:
     bool moveIntoPlace();
     bool moveNamed();
     bool moveNameless();
-    bool moveCopy();
+    bool moveCopy(int error);
     void discard();
 
     QString m_path;
