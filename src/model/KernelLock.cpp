@@ -5,10 +5,13 @@
 
 #include <cerrno>
 #include <csignal>
+#include <limits>
 
 #ifdef Q_OS_UNIX
+#include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
+#include <unistd.h>
 #endif
 
 namespace {
@@ -54,6 +57,23 @@ bool isSameFile(int handle, const QString &path)
 #endif
 }
 
+// One that isn't the named file any more by the time that it is locked was moved away by its
+// holder.
+void removeIfFree(const QString &path)
+{
+#ifdef Q_OS_UNIX
+    const QByteArray name = QFile::encodeName(path);
+    const int handle = open(name.constData(), O_RDONLY | O_NONBLOCK | O_NOFOLLOW | O_CLOEXEC);
+    if (handle < 0)
+        return;
+    if (lockHandle(handle) == KernelLock::Taken && isSameFile(handle, path))
+        unlink(name.constData());
+    close(handle);
+#else
+    QFile::remove(path); // fails while it is in use
+#endif
+}
+
 QString processStart(qint64 process)
 {
     constexpr int startField = 19;
@@ -62,14 +82,17 @@ QString processStart(qint64 process)
 
 bool isRunning(qint64 process, const QString &start)
 {
+    // Numbers of files, which may hold anything; the system's calls cut or misread others.
+    if (process < 1 || process > std::numeric_limits<int>::max())
+        return false;
     const auto fields = statusFields(process);
     if (!fields.isEmpty()) {
         const bool isDead = fields[0] == "Z" || fields[0] == "X";
         return !isDead && (start.isEmpty() || start == processStart(process));
     }
 #ifdef Q_OS_UNIX
-    return process > 0 && (kill(pid_t(process), 0) == 0 || errno == EPERM);
+    return kill(pid_t(process), 0) == 0 || errno == EPERM;
 #else
-    return process > 0;
+    return true;
 #endif
 }

@@ -7,7 +7,7 @@
 enum class KernelLock {
     Taken,
     InUse,      ///< another open file, here or in another program, has it
-    Unsupported ///< the file system keeps no locks
+    Unsupported ///< it can't tell: the file system keeps no locks, or none for such a handle
 };
 
 /// Asks for the exclusive lock of the file behind @p handle, at once.
@@ -15,6 +15,9 @@ KernelLock lockHandle(int handle);
 
 /// True when @p path, links not followed, still names the file behind @p handle.
 bool isSameFile(int handle, const QString &path);
+
+/// Removes the file @p path unless it is locked.
+void removeIfFree(const QString &path);
 
 /// Tells a process from others that had its number before; empty where the system does not say.
 QString processStart(qint64 process);

@@ -5,16 +5,19 @@
 #include <QCoreApplication>
 #include <QCryptographicHash>
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
+#include <QHash>
+#include <QMutex>
 #include <QSysInfo>
 
-#ifdef Q_OS_UNIX
-#include <fcntl.h>
-#include <unistd.h>
-#endif
-
 namespace {
+QString savingEnd()
+{
+    return QStringLiteral(".saving");
+}
+
 QString savingStart(const QString &target)
 {
     constexpr int longestName = 150; // the file system ends names at 255 bytes
@@ -22,7 +25,7 @@ QString savingStart(const QString &target)
     if (QFile::encodeName(name).size() > longestName)
         name = QString::fromLatin1(
             QCryptographicHash::hash(QFile::encodeName(name), QCryptographicHash::Md5).toHex());
-    return QStringLiteral(".%1.saving").arg(name);
+    return QLatin1Char('.') + name + savingEnd();
 }
 
 QString inFolderOf(const QString &target, const QString &name)
@@ -35,34 +38,35 @@ QString hostPart()
     return QStringLiteral("-%1-").arg(QSysInfo::machineHostName().left(64));
 }
 
-// One that is locked is in use; one that isn't the named file any more by the time that it is
-// locked was moved away by its saver.
-void removeUnlocked(const QString &name)
+// Whether @p owner, what savingNameOfThisProcess() ends with, is a process that runs no more.
+bool isGone(const QString &owner)
 {
-#ifdef Q_OS_UNIX
-    const QByteArray path = QFile::encodeName(name);
-    const int handle = open(path.constData(), O_RDONLY | O_NONBLOCK | O_NOFOLLOW | O_CLOEXEC);
-    if (handle < 0)
-        return;
-    if (lockHandle(handle) == KernelLock::Taken && isSameFile(handle, name))
-        unlink(path.constData());
-    close(handle);
-#else
-    QFile::remove(name); // fails while it is in use
-#endif
+    const QStringList parts = owner.split(QLatin1Char('-'));
+    bool isNumber = false;
+    const qint64 process = parts[0].toLongLong(&isNumber);
+    return isNumber && parts.size() == 2 && !isRunning(process, parts[1]);
 }
 
-// Whether the name that begins with savingStart() and goes on with @p end is one of ours that
-// nobody needs any more. On file systems without locks a mere number is soon given up.
-bool isAbandoned(const QString &end)
+// The files of savers that are there, or were a moment ago: a folder of many files isn't listed
+// again for each of many that are saved there. Savers may be on several threads.
+QStringList unlockedNamesIn(const QString &folder)
 {
-    bool isNumber = false;
-    end.toInt(&isNumber);
-    if (isNumber || end.isEmpty())
-        return true;
-    const QStringList parts = end.mid(hostPart().size()).split(QLatin1Char('-'));
-    return end.startsWith(hostPart()) && parts.size() == 2 &&
-           !isRunning(parts[0].toLongLong(), parts[1]);
+    struct Listing
+    {
+        QElapsedTimer age;
+        QStringList names;
+    };
+    constexpr qint64 oldest = 10000; // milliseconds
+    static QMutex mutex;
+    static QHash<QString, Listing> listings;
+    const QMutexLocker locker(&mutex);
+    Listing &listing = listings[folder];
+    if (!listing.age.isValid() || listing.age.hasExpired(oldest)) {
+        const QStringList pattern(QStringLiteral(".*%1-*").arg(savingEnd()));
+        listing.names = QDir(folder).entryList(pattern, QDir::Files | QDir::Hidden, QDir::Unsorted);
+        listing.age.start();
+    }
+    return listing.names;
 }
 } // namespace
 
@@ -75,7 +79,7 @@ QString savingName(const QString &target, int number)
 void removeAbandoned(const QString &target)
 {
     for (int number = 0; number < mostSavers; ++number)
-        removeUnlocked(savingName(target, number));
+        removeIfFree(savingName(target, number));
 }
 
 QString savingNameOfThisProcess(const QString &target)
@@ -89,10 +93,13 @@ QString savingNameOfThisProcess(const QString &target)
 
 void removeUnlockedAbandoned(const QString &target)
 {
-    QDir folder(QFileInfo(target).path());
-    const QString start = savingStart(target);
-    for (const QString &name : folder.entryList(QDir::Files | QDir::Hidden)) {
-        if (name.startsWith(start) && isAbandoned(name.mid(start.size())))
-            folder.remove(name);
+    // Without locks these are soon given up.
+    for (int number = 0; number < mostSavers; ++number)
+        QFile::remove(savingName(target, number));
+    const QString folder = QFileInfo(target).path();
+    const QString start = savingStart(target) + hostPart();
+    for (const QString &name : unlockedNamesIn(folder)) {
+        if (name.startsWith(start) && isGone(name.mid(start.size())))
+            QFile::remove(inFolderOf(target, name));
     }
 }

@@ -14,4 +14,6 @@ void removeAbandoned(const QString &target);
 
 /// The same where the file system keeps no locks: the name tells whose file it is.
 QString savingNameOfThisProcess(const QString &target);
+/// Removes the files of these names that killed savers of @p target left some seconds ago or before
+/// this program first saved in the folder.
 void removeUnlockedAbandoned(const QString &target);
