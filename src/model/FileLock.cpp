@@ -26,11 +26,11 @@
 // Here the kernel decides: a holder keeps the file open under the kernel's lock, which ends with
 // it. Two that find an abandoned file both ask the kernel, and one gets it. Who gives the lock up
 // removes the file first, so whoever gets the lock checks that its file is still the one of this
-// name. The text counts in two cases. One that names another computer holds: a network drive may
-// not pass locks on, and a synchronised folder never does. And where the file system keeps no
-// locks, one that names a running process of this computer holds; two that take over an abandoned
-// file within the same moment may then both succeed, and FileStamp keeps the second save from
-// replacing the first. The text is in the order of QLockFile, which older versions read.
+// name. The text counts in two cases. One that names another computer holds a project: a network
+// drive may not pass locks on, and a synchronised folder never does. And where the file system
+// keeps no locks, one that names a running process of this computer holds; two that take over an
+// abandoned file within the same moment may then both succeed, and FileStamp keeps the second save
+// from replacing the first. The text is in the order of QLockFile, which older versions read.
 
 namespace {
 QString ownProgram()
@@ -71,8 +71,9 @@ QByteArray startOf(QFile &file)
 }
 } // namespace
 
-FileLock::FileLock(QString path)
+FileLock::FileLock(QString path, Rule rule)
     : m_path(std::move(path))
+    , m_rule(rule)
 {
 }
 
@@ -196,14 +197,15 @@ std::optional<FileLock::Taking> FileLock::takeFile(int handle)
         return {};
     const auto holder = ::holderIn(handle);
     if (lock == KernelLock::InUse) {
-        if (mayLive(holder))
+        if (m_rule == Rule::Kernel || mayLive(holder))
             return Taking::Held;
         QThread::msleep(pause);
         return {};
     }
     const bool isKept = lock == KernelLock::Taken;
     m_isKept = isKept;
-    if (holder && (holder->isElsewhere || (!isKept && mayLive(holder))))
+    const bool isElsewhere = m_rule == Rule::Text && holder && holder->isElsewhere;
+    if (isElsewhere || (!isKept && mayLive(holder)))
         return Taking::Held;
     if (isReadOnly(handle)) {
         removeIfSame(handle, m_path);
@@ -216,7 +218,7 @@ std::optional<FileLock::Taking> FileLock::takeFile(int handle)
     const bool isWritten = writeText(handle, text);
     // A lock of the kernel holds without a text too, on a full disk.
     if (isKept) {
-        QFile::remove(m_path + QStringLiteral(".rmlock")); // which older versions may have left
+        removeIfFree(m_path + QStringLiteral(".rmlock")); // which older versions may have left
         return Taking::Done;
     }
     QFile file(m_path);

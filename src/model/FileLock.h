@@ -14,7 +14,12 @@ QT_END_NAMESPACE
 class FileLock
 {
 public:
-    explicit FileLock(QString path);
+    /// What tells whether somebody has the lock, where the file system keeps locks.
+    enum class Rule {
+        Text,  ///< the kernel's lock, or a text that names another computer
+        Kernel ///< the kernel's lock alone, for files that no other computer uses
+    };
+    explicit FileLock(QString path, Rule rule = Rule::Text);
     ~FileLock();
     FileLock(const FileLock &) = delete;
     FileLock &operator=(const FileLock &) = delete;
@@ -54,5 +59,6 @@ private:
     std::unique_ptr<QLockFile> m_lock;
 #endif
     QString m_path;
+    Rule m_rule;
     bool m_isKept = true;
 };

@@ -29,7 +29,7 @@ QString newName()
 
 RecoveryFolder::RecoveryFolder(const QString &path)
     : m_path(path)
-    , m_lock(QDir(path).filePath(lockName()))
+    , m_lock(QDir(path).filePath(lockName()), FileLock::Rule::Kernel)
 {
 }
 

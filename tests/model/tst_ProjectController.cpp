@@ -8,6 +8,7 @@
 #include "support/Pictures.h"
 
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QProcess>
 #include <QSysInfo>
@@ -188,6 +189,21 @@ private Q_SLOTS:
         // Nobody can have these.
         QVERIFY(FileLock(path("absent/lock")).take() == Taking::Impossible);
         QVERIFY(FileLock(path(QByteArray(300, 'a'))).take() == Taking::Impossible);
+        // What an older version works with stays until it is done.
+        const QString removal = lock + QStringLiteral(".rmlock");
+        QFile busy(removal);
+        QVERIFY(busy.open(QIODevice::WriteOnly) && flock(busy.handle(), LOCK_EX) == 0);
+        QVERIFY(taken() == Taking::Done && QFile::exists(removal));
+        busy.close();
+        QVERIFY(taken() == Taking::Done && !QFile::exists(removal));
+        // Where the kernel alone decides there is nothing to wait for.
+        QFile unseen(lock);
+        QVERIFY(unseen.open(QIODevice::WriteOnly) && flock(unseen.handle(), LOCK_EX) == 0);
+        QElapsedTimer time;
+        time.start();
+        QVERIFY(FileLock(lock, FileLock::Rule::Kernel).take() == Taking::Held);
+        QVERIFY(time.elapsed() < 250);
+        QVERIFY(QFile::remove(lock));
         // Those of other users can be read, whatever their masks, and are theirs if they can't.
         const auto mask = umask(077);
         FileLock theirs(lock);

@@ -204,8 +204,8 @@ private:
         const QStringList names = folder.entryList({"*.data"_s}, QDir::Files);
         return {names.begin(), names.end()};
     }
-    // The snapshot as another program would find it, had this one crashed now while it took the
-    // lock.
+    // The snapshot as another program would find it, had this one crashed now and the computer got
+    // another name.
     RecoveryEntry copied()
     {
         m_copy = std::make_unique<QTemporaryDir>();
@@ -217,6 +217,7 @@ private:
         }
         QFile lock(m_copy->filePath("s/lock"_s));
         lock.open(QIODevice::WriteOnly);
+        lock.write("47\nvesperine\nformer name\n\n");
         lock.close();
         auto entries = RecoveryStore(m_copy->path()).takeLeftOvers(now());
         return std::move(entries.at(0));
