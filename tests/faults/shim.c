@@ -19,6 +19,12 @@
 #include <unistd.h>
 
 static int calls;
+static pid_t program;
+
+__attribute__((constructor)) static void start(void)
+{
+    program = getpid();
+}
 
 static int concerns(const char *path)
 {
@@ -50,8 +56,11 @@ static int fails(const char *name)
     const int file = syscall(SYS_openat, AT_FDCWD, tells, O_WRONLY | O_CREAT | O_TRUNC, 0600);
     syscall(SYS_write, file, name, strlen(name));
     syscall(SYS_close, file);
-    if (getenv("FAULT_KILLS"))
+    if (getenv("FAULT_KILLS")) {
+        // A process that works for the program dies with it.
+        kill(program, SIGKILL);
         kill(getpid(), SIGKILL);
+    }
     errno = EIO;
     return 1;
 }
