@@ -60,6 +60,11 @@ CommandLine::~CommandLine() = default;
 
 int CommandLine::run(int argc, char **argv)
 {
+    if (const auto word = wordWithoutText(argc, argv)) {
+        Console(false).complain(
+            QStringLiteral("'%1' is not UTF-8: it would stand for another name").arg(*word));
+        return int(ExitCode::Usage);
+    }
     try {
         m_app->parse(parserWords(argc, argv));
     } catch (const CLI::Success &success) {

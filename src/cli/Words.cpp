@@ -1,5 +1,9 @@
 #include "cli/Words.h"
 
+#include "base/PlainText.h"
+
+#include <QFile>
+
 #include <algorithm>
 
 namespace {
@@ -28,6 +32,16 @@ std::vector<std::string> parserWords(int argc, char **argv)
     }
     std::reverse(words.begin(), words.end());
     return words;
+}
+
+std::optional<QString> wordWithoutText(int argc, char **argv)
+{
+    for (int i = 1; i < argc; ++i) {
+        const QByteArray word(argv[i]);
+        if (QFile::encodeName(QFile::decodeName(word)) != word)
+            return shownBytes(word);
+    }
+    return std::nullopt;
 }
 
 QString text(const std::string &word)

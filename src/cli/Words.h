@@ -2,6 +2,7 @@
 
 #include <QStringList>
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -10,6 +11,10 @@
 /// The words of a command line but the program's name, as the parser expects them: marked, and from
 /// the last to the first.
 std::vector<std::string> parserWords(int argc, char **argv);
+
+/// The first word, as it is shown, whose bytes are no text; nothing when there is none. As a text
+/// it would lead to another file.
+std::optional<QString> wordWithoutText(int argc, char **argv);
 
 /// The text of a word that may be marked.
 QString text(const std::string &word);

@@ -128,6 +128,27 @@ private Q_SLOTS:
         QCOMPARE(run("check --null n.vep"), 2);
     }
 
+    // Read as texts they would be the name that stands there.
+    void wordsThatAreNoText()
+    {
+        QVERIFY(QFile::copy(path("p.vep"), path("q\uFFFD.vep")));
+        const QByteArray before = contentOf(path("q\uFFFD.vep"));
+        for (const char *line : {"set q%b.vep light_height=77",
+                                 "set p.vep publish_directory=%b",
+                                 "export p.vep --output=q%b",
+                                 "generate s --output q%b",
+                                 "info -- p.vep q%b.vep"}) {
+            const auto script =
+                QStringLiteral("cd '%1' && '%2' $(printf '%3' '\\0375') 2>words")
+                    .arg(path(""), QStringLiteral(CLI_PROGRAM), QString::fromLatin1(line));
+            QVERIFY2(QProcess::execute(QStringLiteral("sh"), {QStringLiteral("-c"), script}) == 2,
+                     line);
+            QVERIFY2(contentOf(path("words")).contains("\\xfd"), line);
+        }
+        QCOMPARE(contentOf(path("q\uFFFD.vep")), before);
+        QVERIFY(!exists("q\uFFFD"));
+    }
+
     void checkAndRepair()
     {
         QCOMPARE(run("check p.vep"), 0);
