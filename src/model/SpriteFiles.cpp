@@ -11,14 +11,24 @@
 
 #ifdef Q_OS_UNIX
 #include <dirent.h>
+#include <sys/stat.h>
 #endif
 
 namespace {
 #ifdef Q_OS_UNIX
-bool isImageOrFolder(const dirent &entry, const QByteArray &name)
+// Some file systems leave the type unknown.
+bool isFolder(DIR *listing, const dirent &entry)
 {
-    const QByteArray lower = name.toLower();
-    return entry.d_type == DT_DIR || lower.endsWith(".png") || lower.endsWith(".jpg") ||
+    if (entry.d_type != DT_UNKNOWN && entry.d_type != DT_LNK)
+        return entry.d_type == DT_DIR;
+    struct stat status = {};
+    return fstatat(dirfd(listing), entry.d_name, &status, 0) == 0 && S_ISDIR(status.st_mode);
+}
+
+bool isImageOrFolder(DIR *listing, const dirent &entry)
+{
+    const QByteArray lower = QByteArray(entry.d_name).toLower();
+    return isFolder(listing, entry) || lower.endsWith(".png") || lower.endsWith(".jpg") ||
            lower.endsWith(".jpeg");
 }
 
@@ -31,7 +41,7 @@ QList<QByteArray> namesWithoutText(const QString &folder)
         return names;
     while (const dirent *entry = readdir(listing)) {
         const QByteArray name = entry->d_name;
-        if (QFile::encodeName(QFile::decodeName(name)) != name && isImageOrFolder(*entry, name))
+        if (QFile::encodeName(QFile::decodeName(name)) != name && isImageOrFolder(listing, *entry))
             names.append(name);
     }
     closedir(listing);
