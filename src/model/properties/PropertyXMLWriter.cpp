@@ -68,8 +68,8 @@ QDomDocument toDocument(const XmlElements &elements)
 
 QString textOf(const QDomDocument &document, int indentation)
 {
-    // The toolkit writes the attributes of an element in another order in every run. Nothing else
-    // has an angle bracket that is not escaped.
+    // The toolkit writes the attributes of an element in another order in every run. It leaves ">"
+    // in texts as it is, but escapes every "<", so that nothing else looks like an element.
     static const QRegularExpression several(
         QStringLiteral(R"(<[^\s<>]+((?: [^\s=<>]+="[^"]*"){2,})/?>)"));
     static const QRegularExpression single(QStringLiteral(R"( [^\s=]+="[^"]*")"));
