@@ -27,6 +27,12 @@ struct Tag
     bool hasDeclarations = false;
 };
 
+bool isEmptyBracket(const QString &text, int at)
+{
+    const int end = text.indexOf(QLatin1Char(']'), at);
+    return end >= 0 && QStringView(text).mid(at + 1, end - at - 1).trimmed().isEmpty();
+}
+
 // A ">" or "=" in quotation marks belongs to a value.
 Tag tagAt(const QString &text, int start)
 {
@@ -43,7 +49,8 @@ Tag tagAt(const QString &text, int start)
             quote = c;
         } else {
             tag.attributes += c == QLatin1Char('=') ? 1 : 0;
-            tag.hasDeclarations = tag.hasDeclarations || c == QLatin1Char('[');
+            tag.hasDeclarations =
+                tag.hasDeclarations || (c == QLatin1Char('[') && !isEmptyBracket(text, at));
         }
     }
     return tag;
