@@ -6,6 +6,7 @@
 
 #include <QByteArray>
 #include <QDateTime>
+#include <QLoggingCategory>
 #include <QString>
 
 #include <atomic>
@@ -79,12 +80,25 @@ void writeMessage(QtMsgType type, const QMessageLogContext & /*context*/, const 
          ": " + message.toUtf8());
     isKeeping = false;
 }
+
+QLoggingCategory::CategoryFilter formerFilter = nullptr;
+
+// What a user mutes by rules, as in QT_LOGGING_RULES, is not said to anybody who listens either;
+// the decoders warn in the category that has no name of its own.
+void keepWarnings(QLoggingCategory *category)
+{
+    formerFilter(category);
+    if (qstrcmp(category->categoryName(), "default") == 0)
+        category->setEnabled(QtWarningMsg, true);
+}
 } // namespace
 
 void GLogger::install()
 {
     log();
     qInstallMessageHandler(writeMessage);
+    if (!formerFilter)
+        formerFilter = QLoggingCategory::installFilter(keepWarnings);
 }
 
 void GLogger::setVerbosity(int level)

@@ -135,17 +135,57 @@ const char *problemOfPng(const QByteArray &content)
     return endsEarly;
 }
 
-QByteArray withoutPackedTexts(const QByteArray &content)
+QByteArray withoutPackedTexts(const QByteArray &content, const QByteArray &keptKey)
 {
+    constexpr int header = 8; // length and type of a chunk
+    const QByteArray keptStart = keptKey + '\0';
+    bool hasKept = false;
     QByteArray result;
     qint64 kept = 0;
     for (auto chunk = chunkAt(content, pngSignature); chunk; chunk = chunkAt(content, chunk->end)) {
         if (!chunk->isOf(content, "zTXt") && !chunk->isOf(content, "iTXt"))
             continue;
+        if (!hasKept && content.mid(int(chunk->at) + header, keptStart.size()) == keptStart) {
+            hasKept = true;
+            continue;
+        }
         result += content.mid(int(kept), int(chunk->at - kept));
         kept = chunk->end;
     }
     return kept == 0 ? content : result + content.mid(int(kept));
+}
+
+QByteArray withoutStrayBytes(const QByteArray &content)
+{
+    constexpr uchar scan = 0xda;
+    constexpr uchar fileFormat = 0xe0;
+    constexpr uchar inks = 0xee;
+    constexpr uchar comment = 0xfe;
+    constexpr int majorVersion = 5; // behind "JFIF" and a NUL byte
+    constexpr int markerAndLength = 4;
+    constexpr int markerSize = 2;
+    JpegWalk walk(content);
+    QByteArray result = content.left(markerSize);
+    result.reserve(content.size());
+    int codedFrom = -1;
+    while (const auto segment = walk.next()) {
+        const int start = segment->at - markerAndLength;
+        if (codedFrom >= 0)
+            result += content.mid(codedFrom, start - codedFrom);
+        codedFrom = segment->marker == scan ? segment->at + segment->size : -1;
+        if (segment->marker == JpegWalk::end)
+            return result + content.mid(start, markerSize);
+        // Of what applications store, the decoder looks at two for the colours.
+        const bool isOfApplication = segment->marker >= fileFormat && segment->marker <= 0xef;
+        const bool hasColours = segment->marker == fileFormat || segment->marker == inks;
+        if (segment->marker == comment || (isOfApplication && !hasColours))
+            continue;
+        QByteArray kept = content.mid(start, markerAndLength + segment->size);
+        if (segment->marker == fileFormat && kept.size() > markerAndLength + majorVersion)
+            kept[markerAndLength + majorVersion] = 1;
+        result += kept;
+    }
+    return content;
 }
 
 // The decoder fills up what is missing with grey and only warns.
@@ -171,7 +211,7 @@ const char *problemOfJpeg(const QByteArray &content)
         if (isFrame(segment->marker))
             frame = frameOf(walk, *segment);
         scans += segment->marker == scan ? 1 : 0;
-        if (scans > mostScans || scans * frame.pixels > mostPixelsInScans)
+        if (scans > mostScans || (scans > 1 && scans * frame.pixels > mostPixelsInScans))
             return QT_TRANSLATE_NOOP("ReadImage",
                                      "too many scans; save it anew, not as a progressive image");
         if (++segments > mostSegments)

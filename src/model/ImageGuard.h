@@ -9,5 +9,10 @@ const char *problemOfPng(const QByteArray &content);
 const char *problemOfJpeg(const QByteArray &content);
 
 /// The PNG file @p content without its packed texts: no sprite needs them, and unpacking takes a
-/// decoder up to a second for each.
-QByteArray withoutPackedTexts(const QByteArray &content);
+/// decoder up to a second for each. The first one with the name @p keptKey stays.
+QByteArray withoutPackedTexts(const QByteArray &content, const QByteArray &keptKey);
+
+/// The JPEG file @p content without what its decoder would warn of and that loses no pixel: stray
+/// bytes between the segments and a version that it does not know; and without what no pixel
+/// depends on. The decoder tells only its first warning, which may else hide one of lost data.
+QByteArray withoutStrayBytes(const QByteArray &content);

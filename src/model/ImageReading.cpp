@@ -2,6 +2,7 @@
 
 #include "base/MessageListener.h"
 #include "model/ImageGuard.h"
+#include "model/NormalMapFile.h"
 
 #include <QColorSpace>
 #include <QCoreApplication>
@@ -76,7 +77,7 @@ private:
 };
 
 // The decoder of JPEGs goes on where coded data are missing. Other warnings, such as of bytes
-// between the segments, come up with many cameras.
+// behind the coded data, come up with many cameras.
 bool hasLostData(const MessageListener &listener)
 {
     return listener.messages()
@@ -96,7 +97,8 @@ QImage decode(const QByteArray &content, QString *problem)
         *problem = QLatin1String(found);
         return {};
     }
-    TimedContent device(isPng ? withoutPackedTexts(content) : content);
+    TimedContent device(isPng ? withoutPackedTexts(content, normalMapKey())
+                              : withoutStrayBytes(content));
     QImageReader reader(&device, format);
     reader.setAutoDetectImageFormat(false);
     reader.setDecideFormatFromContent(false);

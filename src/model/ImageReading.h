@@ -23,7 +23,8 @@ struct ReadImage
 
 /// Reads a PNG or JPEG file, told by its content and not by its name. Only regular files of at most
 /// 1 GiB are opened; images of more than 32768 pixels a side or 256 MiB decoded aren't decoded, nor
-/// are files that end early, or JPEGs of more than 100 scans, of more than 2^31 pixels in all of
-/// them. No decoder gets more than 30 seconds. The pixels stay as they are stored: no rotation, no
-/// colour profile.
+/// are files that end early, PNGs of more than 200,000 chunks, or JPEGs of more than 5000 segments,
+/// of more than 100 scans, or of several scans with more than 2^31 pixels in all of them. No
+/// decoder gets more than 30 seconds. The pixels stay as they are stored: no rotation, no colour
+/// profile.
 ReadImage readImageFile(const QString &path);

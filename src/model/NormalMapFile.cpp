@@ -19,12 +19,6 @@ struct Words
     Q_DECLARE_TR_FUNCTIONS(NormalMapExport)
 };
 
-// In the PNG's text, which picture editors keep or drop but never make up.
-QString markKey()
-{
-    return QStringLiteral("Vesperine");
-}
-
 QString markText()
 {
     return QStringLiteral("normal map");
@@ -73,20 +67,26 @@ QByteArray encodedNormalMap(const AngleImage &surface, const QImage &sprite)
     buffer.open(QIODevice::WriteOnly);
     QImageWriter writer(&buffer, QByteArrayLiteral("png"));
     writer.setQuality(normalMapPngQuality);
-    writer.setText(markKey(), markText());
+    writer.setText(QString::fromLatin1(normalMapKey()), markText());
     return writer.write(exportedNormalMap(surface, sprite)) ? buffer.data() : QByteArray();
+}
+
+// In the PNG's text, which picture editors keep or drop but never make up.
+QByteArray normalMapKey()
+{
+    return QByteArrayLiteral("Vesperine");
 }
 
 bool isNormalMap(const QImage &image)
 {
-    return image.text(markKey()) == markText();
+    return image.text(QString::fromLatin1(normalMapKey())) == markText();
 }
 
 bool isNormalMapFile(const QString &path)
 {
     // The writer puts its text before the pixels.
     constexpr int start = 1024;
-    const QByteArray mark = "tEXt" + markKey().toLatin1() + '\0' + markText().toLatin1();
+    const QByteArray mark = "tEXt" + normalMapKey() + '\0' + markText().toLatin1();
     QFile file(path);
     return QFileInfo(path).isFile() && file.open(QIODevice::ReadOnly) &&
            file.read(start).contains(mark);

@@ -21,6 +21,8 @@ constexpr int normalMapPngQuality = 50;
 /// bears a mark in its text. Empty when there is nothing to encode.
 QByteArray encodedNormalMap(const AngleImage &surface, const QImage &sprite);
 
+/// The name of that text.
+QByteArray normalMapKey();
 /// True for an image that was read from a file of encodedNormalMap().
 bool isNormalMap(const QImage &image);
 /// True for such a file itself, told by its first bytes.

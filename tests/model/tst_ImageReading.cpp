@@ -1,5 +1,6 @@
 #include "base/GLogger.h"
 #include "model/ImageReading.h"
+#include "model/NormalMapFile.h"
 
 #include "support/Documents.h"
 
@@ -8,6 +9,7 @@
 #include <QElapsedTimer>
 #include <QImageReader>
 #include <QImageWriter>
+#include <QLoggingCategory>
 #include <QTest>
 #include <QtEndian>
 
@@ -85,6 +87,17 @@ QByteArray progressiveJpeg()
     return buffer.data();
 }
 
+QByteArray withStrayBytes(QByteArray jpeg)
+{
+    return jpeg.insert(jpeg.indexOf("\xff\xdb"), "\1\2");
+}
+
+QByteArray ofVersion(QByteArray jpeg, char version)
+{
+    jpeg[jpeg.indexOf("JFIF") + 5] = version;
+    return jpeg;
+}
+
 QByteArray claiming(QByteArray jpeg, int side)
 {
     const int frame = std::max(jpeg.indexOf("\xff\xc0"), jpeg.indexOf("\xff\xc2"));
@@ -125,8 +138,12 @@ class TestImageReading : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    // As in the programs: it is what hears the decoder's warnings.
-    void initTestCase() { GLogger::install(); }
+    // As in the programs: it is what hears the decoder's warnings, even those that a user mutes.
+    void initTestCase()
+    {
+        GLogger::install();
+        QLoggingCategory::setFilterRules(QStringLiteral("*.warning=false"));
+    }
 
     void readsPixelsAsStored()
     {
@@ -198,6 +215,13 @@ private Q_SLOTS:
             << claiming(fine, 8192) << "the file ends early";
         QTest::newRow("a lost quarter")
             << jpeg.left(jpeg.size() * 3 / 4) + end << "the file ends early";
+        QTest::newRow("stray bytes") << withStrayBytes(jpeg) << QString();
+        for (const QByteArray &whole :
+             {withStrayBytes(jpeg), ofVersion(jpeg, 2), withStrayBytes(fine)})
+            QTest::addRow("a lost end after a warning, %d bytes", whole.size())
+                << whole.left(whole.size() - 12) + end << "the file ends early";
+        QTest::newRow("one large scan")
+            << claiming(jpeg.chopped(2), 50000) + QByteArray(90'000'000, '\0') + end << "too large";
         QTest::newRow("a lost half, progressive")
             << fine.left(fine.indexOf("\xff\xda") + 30) + end << "the file ends early";
     }
@@ -211,6 +235,16 @@ private Q_SLOTS:
         QCOMPARE(result.image.isNull(), !problem.isEmpty());
         // Unpacking them would take longer than all else here.
         QVERIFY(result.image.textKeys().isEmpty());
+    }
+
+    // However another program has stored it.
+    void keepsTheMarkOfNormalMaps()
+    {
+        const QByteArray mark = "Vesperine" + QByteArray(2, '\0');
+        const QByteArray text("normal map");
+        for (const QByteArray &stored :
+             {"zTXt" + mark + qCompress(text).mid(4), "iTXt" + mark + QByteArray(3, '\0') + text})
+            QVERIFY(isNormalMap(read(png({1, 1}, "0802", "010203", chunk(stored))).image));
     }
 
     void jpegsAsTheyAre()
