@@ -93,14 +93,14 @@ void PaintToolAngleBrush::keyPress(int key, Qt::KeyboardModifiers modifiers)
                          modifiers & (Qt::ControlModifier | Qt::ShiftModifier);
     if (key == Qt::Key_Escape)
         m_pick->setChecked(false);
-    showPickCursor((isAlt || m_pick->isChecked()) && !isOther);
+    showPickCursor((isAlt || awaitsPick()) && !isOther);
     PaintToolBrushBasedOnNormalMap::keyPress(key, modifiers);
 }
 
 void PaintToolAngleBrush::keyRelease(int key, Qt::KeyboardModifiers modifiers)
 {
     if (key == Qt::Key_Alt || !modifiers.testFlag(Qt::AltModifier))
-        showPickCursor(m_pick->isChecked());
+        showPickCursor(awaitsPick());
     PaintToolBrushBasedOnNormalMap::keyRelease(key, modifiers);
 }
 
@@ -151,11 +151,17 @@ void PaintToolAngleBrush::fill()
     replaceSurface(surface, tr("Fill"));
 }
 
+// Not within a stroke, which Shift starts all the same.
+bool PaintToolAngleBrush::awaitsPick() const
+{
+    return m_pick->isChecked() && !isStrokeOpen();
+}
+
 // The cursor tells what a press does, also when Alt was let go in another window.
 bool PaintToolAngleBrush::picks(const ToolPointerEvent &event)
 {
-    const bool mayPick = event.modifiers == Qt::AltModifier ||
-                         (m_pick->isChecked() && event.modifiers == Qt::NoModifier);
+    const bool mayPick =
+        event.modifiers == Qt::AltModifier || (awaitsPick() && event.modifiers == Qt::NoModifier);
     const bool picks = mayPick && event.buttons == Qt::LeftButton;
     showPickCursor(picks || (mayPick && event.buttons == Qt::NoButton));
     if (!picks)

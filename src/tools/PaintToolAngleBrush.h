@@ -38,6 +38,7 @@ protected:
 private:
     void setAngle(AngleImage::Pixel angle);
     void fill();
+    bool awaitsPick() const;
     bool picks(const ToolPointerEvent &event);
     void showPickCursor(bool isShown);
 

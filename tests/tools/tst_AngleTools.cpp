@@ -101,6 +101,20 @@ private Q_SLOTS:
         pick.click();
         surface.paint({{-5, 6}}); // beside the sprite
         QVERIFY(pick.isChecked());
+        // A stroke that Shift has started goes on without it.
+        surface.press({20, 20}, Qt::ShiftModifier);
+        surface.moveTo({5, 6});
+        surface.moveTo({40, 25});
+        surface.release({40, 25});
+        QVERIFY(pick.isChecked());
+        const AngleImage stroke = surface.stored;
+        QVERIFY(!(stroke == start));
+        pick.click();
+        surface.replace(start);
+        surface.paint({{20, 20}, {5, 6}, {40, 25}});
+        QCOMPARE(surface.stored, stroke);
+        surface.replace(start);
+        pick.click();
         surface.paint({{30, 6}, {5, 6}});
         QCOMPARE(surface.stored, start);
         QVERIFY(!pick.isChecked());
