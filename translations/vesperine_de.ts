@@ -2221,8 +2221,20 @@ Die Sicherung bleibt in „%2“.</translation>
         <translation>Eine davon lässt sich jetzt wiederherstellen. Die anderen bietet der nächste Start an.</translation>
     </message>
     <message>
-        <source>What you gave up is offered for the last time: Later removes it.</source>
-        <translation>Aufgegebenes wird zum letzten Mal angeboten: „Später“ entfernt es.</translation>
+        <source>You gave up this unsaved work:</source>
+        <translation>Diese ungespeicherte Arbeit haben Sie aufgegeben:</translation>
+    </message>
+    <message>
+        <source>If you recover one, the next start offers the others.</source>
+        <translation>Stellen Sie eine davon wieder her, bietet der nächste Start die anderen an.</translation>
+    </message>
+    <message>
+        <source>Don&apos;t recover removes all of it.</source>
+        <translation>„Nicht wiederherstellen“ entfernt alles.</translation>
+    </message>
+    <message>
+        <source>Later removes what you gave up.</source>
+        <translation>„Später“ entfernt, was Sie aufgegeben haben.</translation>
     </message>
     <message>
         <source>The next start offers it for the last time.</source>

@@ -31,9 +31,12 @@ QByteArray readDataFile(const QString &path)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-// Who comes back from a long holiday has seven days to decide, too.
+// Who comes back from a long holiday has seven days to decide, too. What was given up goes with its
+// last offer, however late that comes.
 bool isOver(const RecoveryEntry &entry, const QDateTime &now)
 {
+    if (entry.folder->hasMark(RecoveryFolder::Mark::GivenUp))
+        return false;
     const QDateTime shown = entry.folder->timeOfMark(RecoveryFolder::Mark::Shown);
     return shown.isValid() && entry.index &&
            std::max(shown, entry.index->time).addDays(daysKept) < now;

@@ -32,7 +32,8 @@ public:
     std::unique_ptr<RecoveryFolder> createFolder() const;
 
     /// What is left of programs that are not running any more, the newest first. What was first
-    /// shown to the user more than 7 days before @p now is removed instead.
+    /// shown to the user more than 7 days before @p now is removed instead, unless it was given
+    /// up.
     std::vector<RecoveryEntry> takeLeftOvers(const QDateTime &now) const;
 
     /// The project of a snapshot under its own file name, its sprites not loaded; in

@@ -117,6 +117,9 @@ bool ProjectRecovery::recover(RecoveryEntry &entry)
         project = RecoveryStore::read(entry, &damagedBodies);
     } catch (const Error &error) {
         entry.folder->setMark(RecoveryFolder::Mark::Tried, false);
+        // The user wants it back, and has days to try again.
+        entry.folder->setMark(RecoveryFolder::Mark::GivenUp, false);
+        entry.folder->setMark(RecoveryFolder::Mark::Shown, false);
         QMessageBox::critical(
             m_window,
             tr("Error"),

@@ -75,18 +75,14 @@ QStringList remarksOn(const RecoveryEntry &entry)
 RecoveryDialog::RecoveryDialog(std::vector<RecoveryEntry> &entries, QWidget *parent)
     : QDialog(parent)
     , m_entries(entries)
+    , m_text(new QLabel(this))
     , m_list(new QListWidget(this))
     , m_picture(new QLabel(this))
     , m_details(new QLabel(this))
     , m_hint(new QLabel(this))
 {
     setWindowTitle(tr("Unsaved work"));
-    const bool isLastOffer = std::all_of(entries.begin(), entries.end(), wasGivenUp);
-    auto *text = new QLabel(
-        isLastOffer ? tr("You gave up this unsaved work. It is offered for the last time:")
-                    : tr("The program ended unexpectedly. It had kept this unsaved work:"),
-        this);
-    text->setWordWrap(true);
+    m_text->setWordWrap(true);
     m_hint->setWordWrap(true);
     m_list->setItemDelegate(new SpriteDelegate(m_list));
     m_list->setEditTriggers(QAbstractItemView::NoEditTriggers);
@@ -101,8 +97,7 @@ RecoveryDialog::RecoveryDialog(std::vector<RecoveryEntry> &entries, QWidget *par
     auto *buttons = new QDialogButtonBox(this);
     m_recover = buttons->addButton(tr("Recover"), QDialogButtonBox::AcceptRole);
     auto *remove = buttons->addButton(tr("Delete..."), QDialogButtonBox::DestructiveRole);
-    buttons->addButton(isLastOffer ? tr("Don't recover") : tr("Later"),
-                       QDialogButtonBox::RejectRole);
+    m_later = buttons->addButton(tr("Later"), QDialogButtonBox::RejectRole);
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     // Not when the program is ended while the dialog is open: that decides nothing.
@@ -119,7 +114,7 @@ RecoveryDialog::RecoveryDialog(std::vector<RecoveryEntry> &entries, QWidget *par
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(scaled(12), scaled(12), scaled(12), scaled(12));
     layout->setSpacing(scaled(8));
-    layout->addWidget(text);
+    layout->addWidget(m_text);
     layout->addLayout(middle, 1);
     layout->addWidget(m_hint);
     layout->addWidget(buttons);
@@ -134,11 +129,6 @@ void RecoveryDialog::addRow(const RecoveryEntry &entry)
 {
     auto *row = new QListWidgetItem(shownText(nameOf(entry)), m_list);
     row->setData(SpriteListModel::imageRole, pictureOf(entry));
-    QString detail =
-        entry.index ? age(entry.index->time, QDateTime::currentDateTimeUtc()) : tr("Can't be read");
-    if (wasGivenUp(entry))
-        detail = tr("%1, given up").arg(detail);
-    row->setData(SpriteListModel::detailRole, detail);
     if (!entry.index || wasTried(entry))
         row->setData(SpriteListModel::statusIconRole,
                      QStringLiteral(":/qrv_tools/icons/Icons_SpriteMissing.svg"));
@@ -146,9 +136,34 @@ void RecoveryDialog::addRow(const RecoveryEntry &entry)
 
 RecoveryEntry *RecoveryDialog::choose()
 {
-    if (m_entries.empty() || exec() != Accepted)
+    if (m_entries.empty())
+        return nullptr;
+    showOffer();
+    if (exec() != Accepted)
         return nullptr;
     return &m_entries[std::size_t(m_list->currentRow())];
+}
+
+// Before each showing: a recovery that failed makes what was given up wanted again.
+void RecoveryDialog::showOffer()
+{
+    const bool isLastOffer = std::all_of(m_entries.begin(), m_entries.end(), wasGivenUp);
+    if (!isLastOffer)
+        m_text->setText(tr("The program ended unexpectedly. It had kept this unsaved work:"));
+    else if (m_entries.size() == 1)
+        m_text->setText(tr("You gave up this unsaved work. It is offered for the last time:"));
+    else
+        m_text->setText(tr("You gave up this unsaved work:"));
+    m_later->setText(isLastOffer ? tr("Don't recover") : tr("Later"));
+    const QDateTime now = QDateTime::currentDateTimeUtc();
+    for (std::size_t row = 0; row < m_entries.size(); ++row) {
+        const RecoveryEntry &entry = m_entries[row];
+        const QString detail = entry.index ? age(entry.index->time, now) : tr("Can't be read");
+        m_list->item(int(row))->setData(SpriteListModel::detailRole,
+                                        wasGivenUp(entry) ? tr("%1, given up").arg(detail)
+                                                          : detail);
+    }
+    showCurrent();
 }
 
 // What was seen may go after some days.
@@ -187,12 +202,16 @@ void RecoveryDialog::showHint()
 {
     const auto givenUp = std::size_t(std::count_if(m_entries.begin(), m_entries.end(), wasGivenUp));
     QStringList hints;
-    if (m_entries.size() > 1)
+    if (givenUp == 0)
         hints.append(tr("You can recover one now. The next start offers the others."));
-    if (givenUp > 0 && givenUp < m_entries.size())
-        hints.append(tr("What you gave up is offered for the last time: Later removes it."));
+    else
+        hints.append(tr("If you recover one, the next start offers the others."));
+    if (givenUp == m_entries.size())
+        hints.append(tr("Don't recover removes all of it."));
+    else if (givenUp > 0)
+        hints.append(tr("Later removes what you gave up."));
     m_hint->setText(hints.join(QLatin1Char('\n')));
-    m_hint->setVisible(!hints.isEmpty());
+    m_hint->setVisible(m_entries.size() > 1);
 }
 
 void RecoveryDialog::deleteCurrent()
@@ -219,10 +238,10 @@ void RecoveryDialog::deleteCurrent()
     if (m_entries.empty())
         reject();
     else
-        showCurrent();
+        showOffer();
 }
 
-// They were offered once more.
+// They were offered once more. When another one is recovered, they stay for the next start.
 void RecoveryDialog::removeGivenUp()
 {
     for (const RecoveryEntry &entry : m_entries) {

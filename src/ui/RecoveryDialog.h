@@ -33,15 +33,18 @@ protected:
 
 private:
     void addRow(const RecoveryEntry &entry);
+    void showOffer();
     void showCurrent();
     void showHint();
     void deleteCurrent();
     void removeGivenUp();
 
     std::vector<RecoveryEntry> &m_entries;
+    QLabel *m_text;
     QListWidget *m_list;
     QLabel *m_picture;
     QLabel *m_details;
     QLabel *m_hint;
     QPushButton *m_recover;
+    QPushButton *m_later;
 };

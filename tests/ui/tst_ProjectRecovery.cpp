@@ -352,6 +352,50 @@ private Q_SLOTS:
         }
     }
 
+    // The user wanted it back: it is not the last offer, and the days begin anew.
+    void whatFailsToBeRecoveredIsKept()
+    {
+        const QString path = m_folder.path("p.vep"_s);
+        writeProject(path, 1, 40);
+        leaveSnapshot(path);
+        leaveSnapshot(path);
+        for (const auto &entry : RecoveryStore(ProjectRecovery::root()).takeLeftOvers(now()))
+            entry.folder->setMark(RecoveryFolder::Mark::GivenUp);
+        auto entries = RecoveryStore(ProjectRecovery::root()).takeLeftOvers(now());
+        QCOMPARE(entries.size(), std::size_t(2));
+        RecoveryIndex broken = *entries[0].index;
+        broken.xml = "<other/>";
+        broken.time = now().addDays(-30);
+        m_folder.write(QDir(m_folder.path({})).relativeFilePath(entries[0].folder->indexPath()),
+                       broken.toBytes());
+        QVERIFY(entries[0].folder->setMark(RecoveryFolder::Mark::Shown));
+        QFile shown(entries[0].folder->filePath("shown"_s));
+        QVERIFY(shown.open(QIODevice::ReadWrite));
+        QVERIFY(shown.setFileTime(broken.time, QFileDevice::FileModificationTime));
+        entries.clear();
+
+        DialogScript script;
+        script.then([](QWidget &dialog) {
+            QVERIFY(showsText(dialog, "You gave up this unsaved work:"_s));
+            QVERIFY(showsText(dialog, "If you recover one, the next start offers the others."_s));
+            QVERIFY(showsText(dialog, "Don't recover removes all of it."_s));
+            dialog.findChild<QListWidget *>()->setCurrentRow(1);
+            DialogScript::click("Recover"_s)(dialog);
+        });
+        script.then(DialogScript::click("OK"_s)).then([](QWidget &dialog) {
+            QVERIFY(showsText(dialog, "The program ended unexpectedly."_s));
+            QVERIFY(showsText(dialog, "Later removes what you gave up."_s));
+            DialogScript::click("Later"_s)(dialog);
+        });
+        auto window = start({});
+        QVERIFY(script.isDone());
+        window.reset();
+        const auto kept = RecoveryStore(ProjectRecovery::root()).takeLeftOvers(now().addDays(6));
+        QCOMPARE(kept.size(), std::size_t(1));
+        QCOMPARE(kept[0].index->xml, broken.xml);
+        QVERIFY(!kept[0].folder->hasMark(RecoveryFolder::Mark::GivenUp));
+    }
+
 private:
     // As the program does, with the files that it was given.
     static std::unique_ptr<MainWindow> start(const QStringList &paths)
