@@ -6,6 +6,7 @@
 #include "model/XmlGuard.h"
 
 #include <QBuffer>
+#include <QFile>
 #include <QFileInfo>
 
 #include <algorithm>
@@ -135,16 +136,16 @@ void RecoveryWriter::drop()
 // It was kept through a crash: a wrong answer to one question shall not lose it.
 void RecoveryWriter::giveUp()
 {
-    if (!m_hasAdopted || !m_folder) {
+    if (m_hasAdopted)
+        finish();
+    if (!hasAdopted()) {
         drop();
         return;
     }
-    finish();
     confirmAdopted();
     m_hasAdopted = false;
     forgetLast();
     m_folder->setMark(RecoveryFolder::Mark::GivenUp);
-    m_folder->setMark(RecoveryFolder::Mark::Shown);
     m_folder.reset();
 }
 
@@ -165,6 +166,12 @@ void RecoveryWriter::adopt(RecoveryEntry entry, Project &project)
         if (!name.isEmpty())
             m_lastWritten.insert(surface.id, {surface.revision, name});
     }
+}
+
+// Somebody may have cleared the place meanwhile: then there is nothing to promise.
+bool RecoveryWriter::hasAdopted() const
+{
+    return m_hasAdopted && m_folder && QFile::exists(m_folder->indexPath());
 }
 
 void RecoveryWriter::confirmAdopted()

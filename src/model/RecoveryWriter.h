@@ -32,8 +32,8 @@ public:
     void drop();
     /// Goes on with the snapshot of @p entry, from which @p project has just been read.
     void adopt(RecoveryEntry entry, Project &project);
-    /// From adopt() on, until its project is saved or given up.
-    bool hasAdopted() const { return m_hasAdopted; }
+    /// From adopt() on, until its project is saved or given up, while there is a snapshot of it.
+    bool hasAdopted() const;
     /// The project is given up unsaved: an adopted snapshot stays, marked so; any other is removed.
     void giveUp();
     /// The adopted snapshot's project is there to be worked on: trying it did no harm.

@@ -120,6 +120,33 @@ private Q_SLOTS:
         QVERIFY(dataFiles().isEmpty());
     }
 
+    // What is promised for it goes by what is there.
+    void anAdoptedSnapshotMayBeLost()
+    {
+        {
+            RecoveryWriter writer(store());
+            writer.write(*m_project);
+            QVERIFY(waitFor(writer));
+        }
+        auto entries = store().takeLeftOvers(now());
+        QStringList damaged;
+        const auto project = RecoveryStore::read(entries.at(0), &damaged);
+        RecoveryWriter next(store());
+        next.adopt(std::move(entries[0]), *project);
+        QVERIFY(next.hasAdopted());
+        QVERIFY(QDir(snapshotPath()).removeRecursively());
+        QVERIFY(!next.hasAdopted());
+        next.write(*project);
+        QVERIFY(waitFor(next));
+        QVERIFY(next.hasAdopted());
+        next.giveUp();
+        QVERIFY(!next.hasAdopted());
+        entries = store().takeLeftOvers(now());
+        QCOMPARE(entries.size(), std::size_t(1));
+        QVERIFY(entries[0].folder->hasMark(RecoveryFolder::Mark::GivenUp));
+        QCOMPARE(fingerprintOf(entries[0]), fingerprintOf(*project));
+    }
+
     void whatIsDroppedIsGone()
     {
         for (int delay = 0; delay < 12; ++delay) {
@@ -138,19 +165,22 @@ private Q_SLOTS:
     {
         QTest::addColumn<int>("days");
         QTest::addColumn<bool>("isShown");
+        QTest::addColumn<bool>("isGivenUp");
         QTest::addColumn<QByteArray>("index");
         QTest::addColumn<bool>("isKept");
-        QTest::newRow("just seen") << 0 << true << QByteArray() << true;
-        QTest::newRow("seen, within a week") << 6 << true << QByteArray() << true;
-        QTest::newRow("seen, after it") << 8 << true << QByteArray() << false;
-        QTest::newRow("never seen") << 400 << false << QByteArray() << true;
-        QTest::newRow("not readable") << 400 << true << QByteArray("{}\n<x/>") << true;
+        QTest::newRow("just seen") << 0 << true << false << QByteArray() << true;
+        QTest::newRow("seen, within a week") << 6 << true << false << QByteArray() << true;
+        QTest::newRow("seen, after it") << 8 << true << false << QByteArray() << false;
+        QTest::newRow("given up, after it") << 8 << true << true << QByteArray() << true;
+        QTest::newRow("never seen") << 400 << false << false << QByteArray() << true;
+        QTest::newRow("not readable") << 400 << true << false << QByteArray("{}\n<x/>") << true;
     }
 
     void leftOversAreKeptUntilSeen()
     {
         QFETCH(int, days);
         QFETCH(bool, isShown);
+        QFETCH(bool, isGivenUp);
         QFETCH(QByteArray, index);
         QFETCH(bool, isKept);
         {
@@ -162,6 +192,7 @@ private Q_SLOTS:
             const auto entries = store().takeLeftOvers(now());
             const RecoveryEntry &entry = entries.at(0);
             entry.folder->setMark(RecoveryFolder::Mark::Shown, isShown);
+            entry.folder->setMark(RecoveryFolder::Mark::GivenUp, isGivenUp);
             // Written long ago, by the clock: the user was away.
             RecoveryIndex old = *entry.index;
             old.time = old.time.addDays(-100);
