@@ -86,19 +86,19 @@ bool ExportActions::runPublishDialog()
 
 void ExportActions::runExportAs()
 {
-    if (m_editor.settleEffect(WindowPrompts::AfterEffect::Export) && runPublishDialog())
+    if (runPublishDialog() && m_editor.settleEffect(WindowPrompts::AfterEffect::Export))
         exportMaps();
 }
 
 void ExportActions::runExport()
 {
     const Project &project = m_controller.project();
-    if (!m_editor.settleEffect(WindowPrompts::AfterEffect::Export))
-        return;
     if (project.publishDirectory().value().isEmpty() &&
         project.publishNormalmapPostfix().value().isEmpty() && !runPublishDialog())
         return;
-    exportMaps();
+    // Last, as it may apply the effect: whoever cancels the settings exports nothing.
+    if (m_editor.settleEffect(WindowPrompts::AfterEffect::Export))
+        exportMaps();
 }
 
 void ExportActions::exportMaps()

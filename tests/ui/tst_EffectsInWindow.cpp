@@ -279,6 +279,8 @@ private Q_SLOTS:
         DialogScript script;
         for (const char *name : {"exportNormals", "exportNormalsAs"}) {
             bool mayCoverQuestion = true;
+            if (QLatin1String(name) == "exportNormalsAs"_s)
+                script.then(click("OK"_s));
             script.then([&](QWidget &question) {
                 mayCoverQuestion = easel.staysOnTop();
                 click("Cancel"_s)(question);
@@ -287,6 +289,15 @@ private Q_SLOTS:
             QVERIFY(!mayCoverQuestion && easel.staysOnTop());
             QVERIFY(script.isDone() && map().isNull() && easel.hasDialog());
         }
+        // Without the settings nothing is exported, nor asked.
+        for (const char *name : {"exportNormals", "exportNormalsAs"}) {
+            easel.window().project().publishNormalmapPostfix().setValue(QString());
+            script.then(click("Cancel"_s));
+            easel.trigger(name);
+            QVERIFY(script.isDone() && map().isNull() && easel.hasDialog());
+            QVERIFY(!script.seen().last().contains(u'|'));
+        }
+        easel.window().project().publishNormalmapPostfix().setValue("_n"_s);
         script.then(click("Export without it"_s)).then(click("OK"_s));
         easel.trigger("exportNormals");
         const QImage without = map();
