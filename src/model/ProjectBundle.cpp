@@ -178,7 +178,7 @@ void ProjectBundle::refuseTooMuchToLoad(const QVector<std::shared_ptr<DataFile>>
     qint64 claimed = 0;
     for (const auto &file : files)
         claimed += std::max<qint64>(0, unpackedSize(file->packed, maximumValueSize));
-    if (claimed > mostValues)
+    if (m_isCapped && claimed > mostValues)
         throw Error(tr("Failed to load '%1': its surfaces take %2 MiB, more than the 8192 that a "
                        "project may have. Go back to an older copy of it.")
                         .arg(m_fileName, inMebibytes(claimed)));

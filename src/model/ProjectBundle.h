@@ -23,6 +23,8 @@ public:
 
     void setFileName(const QString &fileName) { m_fileName = fileName; }
     const QByteArray &xml() const { return m_xml; }
+    /// Lets the surfaces take any memory that is free, for what this program has written itself.
+    void setUncapped() { m_isCapped = false; }
     void setXml(const QByteArray &xml) { m_xml = xml; }
 
     void add(PropertyByteArray &property) override;
@@ -53,6 +55,7 @@ private:
     QString m_xmlExtension;
     QString m_fileName;
     QByteArray m_xml;
+    bool m_isCapped = true;
     QVector<QString> m_ids; // in the order in which they were added
     QHash<QString, std::shared_ptr<DataFile>> m_files;
 };

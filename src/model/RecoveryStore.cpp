@@ -86,6 +86,8 @@ std::shared_ptr<Project> RecoveryStore::read(const RecoveryEntry &entry, QString
         throw Error(tr("The snapshot in '%1' can't be read").arg(entry.folder->path()));
     ProjectBundle bundle(QStringLiteral(".vep"), QStringLiteral(".vexml"));
     bundle.setFileName(entry.index->projectPath);
+    // Better a project that has to be made smaller than lost work.
+    bundle.setUncapped();
     bundle.setXml(entry.index->xml);
     const auto &files = entry.index->dataFiles;
     for (auto file = files.cbegin(); file != files.cend(); ++file) {
