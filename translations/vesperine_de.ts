@@ -1845,6 +1845,10 @@ Mit Alt beginnen | von der Auswahl abziehen</translation>
         <translation>Entferntes Sprite: </translation>
     </message>
     <message>
+        <source>&apos;%1&apos; stays in the project: its file &apos;%2&apos; is there and can&apos;t be read: %3</source>
+        <translation>„%1“ bleibt im Projekt: Die Datei „%2“ ist da, aber nicht lesbar: %3</translation>
+    </message>
+    <message>
         <source>update file paths</source>
         <translation>Dateipfade anpassen</translation>
     </message>
@@ -2101,6 +2105,10 @@ Die Sicherung bleibt in „%2“.</translation>
     <message>
         <source>reading it takes longer than 30 seconds</source>
         <translation>das Lesen dauert länger als 30 Sekunden</translation>
+    </message>
+    <message>
+        <source>there is not enough memory</source>
+        <translation>der Speicher reicht nicht</translation>
     </message>
 </context>
 <context>

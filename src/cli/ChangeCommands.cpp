@@ -159,8 +159,8 @@ ExitCode runRepair(const RepairOptions &options, Console &console)
         const BodyStatus status = statusOf(*body);
         if (status == BodyStatus::Ok || status == BodyStatus::Changed)
             continue;
-        console.complain(
-            QStringLiteral("Still %1: %2").arg(statusWord(status), body->name().value()));
+        console.complain(QStringLiteral("Still %1: %2")
+                             .arg(statusWord(status), body->name().value() + statusReason(*body)));
         isWhole = false;
     }
     return isWhole ? ExitCode::Done : ExitCode::Partly;

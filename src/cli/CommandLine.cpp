@@ -161,7 +161,8 @@ void CommandLine::addRepair()
     outputProject(repair);
     repair->add_option("--search", m_search, "Folder to look for missing sprites in")
         ->type_name("FOLDER");
-    repair->add_flag("--remove-missing", m_removeMissing, "Remove bodies without a sprite");
+    repair->add_flag(
+        "--remove-missing", m_removeMissing, "Remove bodies whose sprite is not there");
     auto *clear =
         repair->add_flag("--clear-resized", m_clearResized, "Clear surfaces of another size");
     auto *scale =

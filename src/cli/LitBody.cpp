@@ -12,6 +12,9 @@ QString loadForLight(const Body &body)
 {
     body.loadSprite();
     const QString sprite = body.sprite().filename().value().path();
+    if (!body.sprite().problem().isEmpty())
+        return QStringLiteral("its sprite '%1' can't be read: %2")
+            .arg(sprite, body.sprite().problem());
     if (!body.sprite().isLoaded())
         return QStringLiteral("its sprite '%1' is missing; bring it back, or find it with repair")
             .arg(sprite);

@@ -96,7 +96,7 @@ BodyStatus statusOf(const Body &body)
     if (body.paintedNormalMap().hasEmptySide())
         return BodyStatus::Empty;
     if (!body.sprite().isLoaded())
-        return BodyStatus::Missing;
+        return body.sprite().problem().isEmpty() ? BodyStatus::Missing : BodyStatus::Unreadable;
     if (body.sprite().isWrongSized())
         return BodyStatus::WrongSize;
     return body.sprite().isChanged() ? BodyStatus::Changed : BodyStatus::Ok;
@@ -109,6 +109,8 @@ QString statusWord(BodyStatus status)
         return QStringLiteral("ok");
     case BodyStatus::Missing:
         return QStringLiteral("missing");
+    case BodyStatus::Unreadable:
+        return QStringLiteral("unreadable");
     case BodyStatus::Changed:
         return QStringLiteral("changed");
     case BodyStatus::WrongSize:
@@ -119,4 +121,11 @@ QString statusWord(BodyStatus status)
         break;
     }
     return QStringLiteral("damaged");
+}
+
+QString statusReason(const Body &body)
+{
+    return statusOf(body) == BodyStatus::Unreadable
+               ? QStringLiteral(" (%1)").arg(body.sprite().problem())
+               : QString();
 }

@@ -5,7 +5,7 @@
 #include "model/ProjectController.h"
 
 /// What happened to a body's sprite and surface, the worst of it.
-enum class BodyStatus { Ok, Missing, Changed, WrongSize, Empty, Damaged };
+enum class BodyStatus { Ok, Missing, Unreadable, Changed, WrongSize, Empty, Damaged };
 
 /// A project for the time of one command; its settings live in memory only.
 class OpenedProject
@@ -42,3 +42,5 @@ bool isProjectName(const QString &path, Console &console);
 BodyStatus statusOf(const Body &body);
 /// The word for a status in reports.
 QString statusWord(BodyStatus status);
+/// In brackets why the sprite of @p body can't be read, empty for any other status.
+QString statusReason(const Body &body);

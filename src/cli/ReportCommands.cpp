@@ -33,13 +33,17 @@ QSize sizeOf(const Body &body)
 QJsonObject bodyObject(const Body &body, int index)
 {
     const QSize size = sizeOf(body);
-    return {{QStringLiteral("index"), index},
-            {QStringLiteral("name"), body.name().value()},
-            {QStringLiteral("sprite"), body.sprite().filename().value().path()},
-            {QStringLiteral("width"), size.width()},
-            {QStringLiteral("height"), size.height()},
-            {QStringLiteral("status"), statusWord(statusOf(body))},
-            {QStringLiteral("painted"), isPainted(body.paintedNormalMap().angleImage())}};
+    QJsonObject object{
+        {QStringLiteral("index"), index},
+        {QStringLiteral("name"), body.name().value()},
+        {QStringLiteral("sprite"), body.sprite().filename().value().path()},
+        {QStringLiteral("width"), size.width()},
+        {QStringLiteral("height"), size.height()},
+        {QStringLiteral("status"), statusWord(statusOf(body))},
+        {QStringLiteral("painted"), isPainted(body.paintedNormalMap().angleImage())}};
+    if (statusOf(body) == BodyStatus::Unreadable)
+        object.insert(QStringLiteral("problem"), body.sprite().problem());
+    return object;
 }
 
 QJsonValue settingValue(Property &setting)
@@ -80,7 +84,7 @@ void writeTable(const Project &project, Console &console)
                               QString::number(size.height()),
                               statusWord(statusOf(*body)),
                               painted ? QStringLiteral("painted") : QStringLiteral("flat"),
-                              body->sprite().filename().value().path()));
+                              body->sprite().filename().value().path() + statusReason(*body)));
     }
 }
 } // namespace
@@ -124,7 +128,7 @@ ExitCode runCheck(const QStringList &projects, Console &console)
                              .arg(path,
                                   body->name().value(),
                                   statusWord(status),
-                                  body->sprite().filename().value().path()));
+                                  body->sprite().filename().value().path() + statusReason(*body)));
         }
     }
     if (unreadable)

@@ -26,7 +26,9 @@ QString troubleOf(const Body &body, const SurfaceChange &change)
     if (body.paintedNormalMap().isDamaged())
         return QStringLiteral("its surface is damaged");
     if (body.surface().isNull() || (change.needsSprite && !body.sprite().isLoaded()))
-        return QStringLiteral("its sprite is missing");
+        return body.sprite().problem().isEmpty()
+                   ? QStringLiteral("its sprite is missing")
+                   : QStringLiteral("its sprite can't be read: ") + body.sprite().problem();
     if (change.needsSprite && body.sprite().isWrongSized())
         return QStringLiteral("its sprite has another size than its surface");
     return {};

@@ -128,13 +128,20 @@ QImage decode(const QByteArray &content, QString *problem)
         *problem = QLatin1String(QT_TRANSLATE_NOOP("ReadImage", "the file ends early"));
         return {};
     }
+    if (image.isNull() && QImage(size, QImage::Format_ARGB32).isNull()) {
+        *problem = QLatin1String(QT_TRANSLATE_NOOP("ReadImage", "there is not enough memory"));
+        return {};
+    }
     if (image.isNull() || image.size() != size) {
         *problem = image.isNull() ? reader.errorString()
                                   : QLatin1String(QT_TRANSLATE_NOOP("ReadImage", "wrong size"));
         return {};
     }
     image.setColorSpace({});
-    return image.convertToFormat(QImage::Format_ARGB32);
+    image = image.convertToFormat(QImage::Format_ARGB32);
+    if (image.isNull())
+        *problem = QLatin1String(QT_TRANSLATE_NOOP("ReadImage", "there is not enough memory"));
+    return image;
 }
 
 } // namespace

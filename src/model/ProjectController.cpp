@@ -329,14 +329,32 @@ void ProjectController::resolveMissing(QStringList &changes)
             searchMissing(m_prompts.askSearchFolder(), changes);
             break;
         case ProjectPrompts::MissingTextures::Remove:
-            for (const Body *body : std::as_const(missing))
-                changes.append(tr("Removed sprite: ") + body->name().value());
-            removeBodies(missing);
-            break;
+            removeMissing(missing, changes);
+            return;
         case ProjectPrompts::MissingTextures::Continue:
             return;
         }
     }
+}
+
+// What is there and can't be read now may be read another time.
+void ProjectController::removeMissing(const QVector<Body *> &unloaded, QStringList &changes)
+{
+    QVector<Body *> missing;
+    for (Body *body : unloaded) {
+        const Sprite &sprite = body->sprite();
+        if (!sprite.problem().isEmpty()) {
+            m_prompts.tell(
+                tr("'%1' stays in the project: its file '%2' is there and can't be "
+                   "read: %3")
+                    .arg(body->name().value(), sprite.filename().value().path(), sprite.problem()));
+            continue;
+        }
+        changes.append(tr("Removed sprite: ") + body->name().value());
+        missing.append(body);
+    }
+    if (!missing.isEmpty())
+        removeBodies(missing);
 }
 
 void ProjectController::searchMissing(const QString &folder, QStringList &changes)

@@ -115,6 +115,7 @@ private:
     /// The lock to save @p fileName under; throws Error when another program has it.
     std::shared_ptr<ProjectLock> lockForSaving(const QString &fileName) const;
     void resolveMissing(QStringList &changes);
+    void removeMissing(const QVector<Body *> &unloaded, QStringList &changes);
     void searchMissing(const QString &folder, QStringList &changes);
 
     GSettings &m_settings;

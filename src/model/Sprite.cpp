@@ -4,6 +4,8 @@
 #include "model/properties/PropertyDescriptionTypes.h"
 #include "model/properties/PropertyT.h"
 
+#include <QFileInfo>
+
 namespace {
 // The checksum is the program's own.
 const PropertyDescriptionList &spriteDescriptions()
@@ -57,6 +59,9 @@ void Sprite::load(const ReadImage &read, const QSize &expectedSize, bool checkSi
     m_image = read.image;
     m_fileSize = read.image.size();
     m_isLoaded = !read.image.isNull();
+    const bool isMissing =
+        !m_isLoaded && !read.opened && !QFileInfo::exists(m_filename->value().path());
+    m_problem = m_isLoaded || isMissing ? QString() : read.shownProblem();
     m_isWrongSized = m_isLoaded && checkSize && m_fileSize != expectedSize;
     m_isChanged = false;
     if (read.opened) {

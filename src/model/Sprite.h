@@ -41,6 +41,9 @@ public:
     bool isOutdated(const QSize &paintedSize) const;
     /// True when the file was read, whatever its size.
     bool isLoaded() const { return m_isLoaded; }
+    /// Why the file, which is there, could not be read, in the user's language. Empty when it was
+    /// read, or is missing.
+    const QString &problem() const { return m_problem; }
     bool isWrongSized() const { return m_isWrongSized; }
     /// True when image() is the file's own and not the placeholder.
     bool hasOwnImage() const { return m_isLoaded && !m_isWrongSized; }
@@ -60,6 +63,7 @@ private:
     QImage m_image;
     QSize m_fileSize;
     QString m_statusIcon;
+    QString m_problem;
     FileStamp m_stamp;
     bool m_isLoaded = false;
     bool m_isWrongSized = false;

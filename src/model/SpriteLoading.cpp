@@ -46,9 +46,18 @@ QVector<Body *> resizedAmong(const QVector<Body *> &bodies)
 
 void loadSprites(const QVector<Body *> &bodies)
 {
-    auto images = readImages(spritePaths(bodies));
-    for (Body *body : bodies)
-        body->sprite().load(images.next(), body->paintedSize(), !body->paintedSize().isEmpty());
+    // Several bodies may share a file, and then its image.
+    QStringList paths = spritePaths(bodies);
+    paths.removeDuplicates();
+    auto images = readImages(paths);
+    QHash<QString, ReadImage> read;
+    for (Body *body : bodies) {
+        const QString path = body->sprite().filename().value().path();
+        auto image = read.find(path);
+        if (image == read.end())
+            image = read.insert(path, images.next());
+        body->sprite().load(*image, body->paintedSize(), !body->paintedSize().isEmpty());
+    }
 }
 
 void loadOutdatedSprites(const Project &project)

@@ -309,6 +309,7 @@ bool MainWindow::loadDocument(const QString &path)
     m_prompts.showTold();
     const PromptedTask task(m_prompts, tr("Fitting surfaces"), false);
     m_controller.resolveTextures();
+    m_prompts.showTold();
     updateActions();
     return true;
 }

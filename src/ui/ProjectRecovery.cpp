@@ -133,5 +133,6 @@ bool ProjectRecovery::recover(RecoveryEntry &entry)
     QTimer::singleShot(enough, &m_writer, &RecoveryWriter::confirmAdopted);
     m_prompts.showTold();
     m_controller.resolveTextures();
+    m_prompts.showTold();
     return true;
 }

@@ -185,6 +185,13 @@ private Q_SLOTS:
         QFile::remove(path("s/a.png"));
         QCOMPARE(run("repair p.vep --remove-missing"), 0);
         QVERIFY(output().contains(QStringLiteral("Removed sprite: a")));
+        // What is there and can't be read is kept, and told from what is missing.
+        m_folder.write(QStringLiteral("s/b.png"), contentOf(path("s/b.png")).chopped(12));
+        QCOMPARE(run("repair p.vep --remove-missing"), 4);
+        QVERIFY(says("Still unreadable: b (the file ends early)"));
+        QCOMPARE(each("status"), QStringLiteral("unreadable ok"));
+        QCOMPARE(run("check p.vep"), 1);
+        QVERIFY(output().contains(QStringLiteral("b.png (the file ends early)\n")));
     }
 
     void importing()

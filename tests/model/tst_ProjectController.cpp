@@ -288,7 +288,7 @@ private Q_SLOTS:
     void checkingTextures()
     {
         QStringList paths;
-        for (const char *name : {"moved.png", "lost.png", "grown.png", "kept.png"})
+        for (const char *name : {"moved.png", "lost.png", "grown.png", "cut.png"})
             paths.append(sprite(name, {2, 2}));
         m_controller->addSprites(paths);
         m_controller->checkTextures();
@@ -298,18 +298,22 @@ private Q_SLOTS:
         QVERIFY(QDir().mkpath(path("new")) && QFile::rename(paths[0], moved));
         QFile::remove(paths[1]);
         sprite("grown.png", {3, 5});
+        m_folder.write(QStringLiteral("cut.png"), contentOf(paths[3]).chopped(12));
         m_prompts.missingAnswers = {ProjectPrompts::MissingTextures::Search,
                                     ProjectPrompts::MissingTextures::Remove};
         m_prompts.searchFolder = path("new");
         m_prompts.resizedAnswer.action = ResizedAnswer::Action::Clear;
         m_controller->checkTextures();
-        QCOMPARE(m_prompts.missing, QStringList(paths[1])); // asked again for what is still missing
+        QCOMPARE(m_prompts.missing,
+                 QStringList({paths[1], paths[3]})); // asked again for what is still missing
         QCOMPARE(m_prompts.resized, QStringList(paths[2]));
         QCOMPARE(m_prompts.summary.join(QLatin1Char('|')),
                  QStringLiteral("Updated file path:\n%1\n-->\n%2|Removed sprite: lost|"
                                 "Reset normalmap: grown")
                      .arg(paths[0], moved));
-        QCOMPARE(names(), QStringLiteral("moved|grown|kept"));
+        QCOMPARE(names(), QStringLiteral("moved|grown|cut"));
+        QVERIFY(
+            m_prompts.told.last().endsWith(QLatin1String("can't be read: the file ends early")));
         const Body &grown = body(1);
         QCOMPARE(grown.paintedNormalMap().angleImage().size(), QSize(3, 5));
         QVERIFY(grown.sprite().statusIcon().isEmpty());

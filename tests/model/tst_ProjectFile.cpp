@@ -295,6 +295,8 @@ void TestProjectFile::trapsAreRefusedInWords_data()
     QTest::newRow("a hidden declaration")
         << "<!DOCTYPE a SYSTEM '>' [<!ENTITY b 'c'>]>" + projectXml({})
         << "XML parser error: entities are not supported (line 1)";
+    QTest::newRow("an empty document type")
+        << "<!DOCTYPE vesperine_project [ ]>" + projectXml({}) << QString();
     QTest::newRow("many bodies") << bodies(100'001)
                                  << "XML parser error: the project has more than 100,000 bodies; "
                                     "split it into several projects (line 1)";
