@@ -37,7 +37,7 @@ QString detailText(const Body &body)
 QString toolTipText(const Body &body)
 {
     const Sprite &sprite = body.sprite();
-    const QString path = shownText(QDir::toNativeSeparators(sprite.filename().value().path()));
+    QString path = shownText(QDir::toNativeSeparators(sprite.filename().value().path()));
     if (sprite.isWrongSized())
         return SpriteListModel::tr("%1\nThe image is %2 now, but its surface was painted at %3.\n"
                                    "Bring the image back to its former size, choose another one "
