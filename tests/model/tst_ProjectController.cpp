@@ -222,8 +222,10 @@ private Q_SLOTS:
         std::atomic<int> holders = 0;
         std::atomic<int> most = 0;
         std::atomic<int> taken = 0;
+        constexpr int programs = 4;
         std::vector<std::thread> threads;
-        for (int i = 0; i < 4; ++i) {
+        threads.reserve(programs);
+        for (int i = 0; i < programs; ++i) {
             threads.emplace_back([&] {
                 for (int round = 0; round < 500; ++round) {
                     FileLock own(lock);
