@@ -1732,7 +1732,7 @@ Mit Alt beginnen | von der Auswahl abziehen</translation>
         <translation>Farbe des Umgebungslichts</translation>
     </message>
     <message>
-        <source>'%1' counts from the folder of the project, which is not saved yet. Save the project first, or give the whole path.</source>
+        <source>&apos;%1&apos; counts from the folder of the project, which is not saved yet. Save the project first, or give the whole path.</source>
         <translation>„%1“ zählt vom Ordner des Projekts an, das noch nicht gespeichert ist. Speichern Sie zuerst das Projekt, oder geben Sie den ganzen Pfad an.</translation>
     </message>
 </context>
@@ -2041,7 +2041,7 @@ Die Sicherung bleibt in „%2“.</translation>
         <translation>Zurück</translation>
     </message>
     <message>
-        <source>'%1' can't be a part of a file's name</source>
+        <source>&apos;%1&apos; can&apos;t be a part of a file&apos;s name</source>
         <translation>„%1“ kann nicht Teil eines Dateinamens sein</translation>
     </message>
     <message>
@@ -2651,6 +2651,18 @@ Bring the image back to its former size, choose another one under the list, or c
         <translation>%1
 Das Bild misst jetzt %2, seine Oberfläche wurde aber bei %3 gemalt.
 Das Bild auf die frühere Größe bringen, unter der Liste ein anderes wählen oder die Oberfläche mit Bearbeiten &gt; Sprites neu laden leeren, verankern oder skalieren.</translation>
+    </message>
+    <message>
+        <source>unreadable</source>
+        <translation>nicht lesbar</translation>
+    </message>
+    <message>
+        <source>%1
+The image can&apos;t be read: %2.
+Save it anew, or choose another one under the list.</source>
+        <translation>%1
+Das Bild lässt sich nicht lesen: %2.
+Es neu speichern oder unter der Liste ein anderes wählen.</translation>
     </message>
 </context>
 <context>

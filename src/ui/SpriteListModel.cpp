@@ -22,6 +22,8 @@ QString stateText(const Sprite &sprite)
 {
     if (sprite.isWrongSized())
         return SpriteListModel::tr("size changed");
+    if (!sprite.problem().isEmpty())
+        return SpriteListModel::tr("unreadable");
     return sprite.statusIcon().isEmpty() ? QString() : SpriteListModel::tr("missing");
 }
 
@@ -44,6 +46,10 @@ QString toolTipText(const Body &body)
                                    "under the list, or choose Edit > Reload sprites to clear, "
                                    "anchor or scale the surface.")
             .arg(path, sizeText(sprite.fileSize()), sizeText(body.paintedSize()));
+    if (!sprite.problem().isEmpty())
+        return SpriteListModel::tr("%1\nThe image can't be read: %2.\nSave it anew, or choose "
+                                   "another one under the list.")
+            .arg(path, sprite.problem());
     if (!sprite.statusIcon().isEmpty())
         return SpriteListModel::tr("%1\nThe image can't be read.\nPut the file back in its place, "
                                    "or choose it under the list.")
