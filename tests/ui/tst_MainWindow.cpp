@@ -247,7 +247,7 @@ private Q_SLOTS:
     void namesAreShownAsTheyStand()
     {
         const QString odd = "<h1>&[*]\x1b\n"_s;
-        const QString shown = "<h1>&[*]\\u001b\\n"_s;
+        const QString shown = R"(<h1>&[*]\u001b\n)"_s;
         QDir().mkpath(m_folder.path(odd));
         const QString path = m_folder.path(odd + "/<h1>\x1b.vep"_s);
         Project stored;
@@ -352,7 +352,7 @@ private Q_SLOTS:
         };
         const auto as = "Export normals as..."_s;
         trigger(as, {type({}, "_n/"_s, "'_n/' can't be a part of a file's name"_s)});
-        trigger(as, {type({}, "\\n"_s, "'\\n' can't be a part of a file's name"_s)});
+        trigger(as, {type({}, R"(\n)"_s, R"('\n' can't be a part of a file's name)"_s)});
         trigger(as,
                 {type("maps"_s,
                       "_n"_s,
