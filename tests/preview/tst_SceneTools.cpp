@@ -8,6 +8,7 @@
 #include "preview/SpriteItem.h"
 #include "support/Gestures.h"
 #include "support/ToolEditor.h"
+#include "support/Widgets.h"
 #include "support/WindowTest.h"
 
 #include <QTabletEvent>
@@ -183,7 +184,7 @@ private Q_SLOTS:
         ToolEditor editor({200, 200});
         const Body &a = editor.a;
         FakeTool &tool = editor.tool;
-        QVERIFY(QTest::qWaitForWindowExposed(&editor.window));
+        showActive(editor.window);
         const QPointF start = editor.on(a, {10, 10});
         sendPen(editor, QEvent::TabletMove, start, 0.0);
         QCOMPARE(tool.takeLog(), QByteArray("move 10,10"));
