@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numeric>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -195,10 +196,10 @@ auto ends(const Brush &brush)
 class Scribble
 {
 public:
-    explicit Scribble(const Brush &brush)
+    Scribble(const Brush &brush, int size)
         : m_window(2048, brush.make())
     {
-        m_window.setBrushSize(200);
+        m_window.setBrushSize(size);
         paint();
     }
 
@@ -229,6 +230,12 @@ public:
     {
         return m_milliseconds[std::size_t(share * double(m_milliseconds.size() - 1))];
     }
+    /// Of an event with the results that come after it, on average.
+    double mean() const
+    {
+        return 2.0 * std::accumulate(m_milliseconds.begin(), m_milliseconds.end(), 0.0) /
+               double(m_milliseconds.size());
+    }
     double release() const { return m_release; }
 
 private:
@@ -243,10 +250,10 @@ private:
 };
 
 template <class Read>
-auto scribble(const Brush &brush, Read read)
+auto scribble(const Brush &brush, Read read, int size = 200)
 {
-    return [&brush, read] {
-        const auto painted = std::make_shared<Scribble>(brush);
+    return [&brush, read, size] {
+        const auto painted = std::make_shared<Scribble>(brush, size);
         return [painted, read] {
             painted->paint();
             return read(*painted);
@@ -265,6 +272,11 @@ void addScribbles(const Brush &brush)
     addBudget(brush.name + ", its release, within 30 ms",
               30.0,
               scribble(brush, [](const Scribble &s) { return s.release(); }));
+    // A mouse for games moves a thousand times a second.
+    addBudget(brush.name + ", scribble of size 500, an event on average, within 1 ms",
+              1.0,
+              scribble(
+                  brush, [](const Scribble &s) { return s.mean(); }, 500));
 }
 
 const bool rows = [] {

@@ -25,6 +25,13 @@ void BrushStroke::add(const QRect &painted)
 {
     m_painted |= painted;
     m_dirty |= painted;
+    m_latest = painted;
+}
+
+bool BrushStroke::isDirtyWide() const
+{
+    const auto area = [](const QRect &rect) { return qint64(rect.width()) * rect.height(); };
+    return area(m_dirty) > 2 * area(m_latest);
 }
 
 QRect BrushStroke::takeDirty()

@@ -24,6 +24,8 @@ public:
     const QRect &painted() const { return m_painted; }
     /// What was painted since the last call.
     QRect takeDirty();
+    /// It takes more than twice the area of the piece that was painted last.
+    bool isDirtyWide() const;
     /// All that was announced of it.
     const QRect &shown() const { return m_shown; }
     void addShown(const QRect &area) { m_shown |= area; }
@@ -33,5 +35,6 @@ private:
     FloatImage m_layer;
     QRect m_painted;
     QRect m_dirty;
+    QRect m_latest;
     QRect m_shown;
 };

@@ -10,10 +10,13 @@
 #include <QtMath>
 
 #include <algorithm>
+#include <chrono>
 #include <cmath>
+#include <utility>
 
 namespace {
 constexpr int opacityPerKey = 10;
+constexpr auto frame = std::chrono::milliseconds(8);
 constexpr Qt::KeyboardModifiers adjustModifiers = Qt::ControlModifier | Qt::AltModifier;
 
 } // namespace
@@ -32,6 +35,9 @@ PaintToolBrushBased::PaintToolBrushBased(const QIcon &icon,
 {
     connect(m_brush.get(), &BrushPanel::changed, this, &PaintToolBrushBased::settingsChanged);
     connect(m_brush.get(), &BrushPanel::contourClicked, this, &PaintToolBrushBased::contourChanged);
+    m_frame.setSingleShot(true);
+    m_frame.setTimerType(Qt::PreciseTimer);
+    connect(&m_frame, &QTimer::timeout, this, &PaintToolBrushBased::announcePending);
     createShortcuts();
 }
 
@@ -97,6 +103,7 @@ void PaintToolBrushBased::mousePress(const ToolPointerEvent &event)
     }
     m_isCommitted = false;
     setLinePreview(false);
+    m_isPending = false;
     announce();
 }
 
@@ -108,7 +115,7 @@ void PaintToolBrushBased::mouseMove(const ToolPointerEvent &event)
     } else if (m_isOpen && event.buttons.testFlag(Qt::LeftButton)) {
         m_pressure = event.pressure;
         continueStroke(event.pixel());
-        announce();
+        announceInTime();
     } else if (event.buttons == Qt::NoButton) {
         setLinePreview(event.modifiers.testFlag(Qt::ShiftModifier));
     }
@@ -161,6 +168,7 @@ void PaintToolBrushBased::updateNormalMap(AngleImage normalmap)
     m_isCommitted = false;
     setLinePreview(false);
     // What was painted so far is gone: an open stroke goes on from here.
+    m_isPending = false;
     if (m_isOpen)
         m_stroke.begin(m_current);
 }
@@ -237,6 +245,7 @@ void PaintToolBrushBased::endStroke()
 {
     if (!m_isOpen)
         return;
+    announcePending();
     m_isOpen = false;
     Q_EMIT commitNormalMap(m_isErasing ? tr("Erase") : action().iconText());
     // Only now: the answer to the commit is a new image, which clears it.
@@ -245,11 +254,33 @@ void PaintToolBrushBased::endStroke()
     strokeEnded();
 }
 
+// A fast mouse moves a thousand times a second. Each move is painted, but what it makes of the
+// surface can take longer to compute than there is time between two of them. Pieces that overlap
+// are computed as one; those far apart would only make a larger one.
+void PaintToolBrushBased::announceInTime()
+{
+    m_isPending = true;
+    if (m_nextFrame.hasExpired() || m_stroke.isDirtyWide())
+        announcePending();
+    else if (!m_frame.isActive())
+        m_frame.start(int(m_nextFrame.remainingTime()));
+}
+
+void PaintToolBrushBased::announcePending()
+{
+    if (!std::exchange(m_isPending, false))
+        return;
+    m_frame.stop();
+    announce();
+    m_nextFrame.setRemainingTime(frame);
+}
+
 void PaintToolBrushBased::cancelStroke()
 {
     if (!m_isOpen)
         return;
     m_isOpen = false;
+    m_isPending = false;
     const SurfacePiece stored = untouched(m_current, m_stroke.layer().size(), m_stroke.shown());
     if (!stored.isEmpty())
         Q_EMIT temporaryNormalMapChanged(stored.cells, stored.area);

@@ -6,6 +6,9 @@
 #include "tools/BrushStroke.h"
 #include "tools/PaintTool.h"
 
+#include <QDeadlineTimer>
+#include <QTimer>
+
 #include <array>
 #include <optional>
 
@@ -89,6 +92,9 @@ private:
     void beginStroke(const QPoint &point);
     void continueStroke(const QPoint &point);
     QRect paintCoverage(const QPoint &from, const QPoint &to);
+    /// At once, or when the time of a frame has passed since last time.
+    void announceInTime();
+    void announcePending();
     void cancelStroke();
     void adjustTo(const QPointF &position);
     void setLinePreview(bool isShown);
@@ -105,6 +111,9 @@ private:
     bool m_isErasing = false;
     bool m_isCommitted = false;
     bool m_isContinuable = false; ///< nothing has changed since the last stroke
+    bool m_isPending = false;     ///< something is painted and not announced
+    QDeadlineTimer m_nextFrame;   ///< until then what is painted is not announced
+    QTimer m_frame;               ///< announces it when no move does
     QPointF m_pointer;
     bool m_showsLine = false;
     std::optional<BrushAdjustment> m_adjustment;

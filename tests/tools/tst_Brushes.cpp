@@ -134,6 +134,38 @@ private Q_SLOTS:
         QCOMPARE(undone, surface.stored);
     }
 
+    // Each move is painted, even when they come faster than results can be computed.
+    void fastMovesShareAnnouncements()
+    {
+        PaintToolHeightBrush tool;
+        const AngleImage start = someSurface();
+        Points points;
+        for (int i = 0; i < 300; ++i)
+            points.append({10.0 + i % 70, i % 2 == 0 ? 20.0 : 50.0});
+        PaintedSurface fast(tool, start);
+        fast.paint(points);
+        QVERIFY2(fast.areas.size() < points.size() / 2,
+                 qPrintable(QString::number(fast.areas.size())));
+        PaintedSurface slow(tool, start);
+        slow.press(points[0]);
+        for (const QPointF &point : points) {
+            const int before = slow.areas.size();
+            slow.moveTo(point);
+            if (point == points[3])
+                QTRY_COMPARE(slow.areas.size(), before + 1); // without another move
+        }
+        slow.release(points.last());
+        QCOMPARE(slow.stored, fast.stored);
+
+        // What waits is dropped with a stroke that is cancelled.
+        slow.press({20, 20});
+        slow.moveTo({60, 50});
+        slow.moveTo({20, 50});
+        tool.keyPress(Qt::Key_Escape, {});
+        QTest::qWait(20);
+        QCOMPARE(slow.shown, fast.stored);
+    }
+
     void linesByShift()
     {
         PaintToolHeightBrush tool;
