@@ -193,7 +193,7 @@ private Q_SLOTS:
         QCOMPARE(tool.takeLog(), QByteArray("press 10,10"));
         QCOMPARE(tool.lastEvent.pressure, 0.5);
         QVERIFY(!tool.lastEvent.isEraser);
-        QVERIFY(editor.view.hasFocus());
+        QTRY_VERIFY(editor.view.hasFocus());
         tool.pressures.clear();
         QVector<double> sent;
         for (int i = 0; i < 1000; ++i) {

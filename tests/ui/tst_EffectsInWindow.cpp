@@ -250,7 +250,8 @@ private Q_SLOTS:
         easel.open();
         auto *field = easel.smoothness()->findChild<QDoubleSpinBox *>();
         QTest::mouseClick(field, Qt::LeftButton);
-        QVERIFY(field->hasFocus());
+        showActive(*easel.dialog());
+        QTRY_VERIFY(field->hasFocus());
         QWindow *dialog = easel.dialog()->windowHandle();
         QTest::keyClick(dialog, Qt::Key_P);
         // The screen's ratio may put it elsewhere within the pixel of the view.

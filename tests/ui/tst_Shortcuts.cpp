@@ -167,17 +167,17 @@ private Q_SLOTS:
 
     void theFocusOfAPanelThatGoesReturnsToTheView()
     {
-        QVERIFY(EditorUser(*m_window).view().hasFocus()); // at the start
+        QTRY_VERIFY(EditorUser(*m_window).view().hasFocus()); // at the start
         m_window.reset();
         const Studio studio;
         press(studio, Qt::Key_Y);
         auto &fill = *window(studio).findChild<QPushButton *>("Fill"_s);
         QTest::mouseClick(&fill, Qt::LeftButton);
-        QVERIFY(fill.hasFocus());
+        QTRY_VERIFY(fill.hasFocus());
         press(studio, Qt::Key_B);
         press(studio, Qt::Key_E);
         press(studio, Qt::Key_5);
-        QVERIFY(studio.view().hasFocus());
+        QTRY_VERIFY(studio.view().hasFocus());
         QCOMPARE(tool(studio), "Eraser Tool"_s);
         QCOMPARE(shownChild<QDoubleSpinBox>(window(studio), "Opacity"_s).text(), "50 %"_s);
 
@@ -205,7 +205,7 @@ private Q_SLOTS:
         QCOMPARE(studio.stack().index(), 1);
         auto &field = shownChild<QLineEdit>(window(studio), name);
         QTest::mouseClick(&field, Qt::LeftButton);
-        QVERIFY(field.hasFocus());
+        QTRY_VERIFY(field.hasFocus());
         press(studio, Qt::Key_Z, Qt::ControlModifier);
         QCOMPARE(studio.stack().index(), 0);
         press(studio, Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
@@ -229,7 +229,7 @@ private Q_SLOTS:
         auto &list = *window(studio).findChild<ShapeTreeView *>();
         const QPoint second = list.visualRect(list.model()->index(1, 0)).center();
         QTest::mouseClick(list.viewport(), Qt::LeftButton, Qt::ControlModifier, second);
-        QVERIFY(list.hasFocus() && showsText(window(studio), "Select one sprite"_s));
+        QTRY_VERIFY(list.hasFocus() && showsText(window(studio), "Select one sprite"_s));
         for (const int key : {Qt::Key_A, Qt::Key_B, Qt::Key_L, Qt::Key_5})
             press(studio, key);
         QCOMPARE(list.selectionModel()->selectedRows().size(), 2);
