@@ -7,6 +7,7 @@
 #include "preview/SpriteLayout.h"
 
 #include <QGraphicsScene>
+#include <QLineF>
 #include <QSet>
 #include <QtMath>
 
@@ -185,6 +186,29 @@ QRectF BodyItems::rect() const
     for (const auto &[body, item] : m_items)
         result |= sceneRect(*item);
     return result;
+}
+
+QRectF BodyItems::rectOf(const QList<Body *> &bodies) const
+{
+    QRectF result;
+    for (const Body *body : bodies) {
+        if (const SpriteItem *shown = item(body))
+            result |= sceneRect(*shown);
+    }
+    return result;
+}
+
+std::optional<QPointF> BodyItems::nearestTo(const QPointF &place) const
+{
+    std::optional<QPointF> nearest;
+    for (const SpriteItem *item : m_order) {
+        const QRectF rect = sceneRect(*item);
+        const QPointF point(qBound(rect.left(), place.x(), rect.right()),
+                            qBound(rect.top(), place.y(), rect.bottom()));
+        if (!nearest || QLineF(place, point).length() < QLineF(place, *nearest).length())
+            nearest = point;
+    }
+    return nearest;
 }
 
 SpriteItem *BodyItems::itemAt(const QPointF &position) const

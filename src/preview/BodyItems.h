@@ -3,11 +3,13 @@
 #include "model/properties/PropertyList.h"
 
 #include <QHash>
+#include <QList>
 #include <QObject>
 #include <QPointF>
 #include <QRectF>
 
 #include <memory>
+#include <optional>
 #include <unordered_map>
 
 class Body;
@@ -42,6 +44,10 @@ public:
     QPointF placeOf(const Body &body) const;
     /// Empty without any.
     QRectF rect() const;
+    /// Of those of @p bodies that are shown; empty without any.
+    QRectF rectOf(const QList<Body *> &bodies) const;
+    /// The point of all rectangles that is nearest to @p place; none without items.
+    std::optional<QPointF> nearestTo(const QPointF &place) const;
     /// The topmost item with an opaque pixel at @p position, else the topmost whose rectangle has
     /// it; null for none.
     SpriteItem *itemAt(const QPointF &position) const;

@@ -21,9 +21,7 @@
 #include <QGraphicsSceneMouseEvent>
 #include <QGraphicsView>
 #include <QKeyEvent>
-#include <QLineF>
 
-#include <limits>
 #include <utility>
 
 namespace {
@@ -182,29 +180,13 @@ QRectF NormalMapEditorScene::spritesRect() const
 
 QRectF NormalMapEditorScene::selectedRect() const
 {
-    QRectF rect;
-    for (const Body *body : m_bodies.selection()) {
-        if (const SpriteItem *item = m_items->item(body))
-            rect |= item->sceneBoundingRect();
-    }
-    return rect;
+    return m_items->rectOf(m_bodies.selection());
 }
 
 // Between sprites there may be more ground than a view shows.
 QPointF NormalMapEditorScene::contentNear(const QPointF &place) const
 {
-    QPointF nearest = GLGraphicsScene::contentNear(place);
-    double distance = std::numeric_limits<double>::max();
-    for (const SpriteItem *item : m_items->items()) {
-        const QRectF rect = item->sceneBoundingRect();
-        const QPointF point(qBound(rect.left(), place.x(), rect.right()),
-                            qBound(rect.top(), place.y(), rect.bottom()));
-        if (const double here = QLineF(place, point).length(); here < distance) {
-            distance = here;
-            nearest = point;
-        }
-    }
-    return nearest;
+    return m_items->nearestTo(place).value_or(GLGraphicsScene::contentNear(place));
 }
 
 QRectF NormalMapEditorScene::contentRect() const
