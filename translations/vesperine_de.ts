@@ -546,6 +546,13 @@
     </message>
 </context>
 <context>
+    <name>FeedbackAction</name>
+    <message>
+        <source>Send feedback...</source>
+        <translation>Rückmeldung senden...</translation>
+    </message>
+</context>
+<context>
     <name>FeedbackDialog</name>
     <message>
         <source>Send feedback</source>
@@ -1085,10 +1092,6 @@ bleibt unverändert.</translation>
     <message>
         <source>MIT licence. Made with Qt, OpenCV and OpenGL.</source>
         <translation>MIT-Lizenz. Erstellt mit Qt, OpenCV und OpenGL.</translation>
-    </message>
-    <message>
-        <source>Send feedback...</source>
-        <translation>Rückmeldung senden...</translation>
     </message>
     <message>
         <source>Preferences...</source>

@@ -2,10 +2,8 @@
 
 #include "base/Error.h"
 #include "base/PlainText.h"
-#include "framework/CrashLog.h"
 #include "framework/GAction.h"
 #include "framework/GApplication.h"
-#include "framework/SystemInformationDialog.h"
 #include "framework/ThemedIcon.h"
 #include "framework/UiScale.h"
 #include "model/Project.h"
@@ -18,7 +16,7 @@
 #include "ui/DroppedPaths.h"
 #include "ui/EditorTools.h"
 #include "ui/ExportActions.h"
-#include "ui/FeedbackDialog.h"
+#include "ui/FeedbackAction.h"
 #include "ui/NormalMapEditor.h"
 #include "ui/PointedPixelLabel.h"
 #include "ui/PreferencesDialog.h"
@@ -83,9 +81,6 @@ MainWindow::MainWindow(GApplication &application, QWidget *parent)
           new SpriteActions(m_controller, m_prompts, m_sprites->list(), *m_editor, this))
     , m_exportActions(new ExportActions(m_controller, m_prompts, *m_editor, this))
     , m_recovery(new ProjectRecovery(m_controller, m_prompts, application.settings(), this))
-    , m_feedback(new GAction(themedIcon(QStringLiteral(":/qrv_tools/icons/Icons_Comment.svg")),
-                             tr("Send feedback..."),
-                             this))
     , m_preferences(new GAction(
           themedIcon(QStringLiteral(":/icons/preferences.svg")), tr("Preferences..."), this))
 {
@@ -161,9 +156,8 @@ void MainWindow::createMenus()
     menuBar()->addMenu(createWindowMenu({m_sprites, m_tools}));
     menuBar()->addMenu(createHelpMenu(applicationTexts()));
     addSampleAction(*this, [this](const QString &path) { openOrAdd({path}); });
-    m_feedback->setObjectName(QStringLiteral("feedback"));
-    addHelpAction(*m_feedback);
-    connect(m_feedback, &QAction::triggered, this, &MainWindow::showFeedback);
+    m_feedback =
+        &addFeedbackAction(*this, m_application.settings(), [this] { return systemInformation(); });
     setGestures(editorGestures());
 }
 
@@ -440,13 +434,4 @@ void MainWindow::showPreferences()
 {
     PreferencesDialog(m_application, this).exec();
     m_tools->reloadTools();
-}
-
-void MainWindow::showFeedback()
-{
-    const auto crash = CrashLog::lastTaken(CrashLog::folder());
-    FeedbackDialog({systemSummary() + systemInformation(), crash ? crash->text : QString()},
-                   m_application.settings(),
-                   this)
-        .exec();
 }

@@ -68,7 +68,6 @@ private:
     void lockForEffect(bool isOpen);
     void updateActions();
     void tellAboutSaving();
-    void showFeedback();
 
     GApplication &m_application;
     WindowPrompts m_prompts;
@@ -82,7 +81,7 @@ private:
     ExportActions *m_exportActions;
     UndoActions *m_undoActions = nullptr;
     ProjectRecovery *m_recovery;
-    GAction *m_feedback;
+    GAction *m_feedback = nullptr;
     GAction *m_preferences;
     bool m_hasToldOfLocks = false;
 };
