@@ -14,7 +14,7 @@ bool isPlainText(const QString &text);
 bool fitsInFileName(const QString &text);
 
 /// @p text, which may be any file's name, in one line: what would break the line, turn its
-/// direction or steer a terminal stands there as "\n", "\r", "\t" or "\uXXXX".
+/// direction or steer a terminal stands there as "\n", "\r", "\t", or "\u" and four digits.
 QString shownText(const QString &text);
 
 /// The same of each line of @p text, which stay lines.
