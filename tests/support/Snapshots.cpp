@@ -1,8 +1,11 @@
 #include "support/Snapshots.h"
 
 #include "base/Error.h"
+#include "model/Body.h"
 #include "model/DataModelReader.h"
+#include "model/DataModelWriter.h"
 #include "model/Project.h"
+#include "model/PropertyAngleImage.h"
 #include "model/RecoverySnapshot.h"
 #include "model/RecoveryStore.h"
 #include "model/properties/PropertyT.h"
@@ -57,4 +60,16 @@ AngleImage noise(int side, quint32 seed)
     for (int y = 0; y < side; ++y)
         random.fillRange(reinterpret_cast<quint32 *>(surface.row(y)), side);
     return surface;
+}
+
+void writeProject(const Folder &folder, const QString &path, int bodies, int side)
+{
+    Project project;
+    for (int i = 0; i < bodies; ++i) {
+        const QString name = QStringLiteral("%1-%2").arg(side).arg(i);
+        const QString sprite = folder.writeSprite(name + QStringLiteral(".png"), {side, side});
+        addBody(project, name, sprite).paintedNormalMap().setValue(encode(noise(side, quint32(i))));
+    }
+    project.filename().setValue(GFileName(path));
+    DataModelWriter(project).write();
 }

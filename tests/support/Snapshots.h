@@ -1,8 +1,8 @@
 #pragma once
 
 #include "imaging/AngleImage.h"
+#include "support/Documents.h"
 
-class Project;
 struct RecoveryEntry;
 
 /// A checksum of all that a project file holds of @p project, but for its own name and the names of
@@ -14,3 +14,6 @@ QByteArray fingerprintOf(const RecoveryEntry &entry);
 
 /// A square surface of random slopes, which takes long to pack.
 AngleImage noise(int side, quint32 seed);
+
+/// A project file of so many bodies with noise on squares; their sprites lie in @p folder.
+void writeProject(const Folder &folder, const QString &path, int bodies, int side);

@@ -4,6 +4,7 @@
 #include "base/Resources.h"
 #include "framework/GApplication.h"
 #include "preview/GraphicsCheck.h"
+#include "support/Documents.h"
 
 #include <QSettings>
 #include <QTemporaryDir>
@@ -39,4 +40,12 @@ int runWindowTest(int argc, char **argv)
     GApplication application(argc, argv);
     Test test;
     return QTest::qExec(&test, argc, argv);
+}
+
+/// The program's data and settings lie in @p folder from now on, and are empty.
+inline void makeHome(const Folder &folder)
+{
+    qputenv("XDG_DATA_HOME", QFile::encodeName(folder.path(QStringLiteral("data"))));
+    qputenv("XDG_CONFIG_HOME", QFile::encodeName(folder.path(QStringLiteral("config"))));
+    application().settings().clear();
 }

@@ -1,11 +1,8 @@
 #include "imaging/AngleImage.h"
 #include "model/Body.h"
-#include "model/DataModelWriter.h"
 #include "model/Project.h"
 #include "model/PropertyAngleImage.h"
 #include "model/RecoveryStore.h"
-#include "model/properties/PropertyT.h"
-#include "support/DialogScript.h"
 #include "support/Documents.h"
 #include "support/EditorUser.h"
 #include "support/Snapshots.h"
@@ -16,8 +13,6 @@
 #include "ui/ProjectRecovery.h"
 
 #include <QAbstractButton>
-#include <QDir>
-#include <QListWidget>
 #include <QMessageBox>
 #include <QProcess>
 #include <QRandomGenerator>
@@ -27,11 +22,6 @@
 #include <cstdio>
 
 namespace {
-QDateTime now()
-{
-    return QDateTime::currentDateTimeUtc();
-}
-
 int countFrom(const char *variable, int usual)
 {
     return qEnvironmentVariableIsSet(variable) ? qEnvironmentVariableIntValue(variable) : usual;
@@ -193,9 +183,7 @@ private Q_SLOTS:
     void init()
     {
         m_folder = Folder();
-        qputenv("XDG_DATA_HOME", QFile::encodeName(m_folder.path("data"_s)));
-        qputenv("XDG_CONFIG_HOME", QFile::encodeName(m_folder.path("config"_s)));
-        application().settings().clear();
+        makeHome(m_folder);
     }
 
     // Killed at any moment, the program leaves the last snapshot that was complete, or one that it
@@ -210,7 +198,8 @@ private Q_SLOTS:
         for (int kill = 0; kill < kills; ++kill) {
             arguments[1] = QString::number(kill);
             const Told told = killAtRandom(arguments, quint32(kill));
-            auto entries = RecoveryStore(ProjectRecovery::root()).takeLeftOvers(now());
+            auto entries = RecoveryStore(ProjectRecovery::root())
+                               .takeLeftOvers(QDateTime::currentDateTimeUtc());
             QVERIFY(entries.size() <= 1 && (!entries.empty() || !told.hasWritten));
             if (entries.empty())
                 continue;
@@ -231,8 +220,8 @@ private Q_SLOTS:
         int counts[4] = {};
         for (int round = 0; round < rounds; ++round) {
             const QString path = m_folder.path("p.vep"_s);
-            writeProject(path, 4, 640);
-            writeProject(m_folder.path("other.vep"_s), 1, 16);
+            writeProject(m_folder, path, 4, 640);
+            writeProject(m_folder, m_folder.path("other.vep"_s), 1, 16);
             auto window = std::make_unique<MainWindow>(application());
             window->show();
             QVERIFY(window->openPath(path));
@@ -256,191 +245,13 @@ private Q_SLOTS:
               counts[2]);
     }
 
-    void whatIsRecoveredIsModifiedAndStaysUntilSaved()
-    {
-        const QString path = m_folder.path("p.vep"_s);
-        writeProject(path, 2, 40);
-        const QByteArray saved = contentOf(path);
-        const QByteArray kept = leaveSnapshot(path);
-        QVERIFY(!kept.isEmpty() && kept != fingerprintOf(path));
-
-        // One that can't be read stays beside it; another is deleted; left for later, then
-        // recovered.
-        m_folder.write("data/Vesperine/Vesperine/recovery/broken/index"_s, "?");
-        m_folder.write("data/Vesperine/Vesperine/recovery/worse/index"_s, "?");
-        auto window = std::make_unique<MainWindow>(application());
-        showActive(*window);
-        DialogScript script;
-        script.then([](QWidget &dialog) {
-            dialog.findChild<QListWidget *>()->setCurrentRow(1);
-            QTimer::singleShot(
-                0, &dialog, [&dialog] { DialogScript::click("Delete..."_s)(dialog); });
-        });
-        script.then(DialogScript::click("Delete"_s)).then([](QWidget &dialog) {
-            QCOMPARE(dialog.findChild<QListWidget *>()->count(), 2);
-            QVERIFY(showsText(dialog, "The next start offers the others."_s));
-            DialogScript::click("Later"_s)(dialog);
-        });
-        window->recovery().offer();
-        script.then(DialogScript::click("Recover"_s));
-        window->recovery().offer();
-        QVERIFY(script.isDone());
-        QCOMPARE(fingerprintOf(window->project()), kept);
-        QVERIFY(window->isWindowModified());
-        QVERIFY(window->windowTitle().startsWith("p.vep"_s));
-        QCOMPARE(contentOf(path), saved);
-
-        // A second end of that kind loses nothing either.
-        window.reset();
-        window = std::make_unique<MainWindow>(application());
-        showActive(*window);
-        script.then([](QWidget &dialog) {
-            QVERIFY(showsText(dialog, "ended while recovering"_s));
-            DialogScript::click("Recover"_s)(dialog);
-        });
-        window->recovery().offer();
-        QCOMPARE(fingerprintOf(window->project()), kept);
-        QVERIFY(window->save());
-        QTRY_VERIFY(!window->recovery().writer().isBusy());
-        window.reset();
-        QCOMPARE(fingerprintOf(path), kept);
-        const auto rest = RecoveryStore(ProjectRecovery::root()).takeLeftOvers(now());
-        QVERIFY(rest.size() == 1 && !rest[0].index);
-        QVERIFY(script.isDone());
-    }
-
-    // By hand, and no crash: it is offered once more, then it is gone.
-    void whatIsGivenUpIsOfferedOnceMore()
-    {
-        const QString path = m_folder.path("p.vep"_s);
-        writeProject(path, 1, 40);
-        DialogScript script;
-        for (const bool isReplaced : {false, true}) {
-            const QByteArray kept = leaveSnapshot(path);
-            script.then(DialogScript::click("Recover"_s));
-            auto window = start({path});
-            QCOMPARE(fingerprintOf(window->project()), kept);
-            script.then(DialogScript::click("Discard"_s));
-            if (isReplaced)
-                window->newDocument();
-            else
-                window->close();
-            QVERIFY(script.seen().last().endsWith("offers it for the last time."_s));
-
-            // A crash meanwhile makes it what it was.
-            script.then(DialogScript::click("Recover"_s));
-            window.reset();
-            window = start({});
-            QCOMPARE(fingerprintOf(window->project()), kept);
-            script.then([](QWidget &dialog) {
-                QVERIFY(showsText(dialog, "The program ended unexpectedly."_s));
-                QTimer::singleShot(
-                    0, &dialog, [&dialog] { DialogScript::click("Delete..."_s)(dialog); });
-            });
-            script.then(DialogScript::click("Delete"_s));
-            window.reset();
-            window = start({path});
-            QVERIFY(!window->isWindowModified());
-            script.then([](QWidget &dialog) {
-                QVERIFY(showsText(dialog, "You gave up this unsaved work."_s));
-                DialogScript::click("Don't recover"_s)(dialog);
-            });
-            window.reset();
-            window = start({path});
-            QVERIFY(script.isDone());
-            QVERIFY(RecoveryStore(ProjectRecovery::root()).takeLeftOvers(now()).empty());
-        }
-    }
-
-    // The user wanted it back: it is not the last offer, and the days begin anew.
-    void whatFailsToBeRecoveredIsKept()
-    {
-        const QString path = m_folder.path("p.vep"_s);
-        writeProject(path, 1, 40);
-        leaveSnapshot(path);
-        leaveSnapshot(path);
-        for (const auto &entry : RecoveryStore(ProjectRecovery::root()).takeLeftOvers(now()))
-            entry.folder->setMark(RecoveryFolder::Mark::GivenUp);
-        auto entries = RecoveryStore(ProjectRecovery::root()).takeLeftOvers(now());
-        QCOMPARE(entries.size(), std::size_t(2));
-        RecoveryIndex broken = *entries[0].index;
-        broken.xml = "<other/>";
-        broken.time = now().addDays(-30);
-        m_folder.write(QDir(m_folder.path({})).relativeFilePath(entries[0].folder->indexPath()),
-                       broken.toBytes());
-        QVERIFY(entries[0].folder->setMark(RecoveryFolder::Mark::Shown));
-        QFile shown(entries[0].folder->filePath("shown"_s));
-        QVERIFY(shown.open(QIODevice::ReadWrite));
-        QVERIFY(shown.setFileTime(broken.time, QFileDevice::FileModificationTime));
-        entries.clear();
-
-        DialogScript script;
-        script.then([](QWidget &dialog) {
-            QVERIFY(showsText(dialog, "You gave up this unsaved work:"_s));
-            QVERIFY(showsText(dialog, "If you recover one, the next start offers the others."_s));
-            QVERIFY(showsText(dialog, "Don't recover removes all of it."_s));
-            dialog.findChild<QListWidget *>()->setCurrentRow(1);
-            DialogScript::click("Recover"_s)(dialog);
-        });
-        script.then(DialogScript::click("OK"_s)).then([](QWidget &dialog) {
-            QVERIFY(showsText(dialog, "The program ended unexpectedly."_s));
-            QVERIFY(showsText(dialog, "Later removes what you gave up."_s));
-            DialogScript::click("Later"_s)(dialog);
-        });
-        auto window = start({});
-        QVERIFY(script.isDone());
-        window.reset();
-        const auto kept = RecoveryStore(ProjectRecovery::root()).takeLeftOvers(now().addDays(6));
-        QCOMPARE(kept.size(), std::size_t(1));
-        QCOMPARE(kept[0].index->xml, broken.xml);
-        QVERIFY(!kept[0].folder->hasMark(RecoveryFolder::Mark::GivenUp));
-    }
-
 private:
-    // As the program does, with the files that it was given.
-    static std::unique_ptr<MainWindow> start(const QStringList &paths)
-    {
-        auto window = std::make_unique<MainWindow>(application());
-        showActive(*window);
-        window->recovery().offer();
-        window->openNamed(paths);
-        return window;
-    }
-    void writeProject(const QString &path, int bodies, int side) const;
-    QByteArray leaveSnapshot(const QString &path) const;
     static Told killAtRandom(const QStringList &arguments, quint32 seed);
     static int
     outcomeOf(std::unique_ptr<MainWindow> &window, const Interference &others, const QString &path);
 
     Folder m_folder;
 };
-
-// Of noise, which takes long to pack.
-void TestProjectRecovery::writeProject(const QString &path, int bodies, int side) const
-{
-    Project project;
-    for (int i = 0; i < bodies; ++i) {
-        const QString name = QString::number(side) + QLatin1Char('-') + QString::number(i);
-        Body &body = addBody(project, name, m_folder.writeSprite(name + ".png"_s, {side, side}));
-        body.paintedNormalMap().setValue(encode(noise(side, quint32(i))));
-    }
-    project.filename().setValue(GFileName(path));
-    DataModelWriter(project).write();
-}
-
-// What a program that works on the project of @p path leaves when it ends without being closed.
-QByteArray TestProjectRecovery::leaveSnapshot(const QString &path) const
-{
-    MainWindow window(application());
-    if (!window.openPath(path))
-        return {};
-    Body &body = *window.project().bodies().all().first();
-    body.paintedNormalMap().setAngleImage(noise(40, 77), "paint"_s);
-    const QByteArray kept = fingerprintOf(window.project());
-    window.recovery().takeSnapshot();
-    const auto &writer = window.recovery().writer();
-    return QTest::qWaitFor([&writer] { return !writer.isBusy(); }) ? kept : QByteArray();
-}
 
 Told TestProjectRecovery::killAtRandom(const QStringList &arguments, quint32 seed)
 {
@@ -478,7 +289,8 @@ int TestProjectRecovery::outcomeOf(std::unique_ptr<MainWindow> &window,
     if (isModified && !QTest::qWaitFor(rests))
         return -1;
     window.reset();
-    const auto entries = RecoveryStore(ProjectRecovery::root()).takeLeftOvers(now());
+    const auto entries =
+        RecoveryStore(ProjectRecovery::root()).takeLeftOvers(QDateTime::currentDateTimeUtc());
     const bool isKept = entries.size() == 1 && fingerprintOf(entries[0]) == last;
     if (!entries.empty())
         RecoveryFolder::clear(entries[0].folder->path());
