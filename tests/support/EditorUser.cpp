@@ -10,10 +10,15 @@
 #include "ui/NormalMapEditor.h"
 
 #include <QAbstractButton>
+#include <QAction>
 #include <QCoreApplication>
-#include <QEvent>
+#include <QDropEvent>
+#include <QMimeData>
 #include <QTest>
 #include <QToolButton>
+#include <QUrl>
+
+#include <algorithm>
 
 namespace {
 template <class Widget, class Condition>
@@ -107,4 +112,32 @@ void EditorUser::command(const char *name) const
     });
     QTest::mouseClick(&button, Qt::LeftButton);
     view().setFocus();
+}
+
+QAction &EditorUser::action(const QString &text) const
+{
+    const auto actions = m_window.findChildren<QAction *>();
+    const auto found = std::find_if(actions.begin(), actions.end(), [&text](const auto *each) {
+        return each->text().remove(QLatin1Char('&')) == text;
+    });
+    if (found == actions.end())
+        qFatal("There is no action '%s'", qUtf8Printable(text));
+    return **found;
+}
+
+void EditorUser::drop(const QStringList &paths) const
+{
+    QMimeData data;
+    QList<QUrl> urls;
+    for (const QString &path : paths)
+        urls.append(QUrl::fromLocalFile(path));
+    data.setUrls(urls);
+    auto *editor = m_window.findChild<NormalMapEditor *>();
+    QDragEnterEvent enter({50, 50}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(editor, &enter);
+    QVERIFY(enter.isAccepted());
+    const Qt::DropActions offered = Qt::CopyAction | Qt::MoveAction;
+    QDropEvent event({50, 50}, offered, &data, Qt::LeftButton, Qt::ShiftModifier);
+    QCoreApplication::sendEvent(editor, &event);
+    QCOMPARE(event.dropAction(), Qt::CopyAction); // else the sprites' files would go
 }

@@ -9,6 +9,9 @@
 class EditorGraphicsViewVesperine;
 class MainWindow;
 class NormalMapEditorScene;
+QT_BEGIN_NAMESPACE
+class QAction;
+QT_END_NAMESPACE
 
 /// Does in the editor's window what a user does there, by mouse and keys. Places are pixels of the
 /// sprite that is selected, or of the first one. The window outlives it.
@@ -33,6 +36,11 @@ public:
     void chooseTool(const char *label) const;
     /// Clicks a button of the active tool's panel; named by its object's name.
     void command(const char *name) const;
+
+    /// Named by its text without mnemonics; ends the test when the window has none.
+    QAction &action(const QString &text) const;
+    /// Drops files on the view, as from a file manager that would rather move them.
+    void drop(const QStringList &paths) const;
 
 private:
     MainWindow &m_window;

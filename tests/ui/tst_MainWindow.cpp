@@ -15,24 +15,16 @@
 #include "support/Widgets.h"
 #include "support/WindowTest.h"
 #include "ui/MainWindow.h"
-#include "ui/NormalMapEditor.h"
 #include "ui/RecoveryDialog.h"
 #include "ui/ShapeTreeView.h"
 #include "ui/SpritesSidebar.h"
 #include "ui/ToolsSidebar.h"
 
 #include <QAction>
-#include <QDialogButtonBox>
-#include <QDropEvent>
-#include <QFileDialog>
 #include <QLabel>
-#include <QLineEdit>
 #include <QListWidget>
-#include <QMimeData>
-#include <QPushButton>
 #include <QSlider>
 #include <QTextDocument>
-#include <QUrl>
 
 namespace {
 // Of labels and tool tips that have a name in them as markup, or with what is no character of a
@@ -305,95 +297,6 @@ private Q_SLOTS:
         QCOMPARE(markedUpNames(), QStringList());
     }
 
-    void publishDialogAsksUntilTheSpritesAreSafe()
-    {
-        addSprites({"a.png"_s});
-        const auto clear = [](QWidget &dialog) {
-            for (auto *edit : dialog.findChildren<QLineEdit *>())
-                edit->clear();
-            click("OK"_s)(dialog);
-        };
-        trigger("Export normals"_s, {clear, click("Back"_s), click("Cancel"_s)});
-        QCOMPARE(QDir(m_folder.path(QString())).entryList(QDir::Files), QStringList{"a.png"_s});
-
-        trigger("Export normals"_s, {click("OK"_s), click("OK"_s)});
-        QCOMPARE(m_script->seen().last(), "|Exported 1 normal maps|to sprite directory"_s);
-        QCOMPARE(QImage(m_folder.path("a_n.png"_s)).pixel(0, 0), 0xFF7F7FFFU);
-
-        // The settings are known now: no dialog, but the report.
-        const QString deep = m_folder.path("maps/deep"_s);
-        project().publishDirectory().setValue(GFileName(deep));
-        trigger("Export normals"_s, {click("OK"_s)});
-        QVERIFY(m_script->seen().last().endsWith("|to "_s + deep));
-        QVERIFY(QFile::exists(deep + "/a_n.png"_s));
-
-        // Somebody's own work is replaced only when the user says so.
-        const QString foreign = m_folder.write("maps/deep/a_n.png"_s, "foreign");
-        trigger("Export normals"_s, {click("Keep the files"_s)});
-        QCOMPARE(contentOf(foreign), QByteArray("foreign"));
-        trigger("Export normals"_s, {click("Replace"_s), click("OK"_s)});
-        QCOMPARE(QImage(foreign).size(), QSize(16, 16));
-    }
-
-    void publishDialogTakesWhatCanBeWritten()
-    {
-        addSprites({"a.png"_s});
-        const auto type = [](const QString &directory, const QString &suffix, const QString &told) {
-            return [=](QWidget &dialog) {
-                shownChild<QLineEdit>(dialog, "Output directory:"_s).setText(directory);
-                shownChild<QLineEdit>(dialog, "Normal map suffix:"_s).setText(suffix);
-                const auto *buttons = dialog.findChild<QDialogButtonBox *>();
-                const bool isTaken = buttons->button(QDialogButtonBox::Ok)->isEnabled();
-                const bool isTold = told.isEmpty() || showsText(dialog, told);
-                click(isTaken ? "OK"_s : "Cancel"_s)(dialog);
-                QCOMPARE(isTaken, told.isEmpty());
-                QVERIFY(isTold);
-            };
-        };
-        const auto as = "Export normals as..."_s;
-        trigger(as, {type({}, "_n/"_s, "'_n/' can't be a part of a file's name"_s)});
-        trigger(as, {type({}, R"(\n)"_s, R"('\n' can't be a part of a file's name)"_s)});
-        trigger(as,
-                {type("maps"_s,
-                      "_n"_s,
-                      "'maps' counts from the folder of the project, which is not saved yet. Save "
-                      "the project first, or give the whole path."_s)});
-        QVERIFY(project().publishDirectory().value().isEmpty());
-
-        // From the project's folder, whatever the program's is.
-        project().filename().setValue(GFileName(m_folder.path("p.vep"_s)));
-        trigger(as,
-                {type("../%1/maps"_s.arg(QDir(m_folder.path({})).dirName()), "_n"_s, {}),
-                 click("OK"_s)});
-        QCOMPARE(project().publishDirectory().value().path(), m_folder.path("maps"_s));
-        QVERIFY(QFile::exists(m_folder.path("maps/a_n.png"_s)));
-    }
-
-    void exportsALitSpriteBesideTheSprite()
-    {
-        addSprites({"hero.png"_s});
-        const auto accept = [](QWidget &dialog) { QMetaObject::invokeMethod(&dialog, "accept"); };
-        trigger("Export lit sprite"_s, {accept});
-        QCOMPARE(QImage(m_folder.path("hero_lit.png"_s)).size(), QSize(16, 16));
-
-        trigger("Export lit sprite"_s, {choose(m_folder.path("named"_s))});
-        QVERIFY(QFile::exists(m_folder.path("named.png"_s)));
-
-        const QString unknown = m_folder.path("lit.unknown"_s);
-        trigger("Export lit sprite"_s, {choose(unknown), click("Close"_s)});
-        QCOMPARE(m_script->seen().last(), "Error|Export to '%1' failed!|"_s.arg(unknown));
-
-        const QString sprite = m_folder.path("hero.png"_s);
-        const QByteArray content = contentOf(sprite);
-        const auto replace = [&sprite](QWidget &dialog) {
-            dynamic_cast<QFileDialog &>(dialog).setOption(QFileDialog::DontConfirmOverwrite);
-            choose(sprite)(dialog);
-        };
-        trigger("Export lit sprite"_s, {replace, click("OK"_s)});
-        QVERIFY(m_script->seen().last().contains("stays as it is"_s));
-        QCOMPARE(contentOf(sprite), content);
-    }
-
 private:
     static constexpr auto click = &DialogScript::click;
     static constexpr auto choose = &DialogScript::chooseFile;
@@ -410,16 +313,7 @@ private:
         return result;
     }
 
-    QAction &action(const QString &text) const
-    {
-        const auto actions = m_window->findChildren<QAction *>();
-        const auto found = std::find_if(actions.begin(), actions.end(), [&text](const auto *each) {
-            return each->text().remove(QLatin1Char('&')) == text;
-        });
-        if (found == actions.end())
-            qFatal("There is no action '%s'", qUtf8Printable(text));
-        return **found;
-    }
+    QAction &action(const QString &text) const { return EditorUser(*m_window).action(text); }
 
     void trigger(const QString &text, const std::vector<DialogScript::Answer> &answers = {}) const
     {
@@ -428,22 +322,7 @@ private:
         action(text).trigger();
     }
 
-    void drop(const QStringList &paths) const
-    {
-        QMimeData data;
-        QList<QUrl> urls;
-        for (const QString &path : paths)
-            urls.append(QUrl::fromLocalFile(path));
-        data.setUrls(urls);
-        auto *editor = m_window->findChild<NormalMapEditor *>();
-        QDragEnterEvent enter({50, 50}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(editor, &enter);
-        QVERIFY(enter.isAccepted());
-        const Qt::DropActions offered = Qt::CopyAction | Qt::MoveAction;
-        QDropEvent event({50, 50}, offered, &data, Qt::LeftButton, Qt::ShiftModifier);
-        QCoreApplication::sendEvent(editor, &event);
-        QCOMPARE(event.dropAction(), Qt::CopyAction); // else the sprites' files would go
-    }
+    void drop(const QStringList &paths) const { EditorUser(*m_window).drop(paths); }
 
     void addSprites(const QStringList &fileNames) const
     {
