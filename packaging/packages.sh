@@ -7,7 +7,7 @@ vesperine_test_packages=("${vesperine_build_packages[@]}" python3 git clang-form
     librapidcheck-dev xvfb xauth xdotool openssl dpkg-dev man-db desktop-file-utils appstream
     shared-mime-info)
 vesperine_qt6_packages=("${vesperine_test_packages[@]}" qt6-base-dev qt6-base-private-dev
-    qt6-svg-dev qt6-tools-dev qt6-l10n-tools)
+    libqt6opengl6-dev qt6-svg-dev qt6-tools-dev qt6-l10n-tools)
 vesperine_bench_packages=("${vesperine_build_packages[@]}" libbenchmark-dev xvfb xauth)
 
 # ensure_packages PACKAGE...: asks only the local package list, so that a second call is at once.
