@@ -83,13 +83,15 @@ void writeMessage(QtMsgType type, const QMessageLogContext & /*context*/, const 
 
 QLoggingCategory::CategoryFilter formerFilter = nullptr;
 
-// What a user mutes by rules, as in QT_LOGGING_RULES, is not said to anybody who listens either;
-// the decoders warn in the category that has no name of its own.
+// What a user mutes by rules, as in QT_LOGGING_RULES, is not said to anybody who listens either.
+// The decoders of Qt 5 warn in the default category, the one of Qt 6 for JPEGs in its own.
 void keepWarnings(QLoggingCategory *category)
 {
     formerFilter(category);
-    if (qstrcmp(category->categoryName(), "default") == 0)
-        category->setEnabled(QtWarningMsg, true);
+    for (const char *name : {"default", "qt.gui.imageio.jpeg"}) {
+        if (qstrcmp(category->categoryName(), name) == 0)
+            category->setEnabled(QtWarningMsg, true);
+    }
 }
 } // namespace
 

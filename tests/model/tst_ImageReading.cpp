@@ -218,7 +218,7 @@ private Q_SLOTS:
         QTest::newRow("stray bytes") << withStrayBytes(jpeg) << QString();
         for (const QByteArray &whole :
              {withStrayBytes(jpeg), ofVersion(jpeg, 2), withStrayBytes(fine)})
-            QTest::addRow("a lost end after a warning, %d bytes", whole.size())
+            QTest::addRow("a lost end after a warning, %d bytes", int(whole.size()))
                 << whole.left(whole.size() - 12) + end << "the file ends early";
         QTest::newRow("one large scan")
             << claiming(jpeg.chopped(2), 50000) + QByteArray(90'000'000, '\0') + end << "too large";
