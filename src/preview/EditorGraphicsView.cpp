@@ -31,7 +31,7 @@ QPointF exactPlace(const QMouseEvent &event)
 #if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
     return event.pos() + (event.windowPos() - event.windowPos().toPoint());
 #else
-    return event.position();
+    return event.position().toPoint() + (event.scenePosition() - event.scenePosition().toPoint());
 #endif
 }
 
